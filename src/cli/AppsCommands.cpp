@@ -1,0 +1,65 @@
+#include "cli/AppsCommands.h"
+
+#include "settings/ApplicationList.h"
+#include "settings/Preferences.h"
+
+#include <CLI/CLI.hpp>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+int listApplications()
+{
+    Preferences& preferences = Preferences::sharedInstance();
+    for (const QString& name : ApplicationList::allNames())
+        printLine(u"%1 %2"_s.arg(name, -17).arg(preferences.browserIsEnabled(name) ? u"enabled"_s : u"disabled"_s));
+    return 0;
+}
+
+int setApplicationEnabled(const QString& requested, bool enable)
+{
+    const QString name = ApplicationList::canonicalName(requested);
+    if (name.isNull()) {
+        return refuse(u"unknown application \"%1\" (one of: %2)"_s.arg(requested,
+                                                                         ApplicationList::allNames().join(u", "_s)));
+    }
+    Preferences& preferences = Preferences::sharedInstance();
+    if (preferences.browserIsEnabled(name) == enable)
+        return 0;
+
+    const QStringList before = preferences.enabledBrowsers();
+    preferences.enableChanged(name);
+    const QStringList after = preferences.enabledBrowsers();
+
+    QStringList changed;
+    for (const QString& application : ApplicationList::allNames()) {
+        if (before.contains(application) != after.contains(application))
+            changed.append(application);
+    }
+    printLine((enable ? u"Enabled: "_s : u"Disabled: "_s) + changed.join(u", "_s));
+    return 0;
+}
+
+} // namespace
+
+void addAppsCommands(CLI::App& app, CommandAction& action)
+{
+    CLI::App* apps = app.add_subcommand("apps", "Show or change which applications are erased and watched");
+    apps->require_subcommand(1);
+
+    apps->add_subcommand("list", "The applications, enabled or not")->callback([&action] {
+        action = listApplications;
+    });
+
+    auto name = std::make_shared<std::string>();
+    CLI::App* enable = apps->add_subcommand("enable", "Enable an application (and its coupled one)");
+    enable->add_option("NAME", *name, "Application name, as 'apps list' shows it")->required();
+    enable->callback(
+        [&action, name] { action = [name] { return setApplicationEnabled(QString::fromStdString(*name), true); }; });
+
+    CLI::App* disable = apps->add_subcommand("disable", "Disable an application (and its coupled one)");
+    disable->add_option("NAME", *name, "Application name, as 'apps list' shows it")->required();
+    disable->callback(
+        [&action, name] { action = [name] { return setApplicationEnabled(QString::fromStdString(*name), false); }; });
+}

@@ -1,0 +1,49 @@
+#include "core/Bundle.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+TEST(Bundle, MainBundleFindsTheBuiltResourcesAndVersion)
+{
+    const Bundle& bundle = Bundle::mainBundle();
+    EXPECT_EQ(bundle.resourcePath(), QDir::cleanPath(QCoreApplication::applicationDirPath() + u"/../share/vantle"_s));
+    EXPECT_FALSE(bundle.pathForResource(u"Info"_s, u"plist"_s).isEmpty());
+
+    // Filled in from the project version at configure time.
+    EXPECT_EQ(bundle.infoString(u"CFBundleShortVersionString"_s), QStringLiteral(VANTLE_TEST_VERSION));
+    EXPECT_FALSE(bundle.infoString(u"CFBundleVersion"_s).isEmpty());
+    EXPECT_EQ(bundle.infoString(u"LSUIElement"_s), u"0"_s);
+}
+
+TEST(Bundle, ResourceLookupAndInstalledAndMacLayouts)
+{
+    QTemporaryDir root;
+    ASSERT_TRUE(QDir(root.path()).mkpath(u"bin"_s));
+    ASSERT_TRUE(QDir(root.path()).mkpath(u"share/vantle"_s));
+    QFile templ(root.filePath(u"share/vantle/placesvacuumed.sqlite"_s));
+    ASSERT_TRUE(templ.open(QIODevice::WriteOnly));
+    templ.close();
+    QFile tool(root.filePath(u"share/vantle/sqlite3"_s));
+    ASSERT_TRUE(tool.open(QIODevice::WriteOnly));
+    tool.close();
+
+    const QString bin = root.filePath(u"bin"_s);
+    const Bundle installed(Bundle::bundlePathForExecutableDir(bin), Bundle::resourcePathForExecutableDir(bin));
+    EXPECT_EQ(installed.pathForResource(u"placesvacuumed"_s, u"sqlite"_s),
+              root.filePath(u"share/vantle/placesvacuumed.sqlite"_s));
+    EXPECT_EQ(installed.pathForResource(u"sqlite3"_s, {}), root.filePath(u"share/vantle/sqlite3"_s));
+    EXPECT_TRUE(installed.pathForResource(u"missing"_s, u"sqlite"_s).isEmpty());
+    EXPECT_TRUE(installed.infoDictionary().isEmpty());  // no Info.plist here: empty, no crash
+
+    ASSERT_TRUE(QDir(root.path()).mkpath(u"Vantle X.app/Contents/MacOS"_s));
+    ASSERT_TRUE(QDir(root.path()).mkpath(u"Vantle X.app/Contents/Resources"_s));
+    const QString macOS = root.filePath(u"Vantle X.app/Contents/MacOS"_s);
+    EXPECT_EQ(Bundle::bundlePathForExecutableDir(macOS), root.filePath(u"Vantle X.app"_s));
+    EXPECT_EQ(Bundle::resourcePathForExecutableDir(macOS), root.filePath(u"Vantle X.app/Contents/Resources"_s));
+}

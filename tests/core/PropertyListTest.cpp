@@ -1,0 +1,41 @@
+#include "core/PropertyList.h"
+
+#include <QDateTime>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+TEST(PropertyList, EveryValueTypeSurvivesTheXmlRoundTrip)
+{
+    const QVariantMap original{
+        {u"yes"_s, true},
+        {u"no"_s, false},
+        {u"count"_s, qint64(42)},
+        {u"negative"_s, qint64(-7)},
+        {u"big"_s, qint64(1) << 40},
+        {u"ratio"_s, 0.25},
+        {u"text"_s, u"Caf\u00e9 <&> \"quoted\""_s},
+        {u"empty text"_s, QString()},
+        {u"bytes"_s, QByteArray("\x00\x01\xff binary", 10)},
+        {u"when"_s, QDateTime(QDate(2010, 5, 4), QTime(3, 2, 1), Qt::UTC)},
+        {u"list"_s, QVariantList{u"a"_s, qint64(1), QVariantList{}}},
+        {u"dict"_s, QVariantMap{{u"inner"_s, QVariantMap{{u"deep"_s, true}}}, {u"none"_s, QVariantMap{}}}},
+    };
+
+    const auto parsed = PropertyList::parse(PropertyList::toXml(original));
+    ASSERT_TRUE(parsed.has_value());
+    const QVariantMap back = parsed->toMap();
+    ASSERT_EQ(back.keys(), original.keys());
+    for (auto it = original.cbegin(); it != original.cend(); ++it)
+        EXPECT_EQ(back.value(it.key()), it.value()) << qPrintable(it.key());
+}
+
+TEST(PropertyList, GarbageAndDamagedInputGiveNothing)
+{
+    const QByteArray xml = PropertyList::toXml(QVariantMap{{u"k"_s, u"value"_s}});
+    EXPECT_FALSE(PropertyList::parse({}).has_value());
+    EXPECT_FALSE(PropertyList::parse("not a property list").has_value());
+    EXPECT_FALSE(PropertyList::parse(xml.left(xml.size() / 2)).has_value());
+    EXPECT_FALSE(PropertyList::parse("bplist00\x01\x02").has_value());
+}

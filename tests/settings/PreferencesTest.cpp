@@ -1,0 +1,261 @@
+#include "settings/Preferences.h"
+
+#include "core/PropertyList.h"
+#include "settings/ApplicationList.h"
+#include "settings/PreferenceKeys.h"
+#include "settings/UserDefaults.h"
+#include "support/FakeLoginItem.h"
+#include "support/TempHome.h"
+
+#include <QFile>
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class PreferencesTest : public ::testing::Test {
+protected:
+    // Keys stored in the settings file, as another process would read them.
+    QStringList storedKeys() const
+    {
+        QFile file(UserDefaults::defaultFilePath());
+        if (!file.open(QIODevice::ReadOnly))
+            return {};
+        return PropertyList::parse(file.readAll()).value_or(QVariant()).toMap().keys();
+    }
+
+    std::unique_ptr<Preferences> open()
+    {
+        defaults = std::make_unique<UserDefaults>(UserDefaults::defaultFilePath());
+        return std::make_unique<Preferences>(*defaults, loginItem);
+    }
+
+    void writeSettingsFile(const QVariantMap& values)
+    {
+        home.write(u".config/com.orvick.vantle.plist"_s, PropertyList::toXml(values));
+    }
+
+    TempHome home;
+    FakeLoginItem loginItem;
+    std::unique_ptr<UserDefaults> defaults;
+};
+
+} // namespace
+
+TEST_F(PreferencesTest, AFreshUserGetsTheFactoryTableAndSavingWritesNoKey)
+{
+    loginItem.current = loginItem.running;
+    auto preferences = open();
+
+    const QVariantMap values = preferences->preferences();
+    ASSERT_EQ(values.size(), 19);
+    for (const PreferenceDefinition& definition : kPreferenceTable)
+        EXPECT_EQ(values.value(definition.key), factoryValue(definition)) << qPrintable(QString(definition.key));
+    EXPECT_EQ(values.value(u"ShredCache"_s), true);
+    EXPECT_EQ(values.value(u"ShredMailTrash"_s), true);
+    EXPECT_EQ(values.value(u"Tarnhold"_s), true);
+    EXPECT_EQ(values.value(u"ConfirmShredding"_s), true);
+    EXPECT_EQ(values.value(u"ShredHistory"_s), false);
+    EXPECT_EQ(values.value(u"NumberOfWrites"_s), qint64(0));
+
+    preferences->commitDisplayedValues();
+    EXPECT_TRUE(storedKeys().isEmpty());
+    EXPECT_TRUE(preferences->prefsConfirmShredding());
+    EXPECT_FALSE(preferences->prefsDoDSanitize());
+    EXPECT_FALSE(preferences->prefsNSA());
+}
+
+TEST_F(PreferencesTest, OnlyDifferencesFromTheFactoryValuesAreStored)
+{
+    auto preferences = open();
+    QVariantMap values = preferences->displayedValues();
+    values.insert(u"ShredHistory"_s, true);
+    values.insert(u"Tarnhold"_s, false);
+    values.insert(u"NumberOfWrites"_s, qint64(12));
+    preferences->miscChanged(panelStateFromValues(values));
+    EXPECT_EQ(storedKeys(), (QStringList{u"NumberOfWrites"_s, u"ShredHistory"_s, u"Tarnhold"_s}));
+
+    values.insert(u"ShredHistory"_s, false);
+    preferences->miscChanged(panelStateFromValues(values));
+    EXPECT_EQ(storedKeys(), (QStringList{u"NumberOfWrites"_s, u"Tarnhold"_s}));
+
+    // A new process reads the same values back.
+    preferences.reset();
+    auto reopened = open();
+    EXPECT_EQ(reopened->valueForKey(u"NumberOfWrites"_s), qint64(12));
+    EXPECT_EQ(reopened->valueForKey(u"Tarnhold"_s), false);
+    EXPECT_EQ(reopened->valueForKey(u"ShredHistory"_s), false);
+}
+
+TEST_F(PreferencesTest, RevertToDefaultShowsFactoryValuesAndStoresThemWithTheNextCommit)
+{
+    writeSettingsFile({{u"ShredCookies"_s, true}, {u"OverwritePattern"_s, qint64(4)}});
+    auto preferences = open();
+    QSignalSpy shown(preferences.get(), &Preferences::displayedValuesChanged);
+
+    preferences->revertToDefault();
+    EXPECT_EQ(preferences->preferences(), Preferences::factoryValues());
+    EXPECT_EQ(preferences->displayedValues(), Preferences::factoryValues());
+    EXPECT_EQ(shown.count(), 1);
+    EXPECT_EQ(storedKeys().size(), 2);  // nothing written yet
+
+    preferences->commitDisplayedValues();
+    EXPECT_TRUE(storedKeys().isEmpty());
+}
+
+TEST_F(PreferencesTest, DiscardPutsTheCommittedValuesBackOnThePanel)
+{
+    auto preferences = open();
+    QVariantMap values = preferences->displayedValues();
+    values.insert(u"ShredCookies"_s, true);
+    preferences->miscChanged(panelStateFromValues(values));
+    preferences->revertToDefault();
+    preferences->discardDisplayedValues();
+    EXPECT_EQ(preferences->displayedValues(), Preferences::factoryValues());
+}
+
+TEST_F(PreferencesTest, WrongTypesConvertAndMissingKeysFallBack)
+{
+    writeSettingsFile({
+        {u"ShredCache"_s, u"NO"_s},
+        {u"ShredHistory"_s, u"yes please"_s},
+        {u"ShredCookies"_s, qint64(2)},
+        {u"ConfirmShredding"_s, QVariantMap{{u"x"_s, true}}},
+        {u"NumberOfWrites"_s, u"12 passes"_s},
+        {u"OverwritePattern"_s, true},
+        {u"DoDSanitize"_s, QByteArray("YES")},
+    });
+    auto preferences = open();
+    const QVariantMap values = preferences->preferences();
+    EXPECT_EQ(values.value(u"ShredCache"_s), false);
+    EXPECT_EQ(values.value(u"ShredHistory"_s), true);
+    EXPECT_EQ(values.value(u"ShredCookies"_s), true);
+    EXPECT_EQ(values.value(u"ConfirmShredding"_s), false);
+    EXPECT_EQ(values.value(u"NumberOfWrites"_s), qint64(12));
+    EXPECT_EQ(values.value(u"OverwritePattern"_s), qint64(1));
+    EXPECT_EQ(values.value(u"DoDSanitize"_s), false);
+    EXPECT_EQ(values.value(u"ShredMailTrash"_s), true);  // absent: factory value
+    EXPECT_EQ(values.value(u"ShredCache"_s).typeId(), QMetaType::Bool);
+    EXPECT_EQ(values.value(u"NumberOfWrites"_s).typeId(), QMetaType::LongLong);
+}
+
+TEST_F(PreferencesTest, TheTopSitesBoxIsShownInverted)
+{
+    auto preferences = open();
+    EXPECT_TRUE(preferences->panelState().checkBoxes.value(u"KeepSafariTopSites"_s));
+
+    SettingsPanelState panel = preferences->panelState();
+    panel.checkBoxes.insert(u"KeepSafariTopSites"_s, false);
+    preferences->miscChanged(panel);
+    EXPECT_EQ(preferences->valueForKey(u"KeepSafariTopSites"_s), true);
+    EXPECT_FALSE(preferences->panelState().checkBoxes.value(u"KeepSafariTopSites"_s));
+
+    // The other boxes show their value as it is.
+    EXPECT_TRUE(preferences->panelState().checkBoxes.value(u"ShredCache"_s));
+    EXPECT_EQ(panelStateFromValues(valuesFromPanelState(panel)), panel);
+}
+
+TEST_F(PreferencesTest, StartUpPutsALoginItemForAnotherCopyBackInStep)
+{
+    writeSettingsFile({{u"HideAfterShredding"_s, true}});
+    loginItem.current = u"/Volumes/Old/Vantle X.app"_s;
+    open();
+    EXPECT_EQ(loginItem.calls, (QStringList{u"remove"_s, u"create /Applications/Vantle X.app hidden"_s}));
+
+    loginItem.calls.clear();
+    open();  // now pointing at this copy: nothing to do
+    EXPECT_TRUE(loginItem.calls.isEmpty());
+
+    loginItem.current.clear();
+    writeSettingsFile({{u"Tarnhold"_s, false}});
+    open();  // the watch is off: the login item is left alone at start-up
+    EXPECT_TRUE(loginItem.calls.isEmpty());
+}
+
+TEST_F(PreferencesTest, ThePanelKeepsTheLoginItemInStepWithTheWatch)
+{
+    loginItem.current = loginItem.running;
+    auto preferences = open();
+    auto change = [&](QLatin1StringView key, bool value) {
+        QVariantMap values = preferences->displayedValues();
+        values.insert(key, value);
+        loginItem.calls.clear();
+        preferences->miscChanged(panelStateFromValues(values));
+        return loginItem.calls;
+    };
+
+    EXPECT_EQ(change(PreferenceKey::Tarnhold, false), QStringList{u"remove"_s});
+    EXPECT_TRUE(loginItem.current.isEmpty());
+    EXPECT_EQ(change(PreferenceKey::Tarnhold, false), QStringList());
+
+    EXPECT_EQ(change(PreferenceKey::HideAfterShredding, true), QStringList{u"setHidden true"_s});
+    EXPECT_EQ(change(PreferenceKey::Tarnhold, true), QStringList{u"create /Applications/Vantle X.app hidden"_s});
+    EXPECT_EQ(change(PreferenceKey::HideAfterShredding, false), QStringList{u"setHidden false"_s});
+    EXPECT_FALSE(loginItem.hidden);
+    EXPECT_EQ(change(PreferenceKey::ShredCookies, true), QStringList());
+}
+
+TEST_F(PreferencesTest, EveryApplicationIsEnabledUntilTheUserChangesTheList)
+{
+    auto preferences = open();
+    for (const QString& name : ApplicationList::allNames())
+        EXPECT_TRUE(preferences->browserIsEnabled(name)) << qPrintable(name);
+    EXPECT_FALSE(preferences->browserIsEnabled(u"safari"_s));  // exact names only
+    EXPECT_FALSE(storedKeys().contains(u"EnabledBrowsers"_s));
+}
+
+TEST_F(PreferencesTest, EnableChangedAppliesTheCouplingsAndStoresTheList)
+{
+    auto preferences = open();
+    QSignalSpy changed(preferences.get(), &Preferences::enabledBrowsersChanged);
+
+    preferences->enableChanged(u"Safari"_s);
+    EXPECT_FALSE(preferences->browserIsEnabled(u"Safari"_s));
+    EXPECT_FALSE(preferences->browserIsEnabled(u"Shiira"_s));
+    preferences->enableChanged(u"Mozilla"_s);
+    preferences->enableChanged(u"Netscape"_s);
+    EXPECT_TRUE(preferences->browserIsEnabled(u"Mozilla"_s));
+    EXPECT_TRUE(preferences->browserIsEnabled(u"Netscape"_s));
+    EXPECT_EQ(changed.count(), 3);
+
+    preferences.reset();
+    auto reopened = open();
+    const QStringList expected = [] {
+        QStringList list = ApplicationList::allNames();
+        list.removeAll(u"Safari"_s);
+        list.removeAll(u"Shiira"_s);
+        list.removeAll(u"Mozilla"_s);
+        list.removeAll(u"Netscape"_s);
+        return list + QStringList{u"Netscape"_s, u"Mozilla"_s};
+    }();
+    EXPECT_EQ(reopened->enabledBrowsers(), expected);
+}
+
+TEST_F(PreferencesTest, AHandEditedApplicationListKeepsItsNamesAndDuplicates)
+{
+    writeSettingsFile({{u"EnabledBrowsers"_s, QVariantList{u"Mozilla"_s, qint64(3), u"Chrome"_s}}});
+    auto preferences = open();
+    EXPECT_EQ(preferences->enabledBrowsers(), (QStringList{u"Mozilla"_s, u"Chrome"_s}));
+
+    // Netscape absent but Mozilla present: ticking Netscape adds a second Mozilla.
+    preferences->enableChanged(u"Netscape"_s);
+    EXPECT_EQ(preferences->enabledBrowsers(), (QStringList{u"Mozilla"_s, u"Chrome"_s, u"Netscape"_s, u"Mozilla"_s}));
+    preferences->enableChanged(u"Mozilla"_s);
+    EXPECT_EQ(preferences->enabledBrowsers(), QStringList{u"Chrome"_s});
+
+    writeSettingsFile({{u"EnabledBrowsers"_s, u"Safari"_s}});
+    EXPECT_EQ(open()->enabledBrowsers(), ApplicationList::allNames());
+}
+
+TEST_F(PreferencesTest, TheSharedInstanceServesObjectForKey)
+{
+    writeSettingsFile({{u"ShredHistory"_s, true}});
+    EXPECT_EQ(Preferences::objectForKey(u"ShredHistory"_s), true);
+    EXPECT_EQ(Preferences::objectForKey(u"NumberOfWrites"_s), qint64(0));
+    EXPECT_FALSE(Preferences::objectForKey(u"NoSuchKey"_s).isValid());
+}
