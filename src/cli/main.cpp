@@ -1,6 +1,8 @@
 #include "cli/AppsCommands.h"
 #include "cli/CliOutput.h"
+#include "cli/EraseCommand.h"
 #include "cli/PrefsCommands.h"
+#include "core/ProcessRandom.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -36,6 +38,7 @@ int main(int argc, char* argv[])
     CommandAction action;
     addPrefsCommands(app, action);
     addAppsCommands(app, action);
+    addEraseCommand(app, action);
 
     try {
         app.parse(argc, argv);
@@ -47,6 +50,7 @@ int main(int argc, char* argv[])
     if (!home.empty() && !useHomeFolder(home))
         return refuse(u"--home: no such folder \"%1\""_s.arg(QString::fromStdString(home)));
 
+    ProcessRandom::seedFromEntropy();
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(u"vantle-cli"_s);
     QCoreApplication::setApplicationVersion(QStringLiteral(VANTLE_VERSION));

@@ -1,10 +1,7 @@
-#include "core/ChildProcess.h"
-#include "core/PropertyList.h"
-#include "support/TempHome.h"
+#include "cli/CliFixture.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QProcess>
 
 #include <gtest/gtest.h>
 
@@ -15,26 +12,8 @@ namespace {
 const QString kSettings = u".config/com.orvick.vantle.plist"_s;
 const QString kAutostart = u".config/autostart/com.orvick.vantle.desktop"_s;
 
-struct CliRun {
-    int exitCode;
-    QString out;
-    QString err;
-};
-
-// Runs the built vantle-cli on the test's home folder, given with --home.
-class CliTest : public ::testing::Test {
+class CliTest : public CliFixture {
 protected:
-    CliRun cli(QStringList arguments) const
-    {
-        arguments.prepend(home.path());
-        arguments.prepend(u"--home"_s);
-        const ProcessResult result = ChildProcess::run(QStringLiteral(VANTLE_CLI_PATH), arguments);
-        EXPECT_TRUE(result.started);
-        return {result.exitCode, QString::fromUtf8(result.standardOutput), QString::fromUtf8(result.standardError)};
-    }
-
-    QVariantMap stored() const { return PropertyList::parse(home.read(kSettings)).value_or(QVariant()).toMap(); }
-
     void expectRefused(const QStringList& arguments) const
     {
         const QByteArray before = home.read(kSettings);
@@ -44,8 +23,6 @@ protected:
         EXPECT_TRUE(run.out.isEmpty());
         EXPECT_EQ(home.read(kSettings), before);
     }
-
-    TempHome home;
 };
 
 } // namespace
@@ -110,9 +87,7 @@ TEST_F(CliTest, BadKeysValuesAndNamesAreRefusedAndChangeNothing)
     EXPECT_EQ(cli({u"frobnicate"_s}).exitCode, 2);
     EXPECT_EQ(cli({u"prefs"_s}).exitCode, 2);
 
-    const ProcessResult missingHome =
-        ChildProcess::run(QStringLiteral(VANTLE_CLI_PATH), {u"--home"_s, home.file(u"absent"_s), u"prefs"_s, u"list"_s});
-    EXPECT_EQ(missingHome.exitCode, 2);
+    EXPECT_EQ(run({u"--home"_s, home.file(u"absent"_s), u"prefs"_s, u"list"_s}).exitCode, 2);
     EXPECT_FALSE(QFileInfo::exists(home.file(u"absent"_s)));
 }
 

@@ -1,0 +1,103 @@
+#include "cli/EraseCommand.h"
+
+#include "cli/TerminalProgress.h"
+#include "erase/FileAccess.h"
+#include "erase/FileTree.h"
+#include "settings/Preferences.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <CLI/CLI.hpp>
+
+#include <unistd.h>
+
+#include <climits>
+#include <cstdlib>
+#include <memory>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct EraseOptions {
+    std::vector<std::string> paths;
+    bool quiet = false;
+};
+
+QByteArray absolutePath(const std::string& argument)
+{
+    const QByteArray path = QByteArray::fromStdString(argument);
+    if (path.startsWith('/'))
+        return FileTree::standardized(path);
+    char cwd[PATH_MAX];
+    if (::getcwd(cwd, sizeof cwd) == nullptr)
+        return FileTree::standardized(path);
+    return FileTree::standardized(FileTree::join(cwd, path));
+}
+
+std::optional<QByteArray> canonicalPath(const QByteArray& path)
+{
+    char resolved[PATH_MAX];
+    if (::realpath(path.constData(), resolved) == nullptr)
+        return std::nullopt;
+    return QByteArray(resolved);
+}
+
+// "/", the home folder and every folder that holds it: erasing one would take the home with it.
+bool holdsTheHome(const QByteArray& path, const QList<QByteArray>& homes)
+{
+    for (const QByteArray& home : homes) {
+        if (path == "/" || path == home || home.startsWith(path + '/'))
+            return true;
+    }
+    return false;
+}
+
+int erase(const EraseOptions& options)
+{
+    const QByteArray home = FileTree::standardized(QFile::encodeName(QDir::homePath()));
+    QList<QByteArray> homes{home};
+    if (const auto canonicalHome = canonicalPath(home))
+        homes.append(*canonicalHome);
+
+    QList<QByteArray> paths;
+    for (const std::string& argument : options.paths) {
+        const QByteArray path = absolutePath(argument);
+        const auto resolved = canonicalPath(path);
+        if (holdsTheHome(path, homes) || (resolved && holdsTheHome(*resolved, homes)))
+            return refuse(u"refusing to erase \"%1\": it is or holds the home folder"_s.arg(QFile::decodeName(path)));
+        paths.append(path);
+    }
+
+    int status = 0;
+    QList<QByteArray> existing;
+    for (const QByteArray& path : paths) {
+        if (FileTree::exists(path)) {
+            existing.append(path);
+        } else {
+            std::fputs(("vantle-cli: no such file or folder, skipped: " + path + '\n').constData(), stderr);
+            status = 1;
+        }
+    }
+
+    std::unique_ptr<TerminalProgress> progress;
+    if (!options.quiet && ::isatty(STDERR_FILENO))
+        progress = std::make_unique<TerminalProgress>(stderr);
+    FileAccess engine(Preferences::sharedInstance(), progress.get());
+    engine.shredNativePaths(existing);
+    return status;
+}
+
+} // namespace
+
+void addEraseCommand(CLI::App& app, CommandAction& action)
+{
+    auto options = std::make_shared<EraseOptions>();
+    CLI::App* command = app.add_subcommand(
+        "erase", "Overwrite, rename and remove files and folders with the current settings");
+    command->add_option("PATH", options->paths, "Files or folders to erase")->required();
+    command->add_flag("-q,--quiet", options->quiet, "Show no progress");
+    command->callback([&action, options] { action = [options] { return erase(*options); }; });
+}

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "cli/CliOutput.h"
+
+namespace CLI {
+class App;
+}
+
+// erase [--quiet] PATH...
+void addEraseCommand(CLI::App& app, CommandAction& action);

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+// Where the erase engine shows its progress. The engine calls it on the main
+// thread and waits, so the display is never behind the file being written.
+class EraseDisplay {
+public:
+    virtual ~EraseDisplay() = default;
+    virtual void showProgress(double percent) = 0;
+    virtual void showFileName(const QString& name) = 0;
+};

@@ -1,0 +1,283 @@
+#include "erase/FileAccess.h"
+
+#include "core/MainThread.h"
+#include "core/ProcessRandom.h"
+#include "erase/EraseDisplay.h"
+#include "erase/OverwriteSchedule.h"
+#include "log/ActivityLog.h"
+#include "settings/PreferenceKeys.h"
+#include "settings/Preferences.h"
+
+#include <QFile>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstring>
+#include <ctime>
+#include <memory>
+
+using namespace OverwriteSchedule;
+
+namespace {
+
+constexpr char kNameAlphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789AB";
+static_assert(sizeof kNameAlphabet == 65);
+
+struct StreamCloser {
+    void operator()(FILE* stream) const { std::fclose(stream); }
+};
+
+QByteArray holdingFolderName()
+{
+    return "Vantle X Items (" + QByteArray::number(qint64(std::time(nullptr))) + ')';
+}
+
+} // namespace
+
+FileAccess::FileAccess(Preferences& preferences, EraseDisplay* display)
+    : preferencesInstance(preferences)
+    , mDisplay(display)
+{
+}
+
+FileAccess::Settings FileAccess::readSettings() const
+{
+    return {quint32(preferencesInstance.valueForKey(PreferenceKey::OverwritePattern).toLongLong()),
+            preferencesInstance.valueForKey(PreferenceKey::NumberOfWrites).toLongLong(),
+            preferencesInstance.prefsDoDSanitize(), preferencesInstance.prefsNSA()};
+}
+
+quint16 FileAccess::passCount(const Settings& settings) const
+{
+    return OverwriteSchedule::passCount(settings.numberOfWrites, settings.dod, settings.nsa, ProcessRandom::next);
+}
+
+void FileAccess::randomize()
+{
+    constexpr std::size_t filledBytes = kChunkSize;
+    switch (mOverwritePattern) {
+    case RandomPattern:
+    case RandomPatternToo:
+        ProcessRandom::fillLow16(mBuffer.data(), filledBytes / 2);
+        break;
+    case Zeros:
+        std::memset(mBuffer.data(), 0x00, filledBytes);
+        break;
+    case Ones:
+        std::memset(mBuffer.data(), 0xFF, filledBytes);
+        break;
+    case Fives:
+        std::memset(mBuffer.data(), 0x55, filledBytes);
+        break;
+    case Tens:
+        std::memset(mBuffer.data(), 0xAA, filledBytes);
+        break;
+    default:
+        break;
+    }
+}
+
+void FileAccess::randomizeName()
+{
+    const int length = (ProcessRandom::next() & 0xFFFF) % 24 + 9;
+    mName[std::size_t(length)] = '\0';
+    for (int i = length - 1; i >= 0; --i)
+        mName[std::size_t(i)] = kNameAlphabet[ProcessRandom::next() % 64];
+}
+
+void FileAccess::applyMethods(const Settings& settings, quint16 k)
+{
+    if (settings.dod) {
+        mOverwritePattern = dodPattern(k, settings.pattern);
+        randomize();
+        mOverwritePattern = settings.pattern;
+    }
+    // With both methods on, the NSA pattern is the one left in the buffer.
+    if (settings.nsa) {
+        mOverwritePattern = nsaPattern(k, settings.pattern);
+        randomize();
+        mOverwritePattern = settings.pattern;
+    }
+}
+
+void FileAccess::writePass(FILE* stream, const QByteArray& path, std::size_t length, quint16 k)
+{
+    const qint64 offset = mPassObserver ? qint64(::ftello(stream)) : 0;
+    // A short or failed write does not stop the passes: there is nothing better to do with this file.
+    std::fwrite(mBuffer.data(), 1, length, stream);
+    std::fflush(stream);
+    if (mPassObserver)
+        mPassObserver(path, offset, length, k);
+}
+
+void FileAccess::showRunProgress()
+{
+    const quint64 percent = mDeepPathSize != 0 ? (100 * mDeepShreddedSize) / mDeepPathSize : 0;
+    showProgressOnMainThread(double(percent));
+}
+
+void FileAccess::shredOneFile(const QByteArray& path)
+{
+    const Settings settings = readSettings();
+
+    struct stat info {};
+    if (::stat(path.constData(), &info) != 0)
+        return;
+    const QByteArray name = FileTree::lastComponent(path);
+    const std::unique_ptr<FILE, StreamCloser> stream(std::fopen(path.constData(), "r+"));
+    if (!stream)
+        return;
+
+    quint64 remaining = quint64(info.st_size);
+    showFileNameOnMainThread(QFile::decodeName(name));
+    ActivityLog::writeLogLine(name);
+
+    mOverwritePattern = settings.pattern;
+    randomize();
+
+    std::size_t chunk = 0;
+    do {
+        randomizeName();
+        chunk = remaining >= kChunkSize ? kChunkSize : std::size_t(remaining);
+        mDeepShreddedSize += chunk;
+        remaining -= chunk;
+
+        fpos_t chunkStart;
+        std::fgetpos(stream.get(), &chunkStart);
+        showRunProgress();
+
+        quint16 k = passCount(settings);
+        for (;;) {
+            applyMethods(settings, k);
+            writePass(stream.get(), path, chunk, k);
+            --k;
+            if (isRandomPattern(settings.pattern)) {
+                mOverwritePattern = settings.pattern;
+                randomize();
+            }
+            if (k == 0)
+                break;
+            std::fsetpos(stream.get(), &chunkStart);
+        }
+    } while (remaining > 0);
+
+    // Past the old end: the file grows by its last chunk, and that too is overwritten.
+    fpos_t end;
+    std::fgetpos(stream.get(), &end);
+    quint16 k = passCount(settings);
+    do {
+        mOverwritePattern = settings.pattern;
+        randomize();
+        applyMethods(settings, k);
+        writePass(stream.get(), path, chunk, k);
+        --k;
+        std::fsetpos(stream.get(), &end);
+    } while (k != 0);
+}
+
+quint64 FileAccess::sizeInBytes(const QByteArray& path) const
+{
+    auto sizeOf = [](const QByteArray& item) -> quint64 {
+        struct stat info {};
+        if (::stat(item.constData(), &info) != 0 || S_ISDIR(info.st_mode))
+            return 0;
+        return quint64(info.st_size);
+    };
+    quint64 total = sizeOf(path);
+    for (const QByteArray& relative : FileTree::subpaths(path))
+        total += sizeOf(FileTree::join(path, relative));
+    return total;
+}
+
+QByteArray FileAccess::moveAndRename(const QByteArray& path)
+{
+    const QByteArray source = FileTree::standardized(path);
+    const QByteArray holding = FileTree::join(FileTree::parentOf(source), holdingFolderName());
+    ::mkdir(holding.constData(), 0777);
+
+    const QByteArray moved = FileTree::join(holding, FileTree::lastComponent(source));
+    if (::rename(source.constData(), moved.constData()) != 0) {
+        // Moving a folder to another parent rewrites its "..": it must be writable.
+        const bool retried = FileTree::isDirectory(source) && ::chmod(source.constData(), 0777) == 0 &&
+                             ::rename(source.constData(), moved.constData()) == 0;
+        if (!retried) {
+            ::rmdir(holding.constData());
+            return {};
+        }
+    }
+
+    for (const QByteArray& relative : FileTree::subpaths(holding)) {
+        randomizeName();
+        const QByteArray item = FileTree::join(holding, relative);
+        if (!FileTree::isDirectory(item))
+            ::rename(item.constData(), FileTree::join(FileTree::parentOf(item), mName.data()).constData());
+    }
+    const QList<QByteArray> folders = FileTree::subpaths(holding);
+    for (auto it = folders.crbegin(); it != folders.crend(); ++it) {
+        randomizeName();
+        const QByteArray item = FileTree::join(holding, *it);
+        if (FileTree::isDirectory(item))
+            ::rename(item.constData(), FileTree::join(FileTree::parentOf(item), mName.data()).constData());
+    }
+    return holding;
+}
+
+void FileAccess::fileManagerWillProcessPath(const QByteArray& path)
+{
+    const bool isDirectory = FileTree::isDirectory(path);
+    ::chmod(path.constData(), 0777);
+    if (!isDirectory)
+        shredOneFile(path);
+}
+
+bool FileAccess::fileManagerShouldProceedAfterError(const QByteArray& path)
+{
+    ::chmod(path.constData(), 0777);
+    ::rmdir(path.constData());
+    ::unlink(path.constData());
+    return true;
+}
+
+void FileAccess::shredNativePaths(const QList<QByteArray>& paths)
+{
+    showProgressOnMainThread(0);
+    mDeepPathSize = 0;
+    mDeepShreddedSize = 0;
+    for (const QByteArray& path : paths) {
+        if (FileTree::exists(path))
+            mDeepPathSize += sizeInBytes(path);
+    }
+    for (const QByteArray& path : paths) {
+        if (!FileTree::exists(path))
+            continue;
+        // An item that cannot be moved aside (its folder is read-only) is still
+        // overwritten, and removed where possible, where it stands.
+        const QByteArray holding = moveAndRename(path);
+        FileTree::removeFileAtPath(holding.isEmpty() ? path : holding, *this);
+    }
+    showProgressOnMainThread(0);
+    showFileNameOnMainThread(QString());
+}
+
+void FileAccess::shredDroppedFile(QStringList& paths)
+{
+    QList<QByteArray> native;
+    native.reserve(paths.size());
+    for (const QString& path : paths)
+        native.append(QFile::encodeName(path));
+    shredNativePaths(native);
+    paths.clear();
+}
+
+void FileAccess::showProgressOnMainThread(double percent)
+{
+    if (mDisplay)
+        runOnMainThread([this, percent] { mDisplay->showProgress(percent); }, true);
+}
+
+void FileAccess::showFileNameOnMainThread(const QString& name)
+{
+    if (mDisplay)
+        runOnMainThread([this, &name] { mDisplay->showFileName(name); }, true);
+}

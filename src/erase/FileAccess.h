@@ -1,0 +1,91 @@
+#pragma once
+
+#include "erase/FileTree.h"
+
+#include <QByteArray>
+#include <QStringList>
+
+#include <array>
+#include <cstdio>
+#include <functional>
+
+class EraseDisplay;
+class Preferences;
+
+// The erase engine. Overwrites each file in place with the chosen pattern and
+// number of passes, then removes it: every path is first moved into a holding
+// folder beside it ("Vantle X Items (<time>)"), every file and folder inside is
+// given a random name, and the holding folder is removed depth first, each file
+// being overwritten just before it is unlinked. Files thus lose their names
+// before their contents.
+//
+// Lives on the thread that shreds (one run at a time); shows progress through the
+// display on the main thread, waiting for it. Failures never stop a run: a file
+// that cannot be opened is removed without being overwritten, an item that cannot
+// be renamed keeps its name, an item that resists removal is made writable and
+// removed again.
+class FileAccess final : public FileTree::RemovalHandler {
+public:
+    static constexpr std::size_t kChunkSize = 131072;
+
+    explicit FileAccess(Preferences& preferences, EraseDisplay* display = nullptr);
+
+    // Erases every path of the list and empties it.
+    void shredDroppedFile(QStringList& paths);
+    // The same on native paths, whose names need not be valid UTF-8.
+    void shredNativePaths(const QList<QByteArray>& paths);
+
+    // Overwrites the file's contents in place; the file stays where it is.
+    void shredOneFile(const QByteArray& path);
+
+    // Bytes of every file at or below path, symbolic links followed.
+    quint64 sizeInBytes(const QByteArray& path) const;
+
+    // Moves path into the holding folder beside it, renames everything inside
+    // at random, and returns the holding folder; empty when path could not be moved.
+    QByteArray moveAndRename(const QByteArray& path);
+
+    // Fills the buffer according to mOverwritePattern.
+    void randomize();
+    // A new random name of 9 to 32 characters in mName.
+    void randomizeName();
+    const char* currentName() const { return mName.data(); }
+
+    void fileManagerWillProcessPath(const QByteArray& path) override;
+    bool fileManagerShouldProceedAfterError(const QByteArray& path) override;
+
+    void showProgressOnMainThread(double percent);
+    void showFileNameOnMainThread(const QString& name);
+
+    // Called after each pass is flushed: the file, where the pass began, how many
+    // bytes it wrote and the pass number k (counting down to 1).
+    using PassObserver = std::function<void(const QByteArray& path, qint64 start, std::size_t length, quint16 k)>;
+    void setPassObserverForTesting(PassObserver observer) { mPassObserver = std::move(observer); }
+
+private:
+    struct Settings {
+        quint32 pattern;
+        qint64 numberOfWrites;
+        bool dod;
+        bool nsa;
+    };
+
+    Settings readSettings() const;
+    quint16 passCount(const Settings& settings) const;
+    // Puts the DoD or NSA pattern of pass k in the buffer, as the methods ask.
+    void applyMethods(const Settings& settings, quint16 k);
+    void writePass(FILE* stream, const QByteArray& path, std::size_t length, quint16 k);
+    void showRunProgress();
+
+    Preferences& preferencesInstance;
+    EraseDisplay* mDisplay;
+
+    // Only the first 131,072 bytes (65,536 words) are ever filled and written.
+    alignas(64) std::array<quint16, 65537> mBuffer{};
+    std::array<char, 33> mName{};
+    quint64 mDeepPathSize = 0;
+    quint64 mDeepShreddedSize = 0;
+    quint32 mOverwritePattern = 0;
+
+    PassObserver mPassObserver;
+};

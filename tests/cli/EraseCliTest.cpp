@@ -1,0 +1,75 @@
+#include "cli/CliFixture.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class EraseCliTest : public CliFixture {
+protected:
+    QStringList homeListing() const
+    {
+        QStringList names = QDir(home.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
+        names.removeAll(u".config"_s);
+        return names;
+    }
+};
+
+} // namespace
+
+TEST_F(EraseCliTest, ErasesWhatItIsGivenAndWarnsAboutWhatIsMissing)
+{
+    home.write(u"Library/Caches/Browser/Cache.db"_s, QByteArray(50000, 'c'));
+    home.write(u"Library/Cookies/Cookies.plist"_s, "cookies");
+    home.write(u"Library/Bookmarks.plist"_s, "keep me");
+
+    const CliRun run = cli({u"erase"_s, home.file(u"Library/Caches/Browser"_s), home.file(u"Library/nothing"_s),
+                            u"Library/Cookies/Cookies.plist"_s});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_TRUE(run.out.isEmpty());
+    // The relative path is taken from the working folder, not the home: nothing there either.
+    EXPECT_EQ(run.err.count(u'\n'), 2);
+    EXPECT_TRUE(run.err.contains(home.file(u"Library/nothing"_s))) << qPrintable(run.err);
+    EXPECT_TRUE(QFileInfo::exists(home.file(u"Library/Cookies/Cookies.plist"_s)));
+    EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Browser"_s)));
+    EXPECT_TRUE(QDir(home.file(u"Library/Caches"_s)).isEmpty());
+    EXPECT_EQ(home.read(u"Library/Bookmarks.plist"_s), "keep me");
+
+    const CliRun second = cli({u"erase"_s, u"--quiet"_s, home.file(u"Library/Cookies/Cookies.plist"_s)});
+    EXPECT_EQ(second.exitCode, 0);
+    EXPECT_TRUE(second.err.isEmpty());
+    EXPECT_TRUE(QDir(home.file(u"Library/Cookies"_s)).isEmpty());
+}
+
+TEST_F(EraseCliTest, RefusesTheRootTheHomeAndWhatHoldsItWithoutTouchingAnything)
+{
+    home.write(u"Library/Caches/x"_s, "x");
+    ASSERT_TRUE(QFile::link(home.path(), home.file(u"Library/Caches/link to home"_s)));
+    const QStringList before = homeListing();
+
+    for (const QString& target : {u"/"_s, home.path(), home.path() + u"/"_s, home.file(u"Library/.."_s),
+                                  QFileInfo(home.path()).absolutePath(), home.file(u"Library/Caches/link to home"_s)}) {
+        const CliRun run = cli({u"erase"_s, home.file(u"Library/Caches/x"_s), target});
+        EXPECT_EQ(run.exitCode, 2) << qPrintable(target);
+        EXPECT_EQ(run.err.count(u'\n'), 1) << qPrintable(run.err);
+    }
+    EXPECT_EQ(homeListing(), before);
+    EXPECT_EQ(home.read(u"Library/Caches/x"_s), "x");
+}
+
+TEST_F(EraseCliTest, UsesTheStoredSettings)
+{
+    home.write(u"target"_s, "original");
+    ASSERT_TRUE(QFile::link(home.file(u"target"_s), home.file(u"link"_s)));
+    ASSERT_EQ(cli({u"prefs"_s, u"set"_s, u"OverwritePattern"_s, u"5"_s}).exitCode, 0);
+    ASSERT_EQ(cli({u"prefs"_s, u"set"_s, u"NumberOfWrites"_s, u"2"_s}).exitCode, 0);
+
+    // Erasing a link overwrites its target with the chosen pattern and removes only the link.
+    EXPECT_EQ(cli({u"erase"_s, home.file(u"link"_s)}).exitCode, 0);
+    EXPECT_FALSE(QFileInfo(home.file(u"link"_s)).isSymLink());
+    EXPECT_EQ(home.read(u"target"_s), QByteArray(16, 0x55));
+}

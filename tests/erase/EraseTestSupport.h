@@ -1,0 +1,63 @@
+#pragma once
+
+#include "erase/EraseDisplay.h"
+#include "erase/FileAccess.h"
+#include "settings/Preferences.h"
+#include "settings/SettingsPanelState.h"
+#include "settings/UserDefaults.h"
+#include "support/FakeLoginItem.h"
+#include "support/TempHome.h"
+
+#include <QFile>
+#include <QStringList>
+#include <QThread>
+
+#include <memory>
+
+// An engine over the settings of a temporary home.
+class EngineFixture {
+public:
+    EngineFixture()
+        : defaults(UserDefaults::defaultFilePath())
+        , preferences(defaults, loginItem)
+    {
+    }
+
+    // Changes settings as the panel would, then makes an engine.
+    FileAccess& engine(const QVariantMap& settings, EraseDisplay* display = nullptr)
+    {
+        QVariantMap values = preferences.displayedValues();
+        for (auto it = settings.cbegin(); it != settings.cend(); ++it)
+            values.insert(it.key(), it.value());
+        preferences.miscChanged(panelStateFromValues(values));
+        access = std::make_unique<FileAccess>(preferences, display);
+        return *access;
+    }
+
+    QByteArray path(const QString& relative) const { return QFile::encodeName(home.file(relative)); }
+
+    TempHome home;
+    FakeLoginItem loginItem;
+    UserDefaults defaults;
+    Preferences preferences;
+    std::unique_ptr<FileAccess> access;
+};
+
+class RecordingDisplay final : public EraseDisplay {
+public:
+    void showProgress(double percent) override
+    {
+        progress.append(percent);
+        onMainThread &= QThread::currentThread() == mainThread;
+    }
+    void showFileName(const QString& name) override
+    {
+        names.append(name);
+        onMainThread &= QThread::currentThread() == mainThread;
+    }
+
+    QThread* mainThread = QThread::currentThread();
+    QList<double> progress;
+    QStringList names;
+    bool onMainThread = true;
+};

@@ -1,0 +1,207 @@
+#include "erase/EraseTestSupport.h"
+
+#include "erase/FileTree.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+#include <atomic>
+#include <ctime>
+#include <thread>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QRegularExpression kRandomName(u"^[A-Za-z0-9]{9,32}$"_s);
+const QRegularExpression kHoldingFolder(uR"(^Vantle X Items \(\d+\)$)"_s);
+
+class RemovalTest : public ::testing::Test, protected EngineFixture {
+protected:
+    // Everything left in the home besides the settings the fixture keeps there.
+    QStringList leftInHome() const
+    {
+        QStringList left;
+        for (const QByteArray& relative : FileTree::subpaths(QFile::encodeName(home.path()))) {
+            const QString name = QFile::decodeName(relative);
+            if (!name.startsWith(u".config"_s))
+                left << name;
+        }
+        return left;
+    }
+
+    static void setMode(const QString& path, mode_t mode) { ::chmod(QFile::encodeName(path).constData(), mode); }
+};
+
+} // namespace
+
+TEST_F(RemovalTest, AFolderTreeIsErasedWholeAndTheListEmptied)
+{
+    home.write(u"Caches/site/a.db"_s, QByteArray(200000, 'a'));
+    home.write(u"Caches/site/deeper/b.txt"_s, "bbb");
+    home.write(u"Caches/empty.txt"_s, {});
+    ASSERT_TRUE(QDir().mkpath(home.file(u"Caches/empty folder"_s)));
+    home.write(u"Cookies.plist"_s, "cookie");
+    home.write(u"Bookmarks.plist"_s, "kept");
+
+    RecordingDisplay display;
+    FileAccess& access = engine({{u"NumberOfWrites"_s, qint64(2)}}, &display);
+    QStringList paths{home.file(u"Caches"_s), home.file(u"Cookies.plist"_s)};
+    access.shredDroppedFile(paths);
+
+    EXPECT_TRUE(paths.isEmpty());
+    EXPECT_EQ(leftInHome(), QStringList{u"Bookmarks.plist"_s});
+    EXPECT_EQ(home.read(u"Bookmarks.plist"_s), "kept");
+
+    ASSERT_GE(display.progress.size(), 3);
+    EXPECT_EQ(display.progress.first(), 0.0);
+    EXPECT_EQ(display.progress.last(), 0.0);
+    EXPECT_EQ(display.progress[display.progress.size() - 2], 100.0);
+    for (qsizetype i = 1; i + 1 < display.progress.size(); ++i)
+        EXPECT_LE(display.progress[i - 1], display.progress[i]) << i;
+    EXPECT_EQ(display.names.last(), QString());
+    // Only random names are ever shown: the originals are gone before the contents.
+    for (qsizetype i = 0; i + 1 < display.names.size(); ++i)
+        EXPECT_TRUE(kRandomName.match(display.names[i]).hasMatch()) << qPrintable(display.names[i]);
+}
+
+TEST_F(RemovalTest, EverythingIsRenamedBeforeAnyContentIsOverwritten)
+{
+    home.write(u"Profile/Cache/one"_s, "1");
+    home.write(u"Profile/Cache/sub/two"_s, "22");
+    home.write(u"Profile/Cache/sub/subsub/three"_s, "333");
+    FileAccess& access = engine({{u"NumberOfWrites"_s, qint64(2)}});
+
+    QStringList treeAtFirstPass;
+    QByteArray firstFile;
+    access.setPassObserverForTesting([&](const QByteArray& file, qint64, std::size_t, quint16) {
+        if (!firstFile.isEmpty())
+            return;
+        firstFile = file;
+        for (const QByteArray& relative : FileTree::subpaths(QFile::encodeName(home.file(u"Profile"_s))))
+            treeAtFirstPass << QFile::decodeName(relative);
+    });
+    QStringList paths{home.file(u"Profile/Cache"_s)};
+    access.shredDroppedFile(paths);
+
+    // Holding folder, the moved folder, two subfolders and three files.
+    ASSERT_EQ(treeAtFirstPass.size(), 7) << qPrintable(treeAtFirstPass.join(u", "_s));
+    for (const QString& relative : treeAtFirstPass) {
+        const QStringList parts = relative.split(u'/');
+        EXPECT_TRUE(kHoldingFolder.match(parts.first()).hasMatch()) << qPrintable(relative);
+        for (const QString& part : parts.mid(1))
+            EXPECT_TRUE(kRandomName.match(part).hasMatch()) << qPrintable(relative);
+    }
+    EXPECT_TRUE(firstFile.contains("/Vantle X Items (")) << firstFile.constData();
+    EXPECT_TRUE(kRandomName.match(QFile::decodeName(FileTree::lastComponent(firstFile))).hasMatch());
+    EXPECT_TRUE(QDir(home.file(u"Profile"_s)).isEmpty());
+}
+
+TEST_F(RemovalTest, PathsWithTheSameParentWithinOneSecondShareAHoldingFolder)
+{
+    FileAccess& access = engine({{u"NumberOfWrites"_s, qint64(2)}});
+    for (int attempt = 0; attempt < 5; ++attempt) {
+        home.write(u"p/first"_s, "1");
+        home.write(u"p/second"_s, "2");
+        const std::time_t before = std::time(nullptr);
+        const QByteArray firstHolding = access.moveAndRename(path(u"p/first"_s));
+        const QByteArray secondHolding = access.moveAndRename(path(u"p/second"_s));
+        const bool sameSecond = std::time(nullptr) == before;
+        FileTree::removeFileAtPath(firstHolding, access);
+        if (!sameSecond)
+            continue;
+        EXPECT_EQ(firstHolding, secondHolding);
+        EXPECT_EQ(FileTree::parentOf(firstHolding), path(u"p"_s));
+        EXPECT_TRUE(QDir(home.file(u"p"_s)).isEmpty());
+        return;
+    }
+    FAIL() << "no two moves within one second";
+}
+
+TEST_F(RemovalTest, ReadOnlyItemsAreErasedAndLinksRemovedWithTheirTargetOverwritten)
+{
+    home.write(u"outside/target.txt"_s, "precious but linked");
+    home.write(u"Cache/readonly.txt"_s, "ro");
+    home.write(u"Cache/locked/inner.txt"_s, "inner");
+    ASSERT_TRUE(QFile::link(home.file(u"outside/target.txt"_s), home.file(u"Cache/link"_s)));
+    ASSERT_TRUE(QFile::link(home.file(u"outside"_s), home.file(u"Cache/folder link"_s)));
+    setMode(home.file(u"Cache/readonly.txt"_s), 0444);
+    setMode(home.file(u"Cache/locked/inner.txt"_s), 0444);
+    setMode(home.file(u"Cache/locked"_s), 0555);
+
+    RecordingDisplay display;
+    FileAccess& access = engine({{u"NumberOfWrites"_s, qint64(2)}, {u"OverwritePattern"_s, qint64(3)}}, &display);
+    EXPECT_EQ(access.sizeInBytes(path(u"Cache"_s)), quint64(2 + 5 + 19));  // the link counts as its target
+    QStringList paths{home.file(u"Cache"_s)};
+    access.shredDroppedFile(paths);
+
+    EXPECT_FALSE(QFileInfo::exists(home.file(u"Cache"_s)));
+    EXPECT_EQ(leftInHome(), (QStringList{u"outside"_s, u"outside/target.txt"_s}));
+    EXPECT_EQ(home.read(u"outside/target.txt"_s), QByteArray(38, '\0'));  // overwritten, grown by its chunk
+    EXPECT_EQ(display.progress[display.progress.size() - 2], 100.0);
+}
+
+TEST_F(RemovalTest, AnyNameSurvivesTheTrip)
+{
+    const QList<QByteArray> names{"with space", "double\"quote", "single'quote", "new\nline", "caf\xc3\xa9",
+                                  "bad\xff\xfe utf8", "-dash", "*star?"};
+    const QByteArray folder = path(u"names"_s);
+    ASSERT_EQ(::mkdir(folder.constData(), 0755), 0);
+    QList<QByteArray> paths;
+    for (const QByteArray& name : names) {
+        const QByteArray file = FileTree::join(folder, name);
+        FILE* out = std::fopen(file.constData(), "w");
+        ASSERT_NE(out, nullptr) << name.constData();
+        std::fputs("secret", out);
+        std::fclose(out);
+        paths.append(file);
+    }
+    // Half given one by one, the rest with their folder.
+    FileAccess& access = engine({{u"NumberOfWrites"_s, qint64(2)}});
+    access.shredNativePaths(paths.mid(0, 4));
+    EXPECT_EQ(FileTree::entries(folder).size(), 4);
+    access.shredNativePaths({folder});
+    EXPECT_FALSE(FileTree::exists(folder));
+}
+
+TEST_F(RemovalTest, MissingPathsAreSkippedAndAnEmptyListOnlyResetsTheDisplay)
+{
+    RecordingDisplay display;
+    FileAccess& access = engine({{u"NumberOfWrites"_s, qint64(2)}}, &display);
+    QStringList none;
+    access.shredDroppedFile(none);
+    EXPECT_EQ(display.progress, (QList<double>{0.0, 0.0}));
+    EXPECT_EQ(display.names, QStringList{QString()});
+
+    home.write(u"real"_s, QByteArray(1000, 'r'));
+    QStringList paths{home.file(u"gone"_s), home.file(u"real"_s), home.file(u"gone/too"_s)};
+    access.shredDroppedFile(paths);
+    EXPECT_TRUE(leftInHome().isEmpty());
+}
+
+TEST_F(RemovalTest, AWorkerThreadShowsProgressOnTheMainThreadAndWaits)
+{
+    home.write(u"big"_s, QByteArray(600000, 'b'));
+    RecordingDisplay display;
+    FileAccess& access = engine({{u"NumberOfWrites"_s, qint64(2)}}, &display);
+
+    std::atomic<bool> done{false};
+    std::thread worker([&] {
+        QStringList paths{home.file(u"big"_s)};
+        access.shredDroppedFile(paths);
+        done = true;
+    });
+    while (!done)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    worker.join();
+
+    EXPECT_TRUE(display.onMainThread);
+    // Five chunks of the 600,000 bytes: 21, 43, 65, 87, 100 percent.
+    EXPECT_EQ(display.progress, (QList<double>{0, 21, 43, 65, 87, 100, 0}));
+}
