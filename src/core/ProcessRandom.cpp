@@ -2,6 +2,7 @@
 
 #include <sys/random.h>
 
+#include <algorithm>
 #include <array>
 #include <ctime>
 #include <mutex>
@@ -37,6 +38,27 @@ public:
             next();
     }
 
+    // count values at once: the sequence is s[k] = s[k - 31] + s[k - 3], so laid out
+    // in order after the last 31 values it runs as a plain loop the compiler keeps tight.
+    void fillLow16(quint16* words, std::size_t count)
+    {
+        while (count > 0) {
+            const std::size_t block = std::min(count, kBlock);
+            for (int j = 0; j < kDegree; ++j)
+                m_sequence[std::size_t(j)] = uint32_t(m_state[std::size_t((m_front + j) % kDegree)]);
+            for (std::size_t i = kDegree; i < kDegree + block; ++i)
+                m_sequence[i] = m_sequence[i - kDegree] + m_sequence[i - kSeparation];
+            for (std::size_t i = 0; i < block; ++i)
+                words[i] = quint16(m_sequence[kDegree + i] >> 1);
+            m_front = int((std::size_t(m_front) + block) % kDegree);
+            m_rear = (m_front + kDegree - kSeparation) % kDegree;
+            for (int j = 0; j < kDegree; ++j)
+                m_state[std::size_t((m_front + j) % kDegree)] = int32_t(m_sequence[block + std::size_t(j)]);
+            words += block;
+            count -= block;
+        }
+    }
+
     int32_t next()
     {
         const uint32_t value = uint32_t(m_state[m_front]) + uint32_t(m_state[m_rear]);
@@ -49,7 +71,10 @@ public:
     }
 
 private:
+    static constexpr std::size_t kBlock = 65536;
+
     std::array<int32_t, kDegree> m_state{};
+    std::array<uint32_t, kDegree + kBlock> m_sequence{};
     int m_front = kSeparation;
     int m_rear = 0;
 };
@@ -84,8 +109,7 @@ int32_t next()
 void fillLow16(quint16* words, std::size_t count)
 {
     std::lock_guard lock(gMutex);
-    for (std::size_t i = 0; i < count; ++i)
-        words[i] = quint16(gGenerator.next());
+    gGenerator.fillLow16(words, count);
 }
 
 } // namespace ProcessRandom

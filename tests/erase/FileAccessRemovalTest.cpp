@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <atomic>
 #include <ctime>
@@ -204,4 +205,59 @@ TEST_F(RemovalTest, AWorkerThreadShowsProgressOnTheMainThreadAndWaits)
     EXPECT_TRUE(display.onMainThread);
     // Five chunks of the 600,000 bytes: 21, 43, 65, 87, 100 percent.
     EXPECT_EQ(display.progress, (QList<double>{0, 21, 43, 65, 87, 100, 0}));
+}
+
+namespace {
+
+// As another user (the tests usually run as root, to whom every file is writable),
+// erases a folder holding a file that user may not open, a read-only file and a
+// read-only folder it owns, and a file it may write but not remove. Exits 0.
+[[noreturn]] void eraseAsUser(FileAccess& access, uid_t uid, gid_t gid, const QList<QByteArray>& paths)
+{
+    if (::setgid(gid) != 0 || ::setuid(uid) != 0)
+        std::_Exit(3);
+    access.shredNativePaths(paths);
+    std::_Exit(0);
+}
+
+void chownTree(const QString& path, uid_t uid, gid_t gid)
+{
+    const QByteArray root = QFile::encodeName(path);
+    ::chown(root.constData(), uid, gid);
+    for (const QByteArray& relative : FileTree::subpaths(root))
+        ::lchown(FileTree::join(root, relative).constData(), uid, gid);
+}
+
+} // namespace
+
+TEST_F(RemovalTest, WithoutPermissionItemsAreOverwrittenOrRemovedWherePossibleAndTheRunGoesOn)
+{
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "needs root to act as another user";
+    const uid_t nobody = 65534;
+    const gid_t nogroup = 65534;
+    setMode(home.path(), 0755);
+
+    home.write(u"p/w/theirs.txt"_s, "owned by root");
+    home.write(u"p/w/readonly.txt"_s, "read only");
+    home.write(u"p/w/locked/inner.txt"_s, "inner");
+    home.write(u"r/writable.txt"_s, "writable, not removable");
+    chownTree(home.file(u"p"_s), nobody, nogroup);
+    chownTree(home.file(u"r/writable.txt"_s), nobody, nogroup);
+    ::chown(QFile::encodeName(home.file(u"p/w/theirs.txt"_s)).constData(), 0, 0);
+    setMode(home.file(u"p/w/readonly.txt"_s), 0444);
+    setMode(home.file(u"p/w/locked/inner.txt"_s), 0444);
+    setMode(home.file(u"p/w/locked"_s), 0555);
+    // Second names, to see what became of the contents once the originals are gone.
+    ASSERT_TRUE(::link(path(u"p/w/theirs.txt"_s).constData(), path(u"theirs witness"_s).constData()) == 0);
+    ASSERT_TRUE(::link(path(u"p/w/readonly.txt"_s).constData(), path(u"readonly witness"_s).constData()) == 0);
+
+    FileAccess& access = engine({{u"NumberOfWrites"_s, qint64(2)}, {u"OverwritePattern"_s, qint64(3)}});
+    EXPECT_EXIT(eraseAsUser(access, nobody, nogroup, {path(u"p/w"_s), path(u"r/writable.txt"_s)}),
+                ::testing::ExitedWithCode(0), "");
+
+    EXPECT_TRUE(QDir(home.file(u"p"_s)).isEmpty());
+    EXPECT_EQ(home.read(u"theirs witness"_s), "owned by root");          // could not be opened: removed as it was
+    EXPECT_EQ(home.read(u"readonly witness"_s), QByteArray(18, '\0'));  // made writable, overwritten, removed
+    EXPECT_EQ(home.read(u"r/writable.txt"_s), QByteArray(46, '\0'));    // overwritten where it stands
 }
