@@ -1,6 +1,7 @@
 #include "cli/AppsCommands.h"
 #include "cli/CliOutput.h"
 #include "cli/EraseCommand.h"
+#include "cli/PluginsCommands.h"
 #include "cli/PrefsCommands.h"
 #include "core/ProcessRandom.h"
 
@@ -39,6 +40,7 @@ int main(int argc, char* argv[])
     addPrefsCommands(app, action);
     addAppsCommands(app, action);
     addEraseCommand(app, action);
+    addPluginsCommands(app, action);
 
     try {
         app.parse(argc, argv);

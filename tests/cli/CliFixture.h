@@ -2,6 +2,7 @@
 
 #include "core/ChildProcess.h"
 #include "core/PropertyList.h"
+#include "support/QtPrinters.h"
 #include "support/TempHome.h"
 
 #include <QStringList>

@@ -1,0 +1,68 @@
+#include "cleaners/CleanerContext.h"
+
+#include "log/ActivityLog.h"
+#include "settings/Preferences.h"
+
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+
+CleanerContext::CleanerContext(QStringList& pathArray, QStringList& touchArray, const ApplicationFlags& isRunning,
+                               QVariantMap& customStatus, Preferences& preferences, bool dryRunOnly)
+    : mPathArray(pathArray)
+    , mTouchArray(touchArray)
+    , mIsRunning(isRunning)
+    , mCustomShredTHStatus(customStatus)
+    , preferencesInstance(preferences)
+    , dryRun(dryRunOnly)
+{
+}
+
+bool CleanerContext::setting(QLatin1StringView key) const
+{
+    return preferencesInstance.valueForKey(key).toBool();
+}
+
+bool CleanerContext::browserIsEnabled(const QString& name) const
+{
+    if (mIsEnabled)
+        return mIsEnabled(name);
+    return preferencesInstance.browserIsEnabled(name);
+}
+
+QString CleanerContext::expandTilde(const QString& path)
+{
+    if (path == u"~"_s)
+        return QDir::homePath();
+    if (path.startsWith(u"~/"_s))
+        return QDir::homePath() + path.mid(1);
+    return path;
+}
+
+void CleanerContext::log(const QString& line) const
+{
+    ActivityLog::writeLogLine(line);
+}
+
+bool CleanerContext::gate(const QString& applicationName) const
+{
+    if (browserIsEnabled(applicationName))
+        return true;
+    log(u"Not enabled - check preferences to enable."_s);
+    endCleaner();
+    return false;
+}
+
+void CleanerContext::shredOrSkip(bool on, const QString& tildePath)
+{
+    log((on ? u"Shred: "_s : u"Skip: "_s) + tildePath);
+    if (on)
+        queue(expandTilde(tildePath));
+}
+
+void CleanerContext::shredOrSkipFullPath(bool on, const QString& fullPath)
+{
+    log((on ? u"Shred: "_s : u"Skip: "_s) + fullPath);
+    if (on)
+        queue(fullPath);
+}

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "cleaners/CleanerContext.h"
+#include "core/ApplicationFlags.h"
+#include "log/ActivityLog.h"
+#include "settings/PreferenceKeys.h"
+#include "settings/Preferences.h"
+#include "settings/SettingsPanelState.h"
+#include "settings/UserDefaults.h"
+#include "support/FakeLoginItem.h"
+#include "support/QtPrinters.h"
+#include "support/TempHome.h"
+
+#include <QFile>
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+// A run's state over a temporary home: settings, path lists, flags and an
+// activity log whose lines (without their time stamps) each test can read back.
+class CleanerFixture : public ::testing::Test {
+protected:
+    CleanerFixture()
+        : defaults(UserDefaults::defaultFilePath())
+        , preferences(defaults, loginItem)
+        , context(paths, touches, isRunning, customStatus, preferences)
+    {
+    }
+
+    // Every boolean setting on or off (KeepSafariTopSites always off unless set after).
+    void setAllKeys(bool on)
+    {
+        QVariantMap values = preferences.displayedValues();
+        for (const PreferenceDefinition& definition : kPreferenceTable) {
+            if (definition.type == PreferenceType::Boolean)
+                values.insert(definition.key, on);
+        }
+        values.insert(PreferenceKey::KeepSafariTopSites, false);
+        preferences.miscChanged(panelStateFromValues(values));
+    }
+
+    void setKey(QLatin1StringView key, bool on)
+    {
+        QVariantMap values = preferences.displayedValues();
+        values.insert(key, on);
+        preferences.miscChanged(panelStateFromValues(values));
+    }
+
+    void disable(const QString& application)
+    {
+        if (preferences.browserIsEnabled(application))
+            preferences.enableChanged(application);
+    }
+
+    // Runs a cleaner and returns the log lines it wrote.
+    template<typename Cleaner>
+    QStringList run(Cleaner&& cleaner)
+    {
+        const QString logPath = home.file(QStringLiteral("run.log"));
+        ActivityLog::closeLog();
+        ActivityLog::openLog(logPath);
+        cleaner();
+        ActivityLog::closeLog();
+        QStringList lines;
+        QFile log(logPath);
+        if (log.open(QIODevice::ReadOnly)) {
+            for (const QByteArray& line : log.readAll().split('\n'))
+                lines.append(QString::fromUtf8(line.mid(25)));  // after "Sun Nov 22 14:15:17 2026 "
+        }
+        if (!lines.isEmpty() && lines.last().isEmpty())
+            lines.removeLast();  // the split's piece after the final newline
+        return lines;
+    }
+
+    QString expanded(const QString& tildePath) const { return home.path() + tildePath.mid(1); }
+    QStringList expanded(const QStringList& tildePaths) const
+    {
+        QStringList full;
+        for (const QString& path : tildePaths)
+            full.append(expanded(path));
+        return full;
+    }
+
+    TempHome home;
+    FakeLoginItem loginItem;
+    UserDefaults defaults;
+    Preferences preferences;
+    QStringList paths;
+    QStringList touches;
+    ApplicationFlags isRunning;
+    QVariantMap customStatus;
+    CleanerContext context;
+};

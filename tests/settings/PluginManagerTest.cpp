@@ -1,0 +1,138 @@
+#include "settings/PluginManager.h"
+
+#include "core/PropertyList.h"
+#include "settings/UserDefaults.h"
+#include "support/QtPrinters.h"
+#include "support/TempHome.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QVariantMap plugin(const QString& name, bool enabled, const QStringList& paths)
+{
+    return {{u"name"_s, name}, {u"enabled"_s, enabled}, {u"paths"_s, QVariantList(paths.cbegin(), paths.cend())}};
+}
+
+class PluginManagerTest : public ::testing::Test {
+protected:
+    std::unique_ptr<PluginManager> open()
+    {
+        defaults = std::make_unique<UserDefaults>(UserDefaults::defaultFilePath());
+        return std::make_unique<PluginManager>(*defaults, defaultList);
+    }
+
+    QVariantList stored() const
+    {
+        return PropertyList::parse(home.read(u".config/com.orvick.vantle.plist"_s))
+            .value_or(QVariant())
+            .toMap()
+            .value(u"mPluginArray"_s)
+            .toList();
+    }
+
+    TempHome home;
+    const QVariantList defaultList{plugin(u"Flash"_s, true, {u"~/Library/Flash/#SharedObjects"_s, u"/Library/Shared Flash"_s}),
+                                   plugin(u"Java"_s, false, {u"~/Library/Caches/Java"_s})};
+    std::unique_ptr<UserDefaults> defaults;
+};
+
+} // namespace
+
+TEST_F(PluginManagerTest, FirstStartStoresTheDefaultListAtOnce)
+{
+    auto manager = open();
+    EXPECT_EQ(stored(), defaultList);
+    EXPECT_EQ(manager->plugins(), defaultList);
+
+    // Enabled plug-ins only, "~" expanded, absolute paths as they are.
+    EXPECT_EQ(manager->enabledPluginPaths(),
+              (QStringList{home.file(u"Library/Flash/#SharedObjects"_s), u"/Library/Shared Flash"_s}));
+
+    // Without a default list nothing is stored until the user changes something.
+    TempHome other;
+    UserDefaults otherDefaults(UserDefaults::defaultFilePath());
+    PluginManager empty(otherDefaults, {});
+    EXPECT_TRUE(empty.plugins().isEmpty());
+    EXPECT_FALSE(otherDefaults.objectForKey(u"mPluginArray"_s).isValid());
+}
+
+TEST_F(PluginManagerTest, DefaultPluginsAreDisabledNotDeletedAndKeepTheirNames)
+{
+    auto manager = open();
+    manager->addPlugin();
+    ASSERT_EQ(manager->plugins().size(), 3);
+    EXPECT_EQ(manager->plugins().last().toMap().value(u"name"_s), u"New Plugin"_s);
+
+    EXPECT_TRUE(manager->deletePlugin(0));
+    EXPECT_EQ(manager->plugins().size(), 3);
+    EXPECT_EQ(manager->plugins().first().toMap().value(u"enabled"_s), false);
+    EXPECT_FALSE(manager->setName(0, u"Renamed"_s));
+
+    EXPECT_TRUE(manager->deletePlugin(2));
+    EXPECT_EQ(manager->plugins().size(), 2);
+    EXPECT_FALSE(manager->deletePlugin(5));
+    EXPECT_EQ(stored(), manager->plugins());
+}
+
+TEST_F(PluginManagerTest, PathsAddedTwiceAreStoredTwiceAndRestoreDropsAddedOnes)
+{
+    auto manager = open();
+    ASSERT_TRUE(manager->addPaths(0, {home.file(u"Library/Caches/Extra"_s), home.file(u"Library/Caches/Extra"_s)}));
+    QVariantList paths = manager->plugins().first().toMap().value(u"paths"_s).toList();
+    ASSERT_EQ(paths.size(), 4);
+    EXPECT_EQ(paths[2], u"~/Library/Caches/Extra"_s);
+    EXPECT_EQ(paths[3], u"~/Library/Caches/Extra"_s);
+
+    ASSERT_TRUE(manager->deletePath(0, 0));
+    EXPECT_EQ(manager->plugins().first().toMap().value(u"paths"_s).toList().size(), 3);
+    EXPECT_FALSE(manager->deletePath(0, 3));
+
+    ASSERT_TRUE(manager->setEnabled(0, false));
+    ASSERT_TRUE(manager->restoreDefault(0));
+    const QVariantMap restored = manager->plugins().first().toMap();
+    EXPECT_EQ(restored.value(u"paths"_s), defaultList.first().toMap().value(u"paths"_s));
+    EXPECT_EQ(restored.value(u"enabled"_s), false);  // restoring leaves the flag alone
+
+    manager->addPlugin();
+    EXPECT_FALSE(manager->restoreDefault(2));  // not a default plug-in
+
+    // Reopened: everything was written through.
+    manager.reset();
+    EXPECT_EQ(open()->plugins(), stored());
+}
+
+TEST_F(PluginManagerTest, ARenamedPluginWithADefaultNameCountsAsThatDefault)
+{
+    auto manager = open();
+    manager->addPlugin();
+    ASSERT_TRUE(manager->setName(2, u"Java"_s));
+    EXPECT_FALSE(manager->setName(2, u"Other"_s));
+    EXPECT_TRUE(manager->deletePlugin(2));
+    EXPECT_EQ(manager->plugins().size(), 3);  // disabled, not removed
+    EXPECT_TRUE(manager->restoreDefault(2));
+    EXPECT_EQ(manager->plugins()[2].toMap().value(u"paths"_s).toList(), QVariantList{u"~/Library/Caches/Java"_s});
+}
+
+TEST(PluginManagerResource, TheShippedDefaultListHasTheEraPlugins)
+{
+    const QVariantList list = PluginManager::loadDefaultList();
+    ASSERT_FALSE(list.isEmpty());
+    QStringList allPaths;
+    for (const QVariant& entry : list) {
+        const QVariantMap plugin = entry.toMap();
+        EXPECT_FALSE(plugin.value(u"name"_s).toString().isEmpty());
+        EXPECT_EQ(plugin.value(u"enabled"_s).typeId(), QMetaType::Bool);
+        for (const QVariant& path : plugin.value(u"paths"_s).toList()) {
+            EXPECT_TRUE(path.toString().startsWith(u"~/Library/"_s)) << qPrintable(path.toString());
+            allPaths << path.toString();
+        }
+    }
+    EXPECT_TRUE(allPaths.contains(u"~/Library/Preferences/Macromedia/Flash Player/#SharedObjects"_s));
+    EXPECT_TRUE(allPaths.contains(u"~/Library/Preferences/Macromedia/Flash Player/macromedia.com/support/flashplayer/sys"_s));
+    EXPECT_TRUE(allPaths.contains(u"~/Library/Caches/Java"_s));
+}
