@@ -1,33 +1,11 @@
 #include "platform/macos/AppleScriptLoginItem.h"
 
-#include "core/ChildProcess.h"
+#include "support/RecordingRunner.h"
 
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-class RecordingRunner final : public CommandRunner {
-public:
-    ProcessResult run(const QString& program, const QStringList& arguments) override
-    {
-        programs << program;
-        scripts << (arguments.size() == 2 && arguments[0] == u"-e"_s ? arguments[1] : arguments.join(u'|'));
-        ProcessResult result;
-        result.started = true;
-        result.exitCode = exitCode;
-        result.standardOutput = output;
-        return result;
-    }
-
-    QStringList programs;
-    QStringList scripts;
-    QByteArray output;
-    int exitCode = 0;
-};
-
-} // namespace
 
 TEST(AppleScriptLoginItem, RunsTheSystemEventsScriptsThroughOsascript)
 {
@@ -38,18 +16,22 @@ TEST(AppleScriptLoginItem, RunsTheSystemEventsScriptsThroughOsascript)
     item.create(item.applicationPath(), true);
     item.setHidden(false);
 
-    EXPECT_EQ(runner.programs, QStringList(3, u"/usr/bin/osascript"_s));
-    ASSERT_EQ(runner.scripts.size(), 3);
-    EXPECT_EQ(runner.scripts[0], u"tell application \"System Events\"\n"
+    ASSERT_EQ(runner.calls.size(), 3);
+    for (const QStringList& call : runner.calls) {
+        ASSERT_EQ(call.size(), 3);
+        EXPECT_EQ(call[0], u"/usr/bin/osascript"_s);
+        EXPECT_EQ(call[1], u"-e"_s);
+    }
+    EXPECT_EQ(runner.calls[0][2], u"tell application \"System Events\"\n"
                                  u"get the name of every login item\n"
                                  u"if login item \"Vantle X\" exists then\n"
                                  u"delete login item \"Vantle X\"\n"
                                  u"end if\n"
                                  u"end tell"_s);
-    EXPECT_EQ(runner.scripts[1], u"tell application \"System Events\"\n"
+    EXPECT_EQ(runner.calls[1][2], u"tell application \"System Events\"\n"
                                  u"make new login item at end with properties {path:\"/Applications/Vantle X.app\", hidden:true}\n"
                                  u"end tell"_s);
-    EXPECT_EQ(runner.scripts[2], u"tell application \"System Events\"\n"
+    EXPECT_EQ(runner.calls[2][2], u"tell application \"System Events\"\n"
                                  u"if login item \"Vantle X\" exists then\n"
                                  u"set hidden of login item \"Vantle X\" to false\n"
                                  u"end if\n"
@@ -67,7 +49,7 @@ TEST(AppleScriptLoginItem, ReadsThePathAndTreatsAFailedScriptAsNoItem)
 
     runner.output = "/Volumes/Other/Vantle X.app\n";
     EXPECT_EQ(item.path(), u"/Volumes/Other/Vantle X.app"_s);
-    EXPECT_EQ(runner.scripts.last(), u"tell application \"System Events\"\n"
+    EXPECT_EQ(runner.calls.last()[2], u"tell application \"System Events\"\n"
                                      u"get path of login item \"Vantle X\"\n"
                                      u"end tell"_s);
 
