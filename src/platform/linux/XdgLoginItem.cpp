@@ -1,9 +1,10 @@
 #include "platform/linux/XdgLoginItem.h"
 
+#include "core/AtomicFile.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStringList>
 
 #include <algorithm>
@@ -169,11 +170,8 @@ void XdgLoginItem::create(const QString& applicationPath, bool hidden)
                                                                                                    : u"false"_s);
     if (!QDir().mkpath(QFileInfo(m_entryPath).absolutePath()))
         return;
-    QSaveFile file(m_entryPath);
-    if (file.open(QIODevice::WriteOnly)) {
-        file.write(entry.toUtf8());
-        file.commit();
-    }
+    AtomicFile::write(m_entryPath, entry.toUtf8(),
+                      QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup | QFileDevice::ReadOther);
 }
 
 void XdgLoginItem::setHidden(bool hidden)

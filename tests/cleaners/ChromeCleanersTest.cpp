@@ -1,0 +1,166 @@
+#include "cleaners/ChromeCleaners.h"
+
+#include "cleaners/CleanerFixture.h"
+
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kProfile = u"Library/Application Support/Google/Chrome/Default/"_s;
+const QByteArray kPreferences = R"({"dns_prefetching":{"host_referral_list":[2,["http://a.example/",["b"]]]},"homepage":"x"})";
+
+class ChromeCleanersTest : public CleanerFixture {
+protected:
+    QString profile(const QString& name = {}) const { return home.file(kProfile + name); }
+
+    ChromeCleaners cleaners{context};
+};
+
+} // namespace
+
+TEST_F(ChromeCleanersTest, ChromeFourTakesHistoryEntriesWholeWithoutDescending)
+{
+    home.write(kProfile + u"History"_s, "db");
+    home.write(kProfile + u"History-journal"_s, "j");
+    home.write(kProfile + u"History Index 2013-05"_s, "i");
+    home.write(kProfile + u"History Provider Cache/inner"_s, "folder");
+    home.write(kProfile + u"Archived History"_s, "a");
+    home.write(kProfile + u"Bookmarks"_s, "kept");
+    setAllKeys(true);
+
+    const QString cache = home.file(u"Library/Caches/Google/Chrome/Default/Cache"_s);
+    const QString chrome = home.file(u"Library/Application Support/Google/Chrome/"_s);
+    EXPECT_EQ(run([&] { cleaners.Chrome40(); }), (QStringList{
+                                                       u"Chrome 4"_s,
+                                                       u"Shred: "_s + cache,
+                                                       u"Shred: "_s + profile(u"History"_s),
+                                                       u"Shred: "_s + profile(u"History Index 2013-05"_s),
+                                                       u"Shred: "_s + profile(u"History Provider Cache"_s),
+                                                       u"Shred: "_s + profile(u"History-journal"_s),
+                                                       u"Shred: "_s + profile(u"Archived History"_s),
+                                                       u"Shred: "_s + profile(u"Archived History-journal"_s),
+                                                       u"Shred: "_s + profile(u"Last Session"_s),
+                                                       u"Shred: "_s + profile(u"Last Tabs"_s),
+                                                       u"Shred: "_s + profile(u"Current Session"_s),
+                                                       u"Shred: "_s + profile(u"Current Tabs"_s),
+                                                       u"Shred: "_s + profile(u"Thumbnails"_s),
+                                                       u"Shred: "_s + profile(u"Cookies"_s),
+                                                       u"Shred: "_s + profile(u"Cookies-journal"_s),
+                                                       u"Shred: "_s + chrome + u"Safe Browsing Cookies"_s,
+                                                       u"Shred: "_s + chrome + u"Safe Browsing Cookies-journal"_s,
+                                                       u""_s,
+                                                   }));
+    EXPECT_EQ(paths.size(), 16);
+    EXPECT_FALSE(paths.contains(profile(u"Bookmarks"_s)));
+
+    paths.clear();
+    setAllKeys(false);
+    const QStringList skipped = run([&] { cleaners.Chrome40(); });
+    EXPECT_EQ(skipped.size(), 18);
+    EXPECT_EQ(skipped[2], u"Skip: "_s + profile(u"History"_s));
+    EXPECT_TRUE(paths.isEmpty());
+}
+
+TEST_F(ChromeCleanersTest, ChromeFiveEditsLocalStateAndSaysSoInItsOwnWords)
+{
+    const QString localState = u"Library/Application Support/Google/Chrome/Local State"_s;
+    home.write(localState, R"({"StartupDNSPrefetchList":["a.example"],"browser":{}})");
+    setAllKeys(true);
+    EXPECT_EQ(run([&] { cleaners.Chrome50(); }),
+              (QStringList{u"Chrome 5.0"_s, u"Shred: "_s + profile(u"Extension Cookies"_s),
+                           u"Shred: ~/Library/Application Support/Google/Chrome/Local State"_s,
+                           u"Shred: ~/Library/Application Support/Google/Chrome/Default/Visited Links"_s, u""_s}));
+    EXPECT_EQ(home.read(localState), R"({"browser":{}})");
+    EXPECT_EQ(paths, (QStringList{profile(u"Extension Cookies"_s), home.file(localState + u".vantlex"_s),
+                                  profile(u"Visited Links"_s)}));
+
+    // A damaged file gets the plain skip line and stays as it is.
+    paths.clear();
+    home.write(localState, "{damaged");
+    const QStringList damaged = run([&] { cleaners.Chrome50(); });
+    EXPECT_EQ(damaged[2], u"Skip: ~/Library/Application Support/Google/Chrome/Local State"_s);
+    EXPECT_EQ(home.read(localState), "{damaged");
+
+    setAllKeys(false);
+    EXPECT_EQ(run([&] { cleaners.Chrome50(); }),
+              (QStringList{u"Chrome 5.0"_s, u"Skip: "_s + profile(u"Extension Cookies"_s),
+                           u"Skip: ~/Library/Application Support/Google/Chrome/Default/Visited Links"_s, u""_s}));
+}
+
+TEST_F(ChromeCleanersTest, ChromeSeventeenNeedsTheKeyAndKeepsTopSitesWhenAsked)
+{
+    home.write(kProfile + u"Preferences"_s, R"({"homepage":"x"})");
+    setAllKeys(true);
+    setKey(PreferenceKey::KeepSafariTopSites, true);
+    EXPECT_EQ(run([&] { cleaners.Chrome170(); }), (QStringList{
+                                                        u"Chrome 17.0"_s,
+                                                        u"Shred: "_s + profile(u"Favicons"_s),
+                                                        u"Shred: "_s + profile(u"Favicons-journal"_s),
+                                                        u"Shred: "_s + profile(u"shortcuts"_s),
+                                                        u"Shred: "_s + profile(u"Network Action Predictor"_s),
+                                                        u"Skip (dns_prefetching not found): "_s + profile(u"Preferences"_s),
+                                                        u"Skip: "_s + profile(u"Top Sites"_s),
+                                                        u"Skip: "_s + profile(u"Top Sites-journal"_s),
+                                                        u""_s,
+                                                    }));
+    EXPECT_EQ(home.read(kProfile + u"Preferences"_s), R"({"homepage":"x"})");
+
+    paths.clear();
+    home.write(kProfile + u"Preferences"_s, kPreferences);
+    setKey(PreferenceKey::KeepSafariTopSites, false);
+    const QStringList lines = run([&] { cleaners.Chrome170(); });
+    EXPECT_EQ(lines[5], u"Shred: "_s + profile(u"Preferences"_s));
+    EXPECT_EQ(home.read(kProfile + u"Preferences"_s), R"({"homepage":"x"})");
+    EXPECT_EQ(paths.mid(4), (QStringList{profile(u"Preferences.vantlex"_s), profile(u"Top Sites"_s),
+                                         profile(u"Top Sites-journal"_s)}));
+
+    // History off: nothing at all is said about the preferences file.
+    setAllKeys(false);
+    EXPECT_EQ(run([&] { cleaners.Chrome170(); }).size(), 8);
+}
+
+TEST_F(ChromeCleanersTest, ChromeThirtyAndTheGate)
+{
+    setAllKeys(true);
+    EXPECT_EQ(run([&] { cleaners.Chrome300(); }),
+              (QStringList{u"Chrome 30.0"_s, u"Shred: "_s + home.file(u"Library/Caches/Google/Chrome"_s),
+                           u"Shred: "_s + home.file(u"Library/Saved Application State/com.google.Chrome.savedState"_s),
+                           u""_s}));
+    paths.clear();
+    disable(u"Chrome"_s);
+    EXPECT_EQ(run([&] {
+                  cleaners.Chrome40();
+                  cleaners.Chrome50();
+              }),
+              (QStringList{u"Chrome 4"_s, u"Not enabled - check preferences to enable."_s, u""_s, u"Chrome 5.0"_s,
+                           u"Not enabled - check preferences to enable."_s, u""_s}));
+    EXPECT_TRUE(paths.isEmpty());
+}
+
+TEST_F(ChromeCleanersTest, FlockUserDataFolder)
+{
+    const QString profileDir = u"Library/Application Support/Flock/User Data 2/Default/"_s;
+    home.write(profileDir + u"History"_s, "h");
+    home.write(profileDir + u"Local State"_s, R"({"StartupDNSPrefetchList":[],"x":1})");
+    setAllKeys(true);
+    const QString p = home.file(profileDir);
+    EXPECT_EQ(run([&] { cleaners.Flock35UserData(u"User Data 2"_s); }),
+              (QStringList{
+                  u"Shred: "_s + home.file(u"Library/Caches/Flock/User Data 2/Default/Cache"_s),
+                  u"Shred: "_s + p + u"History"_s,
+                  u"Shred: "_s + p + u"Visited Links"_s,
+                  u"Shred: "_s + p + u"Archived History"_s,
+                  u"Shred: "_s + p + u"Last Session"_s,
+                  u"Shred: "_s + p + u"Current Session"_s,
+                  u"Shred: "_s + p + u"Last Tabs"_s,
+                  u"Shred: "_s + p + u"Current Tabs"_s,
+                  u"Shred: "_s + p + u"Local State"_s,
+                  u"Shred: "_s + p + u"Thumbnails"_s,
+                  u"Shred: "_s + p + u"Cookies"_s,
+                  u"Shred: "_s + p + u"Extension Cookies"_s,
+              }));
+    EXPECT_EQ(home.read(profileDir + u"Local State"_s), R"({"x":1})");
+    EXPECT_TRUE(paths.contains(p + u"Local State.vantlex"_s));
+}

@@ -1,0 +1,135 @@
+#include "cleaners/JsonPreferenceEdit.h"
+
+#include "support/TempHome.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+#include <cstdlib>
+
+using namespace Qt::StringLiterals;
+using JsonPreferenceEdit::Result;
+
+namespace {
+
+const QByteArray kLocalState =
+    R"({"browser":{"last_redirect_origin":""},"StartupDNSPrefetchList":["www.example.com","mail.example.org"],)"
+    R"("big":13245678901234567890,"negative":-9007199254740993,"ratio":0.1,"text":"caf\u00e9 \u2603 ü",)"
+    R"("zeta":1,"alpha":{"nested":[1,2,{"deep":true}]}})";
+
+ino_t inodeOf(const QString& path)
+{
+    struct stat info {};
+    return ::stat(QFile::encodeName(path).constData(), &info) == 0 ? info.st_ino : 0;
+}
+
+class JsonEditTest : public ::testing::Test {
+protected:
+    QString file() const { return home.file(u"Chrome/Local State"_s); }
+
+    // The file keeps every byte and no old copy appears.
+    void expectUntouched(const QByteArray& original) const
+    {
+        EXPECT_EQ(home.read(u"Chrome/Local State"_s), original);
+        EXPECT_FALSE(QFileInfo::exists(JsonPreferenceEdit::oldCopyPath(file())));
+    }
+
+    TempHome home;
+};
+
+// In a child process whose file-size limit is below the new text: exits with the result.
+[[noreturn]] void editUnderASizeLimit(const QString& file)
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{40, 40};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    std::_Exit(int(JsonPreferenceEdit::removeKey(file, u"StartupDNSPrefetchList"_s, false, false)));
+}
+
+} // namespace
+
+TEST_F(JsonEditTest, RemovesTheKeyKeepsEverythingElseAndLeavesTheOldFileToErase)
+{
+    home.write(u"Chrome/Local State"_s, kLocalState);
+    ASSERT_EQ(::chmod(QFile::encodeName(file()).constData(), 0640), 0);
+    const ino_t original = inodeOf(file());
+
+    ASSERT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, true, false), Result::Done);
+    EXPECT_EQ(home.read(u"Chrome/Local State"_s),
+              QByteArray(R"({"browser":{"last_redirect_origin":""},"big":13245678901234567890,)"
+                         R"("negative":-9007199254740993,"ratio":0.1,"text":"café ☃ ü","zeta":1,)"
+                         R"("alpha":{"nested":[1,2,{"deep":true}]}})"));
+    // The old copy is the very file that held the host list, so erasing it erases those blocks.
+    const QString oldCopy = home.file(u"Chrome/Local State.vantlex"_s);
+    EXPECT_EQ(home.read(u"Chrome/Local State.vantlex"_s), kLocalState);
+    EXPECT_EQ(inodeOf(oldCopy), original);
+    EXPECT_NE(inodeOf(file()), original);
+    EXPECT_EQ(QFileInfo(file()).permissions(), QFileInfo(oldCopy).permissions());
+}
+
+TEST_F(JsonEditTest, FilesThatAreNotAJsonObjectAreLeftAsTheyWere)
+{
+    const QList<QByteArray> bad{
+        {},
+        "not json at all",
+        "[1, 2, 3]",
+        "\"just a string\"",
+        "{\"StartupDNSPrefetchList\": [\"a\"], \"x\": \"\xff\xfe\"}",  // not UTF-8
+        "{\"StartupDNSPrefetchList\": [\"a\"], ",                   // truncated
+    };
+    for (const QByteArray& contents : bad) {
+        home.write(u"Chrome/Local State"_s, contents);
+        EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, false, false), Result::ReadFailed)
+            << contents.constData();
+        expectUntouched(contents);
+    }
+    EXPECT_EQ(JsonPreferenceEdit::removeKey(home.file(u"missing"_s), u"k"_s, false, false), Result::ReadFailed);
+    EXPECT_EQ(JsonPreferenceEdit::removeKey(home.file(u"Chrome"_s), u"k"_s, false, false), Result::ReadFailed);
+
+    // Far larger than any browser's preferences.
+    QByteArray huge = "{\"StartupDNSPrefetchList\":[],\"pad\":\"" + QByteArray(50 * 1024 * 1024, 'x') + "\"}";
+    home.write(u"Chrome/Local State"_s, huge);
+    EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, false, false), Result::ReadFailed);
+    expectUntouched(huge);
+}
+
+TEST_F(JsonEditTest, AMissingRequiredKeyAReadOnlyFileAndADryRunChangeNothing)
+{
+    const QByteArray withoutKey = R"({"profile":{"name":"me"}})";
+    home.write(u"Chrome/Local State"_s, withoutKey);
+    EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"dns_prefetching"_s, true, false), Result::KeyNotFound);
+    expectUntouched(withoutKey);
+
+    home.write(u"Chrome/Local State"_s, kLocalState);
+    EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, true, true), Result::Done);
+    expectUntouched(kLocalState);
+
+    ASSERT_EQ(::chmod(QFile::encodeName(file()).constData(), 0444), 0);
+    EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, true, false), Result::RenameFailed);
+    expectUntouched(kLocalState);
+}
+
+TEST_F(JsonEditTest, WithoutTheKeyTheFileIsStillRewrittenUnlessTheKeyIsRequired)
+{
+    const QByteArray withoutKey = R"({"profile": {"name": "me"}})";
+    home.write(u"Chrome/Local State"_s, withoutKey);
+    // An old copy left by an interrupted run is replaced.
+    home.write(u"Chrome/Local State.vantlex"_s, "stale");
+    EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, false, false), Result::Done);
+    EXPECT_EQ(home.read(u"Chrome/Local State"_s), R"({"profile":{"name":"me"}})");
+    EXPECT_EQ(home.read(u"Chrome/Local State.vantlex"_s), withoutKey);
+}
+
+TEST_F(JsonEditTest, AFailedWriteLeavesTheOriginalInPlace)
+{
+    home.write(u"Chrome/Local State"_s, kLocalState);
+    EXPECT_EXIT(editUnderASizeLimit(file()), ::testing::ExitedWithCode(int(Result::WriteFailed)), "");
+    expectUntouched(kLocalState);
+    EXPECT_EQ(QDir(home.file(u"Chrome"_s)).entryList(QDir::Files | QDir::Hidden), QStringList{u"Local State"_s});
+}
