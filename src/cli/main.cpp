@@ -3,6 +3,7 @@
 #include "cli/EraseCommand.h"
 #include "cli/PluginsCommands.h"
 #include "cli/PrefsCommands.h"
+#include "cli/ProfilesCommands.h"
 #include "core/ProcessRandom.h"
 
 #include <QCoreApplication>
@@ -41,6 +42,7 @@ int main(int argc, char* argv[])
     addAppsCommands(app, action);
     addEraseCommand(app, action);
     addPluginsCommands(app, action);
+    addProfilesCommands(app, action);
 
     try {
         app.parse(argc, argv);

@@ -1,0 +1,86 @@
+#include "cli/ProfilesCommands.h"
+
+#include "settings/ProfilesManager.h"
+
+#include <CLI/CLI.hpp>
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct ProfileOptions {
+    std::string application;
+    std::string profile;
+};
+
+// One word per application, as well as the menus' own names.
+std::optional<ProfilesManager::Application> applicationNamed(const QString& name)
+{
+    static const QStringList words{u"mozilla"_s, u"firefox"_s, u"thunderbird"_s, u"postbox"_s, u"flock"_s, u"seamonkey"_s};
+    for (int i = 0; i < ProfilesManager::ApplicationCount; ++i) {
+        const auto application = ProfilesManager::Application(i);
+        if (name.compare(words[i], Qt::CaseInsensitive) == 0 ||
+            name.compare(ProfilesManager::displayName(application), Qt::CaseInsensitive) == 0)
+            return application;
+    }
+    return std::nullopt;
+}
+
+int listProfiles()
+{
+    ProfilesManager& manager = ProfilesManager::createSharedInstance();
+    manager.populateProfilesMenu();
+    for (int i = 0; i < ProfilesManager::ApplicationCount; ++i) {
+        const ProfilesManager::Menu& menu = manager.menus()[i];
+        printLine(u"%1 (%2)"_s.arg(ProfilesManager::displayName(ProfilesManager::Application(i)),
+                                   ProfilesManager::profilesFolder(ProfilesManager::Application(i))));
+        if (menu.items.isEmpty())
+            printLine(u"    no profiles"_s);
+        for (const ProfilesManager::MenuItem& item : menu.items)
+            printLine(u"    [%1] %2"_s.arg(item.checked ? u"x"_s : u" "_s).arg(menu.titles[item.tag]));
+    }
+    return 0;
+}
+
+int setSelected(const ProfileOptions& options, bool select)
+{
+    const QString applicationName = QString::fromStdString(options.application);
+    const auto application = applicationNamed(applicationName);
+    if (!application)
+        return refuse(u"unknown application \"%1\" (mozilla, firefox, thunderbird, postbox, flock or seamonkey)"_s.arg(applicationName));
+
+    ProfilesManager& manager = ProfilesManager::createSharedInstance();
+    manager.populateProfilesMenu();
+    const QString profile = QString::fromStdString(options.profile);
+    const ProfilesManager::Menu& menu = manager.menus()[*application];
+    for (const ProfilesManager::MenuItem& item : menu.items) {
+        if (menu.titles[item.tag] != profile && item.title != profile)
+            continue;
+        if (item.checked != select)
+            manager.doProfileMenuItem(*application, item.tag);
+        return 0;
+    }
+    return refuse(u"no profile \"%1\" in %2"_s.arg(profile, menu.folder));
+}
+
+} // namespace
+
+void addProfilesCommands(CLI::App& app, CommandAction& action)
+{
+    auto options = std::make_shared<ProfileOptions>();
+    CLI::App* profiles = app.add_subcommand("profiles", "Show or change which browser and mail profiles are erased");
+    profiles->require_subcommand(1);
+    profiles->add_subcommand("list", "Every profile found, selected or not")->callback([&action] {
+        action = listProfiles;
+    });
+    for (const bool select : {true, false}) {
+        CLI::App* command = profiles->add_subcommand(select ? "select" : "deselect",
+                                                     select ? "Erase this profile" : "Keep this profile");
+        command->add_option("APP", options->application, "mozilla, firefox, thunderbird, postbox, flock or seamonkey")
+            ->required();
+        command->add_option("PROFILE", options->profile, "Profile folder name, or the name after its dot")->required();
+        command->callback([&action, options, select] { action = [options, select] { return setSelected(*options, select); }; });
+    }
+}

@@ -1,0 +1,196 @@
+#include "settings/ProfilesManager.h"
+
+#include "settings/UserDefaults.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <array>
+#include <memory>
+#include <mutex>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kProfilesMenuDict = u"ProfilesMenuDict"_s;
+const QString kProfilesMenu = u"ProfilesMenu"_s;
+const QString kFirstRun = u"FirstRun"_s;
+
+struct ApplicationFolder {
+    const char16_t* folder;
+    const char16_t* name;
+};
+
+constexpr std::array<ApplicationFolder, ProfilesManager::ApplicationCount> kApplications{{
+    {u"~/Library/Mozilla/Profiles", u"Netscape/Mozilla/Seamonkey 1"},
+    {u"~/Library/Application Support/Firefox/Profiles", u"Firefox"},
+    {u"~/Library/Thunderbird/Profiles", u"Thunderbird"},
+    {u"~/Library/Application Support/Postbox/Profiles", u"Postbox"},
+    {u"~/Library/Application Support/Flock/Profiles", u"Flock"},
+    {u"~/Library/Application Support/SeaMonkey/Profiles", u"SeaMonkey 2"},
+}};
+
+std::mutex gSharedMutex;
+std::unique_ptr<ProfilesManager> gShared;
+
+QString expanded(const QString& path)
+{
+    return QDir::homePath() + path.mid(1);
+}
+
+// Everything in the folder but the Finder's .DS_Store; nothing for a missing folder.
+QStringList entriesOf(const QString& folder)
+{
+    QStringList entries = QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                                                 QDir::Name | QDir::IgnoreCase);
+    entries.removeAll(u".DS_Store"_s);
+    return entries;
+}
+
+// "x1y2z3.default" shows as "default".
+QString pathExtension(const QString& name)
+{
+    const qsizetype dot = name.lastIndexOf(u'.');
+    return dot < 0 ? QString() : name.mid(dot + 1);
+}
+
+QVariantList toVariantList(const QStringList& strings)
+{
+    return QVariantList(strings.cbegin(), strings.cend());
+}
+
+QStringList toStringList(const QVariant& value)
+{
+    QStringList strings;
+    for (const QVariant& item : value.toList()) {
+        if (item.typeId() == QMetaType::QString)
+            strings.append(item.toString());
+    }
+    return strings;
+}
+
+} // namespace
+
+ProfilesManager::ProfilesManager(UserDefaults& defaults, QObject* parent)
+    : QObject(parent)
+    , mUserDefaults(defaults)
+{
+}
+
+ProfilesManager* ProfilesManager::sharedInstance()
+{
+    std::lock_guard lock(gSharedMutex);
+    return gShared.get();
+}
+
+ProfilesManager& ProfilesManager::createSharedInstance()
+{
+    std::lock_guard lock(gSharedMutex);
+    if (!gShared)
+        gShared = std::make_unique<ProfilesManager>(UserDefaults::standardUserDefaults());
+    return *gShared;
+}
+
+void ProfilesManager::resetSharedInstanceForTesting()
+{
+    std::lock_guard lock(gSharedMutex);
+    gShared.reset();
+}
+
+QString ProfilesManager::profilesFolder(Application application)
+{
+    return QString::fromUtf16(kApplications[application].folder);
+}
+
+QString ProfilesManager::displayName(Application application)
+{
+    return QString::fromUtf16(kApplications[application].name);
+}
+
+void ProfilesManager::populateProfilesMenu()
+{
+    std::array<QString, ApplicationCount> folders;
+    std::array<QStringList, ApplicationCount> entries;
+    for (int i = 0; i < ApplicationCount; ++i) {
+        folders[i] = expanded(profilesFolder(Application(i)));
+        entries[i] = entriesOf(folders[i]);
+    }
+
+    const QVariant oldSelection = mUserDefaults.objectForKey(kProfilesMenu);
+    const bool firstRunDone = mUserDefaults.boolForKey(kFirstRun);
+    if (oldSelection.isValid() || !firstRunDone) {
+        QVariantMap selection;
+        const QStringList oldNames = toStringList(oldSelection);
+        for (int i = 0; i < ApplicationCount; ++i) {
+            if (!oldSelection.isValid()) {
+                selection.insert(folders[i], toVariantList(entries[i]));  // the first start selects every profile
+                continue;
+            }
+            QStringList kept;
+            for (const QString& name : oldNames) {
+                if (entries[i].contains(name))
+                    kept.append(name);
+            }
+            selection.insert(folders[i], toVariantList(kept));
+        }
+        mUserDefaults.setObject(selection, kProfilesMenuDict);
+        if (oldSelection.isValid())
+            mUserDefaults.removeObjectForKey(kProfilesMenu);
+        mUserDefaults.setBool(true, kFirstRun);
+        mUserDefaults.synchronize();
+    }
+
+    QVariantMap selection = mUserDefaults.dictionaryForKey(kProfilesMenuDict);
+    mMenus.clear();
+    for (int i = 0; i < ApplicationCount; ++i) {
+        Menu menu{folders[i], {}, {}};
+        const QStringList stored = toStringList(selection.value(folders[i]));
+        if (!entries[i].isEmpty())
+            menu.titles.append(displayName(Application(i)));
+        QStringList stillThere;
+        for (const QString& name : entries[i]) {
+            if (!QFileInfo(QDir(folders[i]).filePath(name)).isDir())
+                continue;
+            menu.titles.append(name);
+            const bool checked = stored.contains(name);
+            menu.items.append({i == Mozilla ? name : pathExtension(name), int(menu.titles.size() - 1), checked});
+            if (checked)
+                stillThere.append(name);
+        }
+        selection.insert(folders[i], toVariantList(stillThere));
+        mMenus.append(menu);
+    }
+    mUserDefaults.setObject(selection, kProfilesMenuDict);
+    mUserDefaults.synchronize();
+    emit menusChanged();
+}
+
+void ProfilesManager::doProfileMenuItem(Application application, int tag)
+{
+    if (application < 0 || application >= mMenus.size())
+        return;
+    Menu& menu = mMenus[application];
+    for (MenuItem& item : menu.items) {
+        if (item.tag != tag)
+            continue;
+        QVariantMap selection = mUserDefaults.dictionaryForKey(kProfilesMenuDict);
+        QStringList names = toStringList(selection.value(menu.folder));
+        const QString name = menu.titles.value(tag);
+        if (item.checked)
+            names.removeAll(name);
+        else
+            names.append(name);
+        item.checked = !item.checked;
+        selection.insert(menu.folder, toVariantList(names));
+        mUserDefaults.setObject(selection, kProfilesMenuDict);
+        mUserDefaults.synchronize();
+        emit menusChanged();
+        return;
+    }
+}
+
+QStringList ProfilesManager::selectedProfiles(const UserDefaults& defaults, const QString& expandedFolder)
+{
+    return toStringList(defaults.dictionaryForKey(kProfilesMenuDict).value(expandedFolder));
+}

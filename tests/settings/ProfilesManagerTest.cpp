@@ -1,0 +1,116 @@
+#include "settings/ProfilesManager.h"
+
+#include "settings/UserDefaults.h"
+#include "support/QtPrinters.h"
+#include "support/TempHome.h"
+
+#include <QDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class ProfilesManagerTest : public ::testing::Test {
+protected:
+    ProfilesManagerTest()
+        : defaults(UserDefaults::defaultFilePath())
+        , manager(defaults)
+    {
+    }
+
+    void makeProfile(const QString& folder, const QString& name) { QDir().mkpath(home.file(folder + u'/' + name)); }
+    QString firefox() const { return home.file(u"Library/Application Support/Firefox/Profiles"_s); }
+    QStringList selected(const QString& folder) const { return ProfilesManager::selectedProfiles(defaults, folder); }
+
+    TempHome home;
+    UserDefaults defaults;
+    ProfilesManager manager;
+};
+
+const QString kFirefoxFolder = u"Library/Application Support/Firefox/Profiles"_s;
+
+} // namespace
+
+TEST_F(ProfilesManagerTest, TheFirstStartSelectsEveryProfile)
+{
+    makeProfile(kFirefoxFolder, u"ab12cd.default"_s);
+    makeProfile(kFirefoxFolder, u"ef34gh.work"_s);
+    home.write(kFirefoxFolder + u"/profiles.ini"_s, "[General]");
+    home.write(kFirefoxFolder + u"/.DS_Store"_s, "finder");
+    makeProfile(u"Library/Mozilla/Profiles"_s, u"default"_s);
+
+    manager.populateProfilesMenu();
+
+    EXPECT_TRUE(defaults.boolForKey(u"FirstRun"_s));
+    EXPECT_EQ(selected(firefox()), (QStringList{u"ab12cd.default"_s, u"ef34gh.work"_s}));
+    const ProfilesManager::Menu& menu = manager.menus()[ProfilesManager::Firefox];
+    EXPECT_EQ(menu.folder, firefox());
+    EXPECT_EQ(menu.titles, (QStringList{u"Firefox"_s, u"ab12cd.default"_s, u"ef34gh.work"_s}));
+    ASSERT_EQ(menu.items.size(), 2);  // the ordinary file is no profile
+    EXPECT_EQ(menu.items[0].title, u"default"_s);
+    EXPECT_EQ(menu.items[1].title, u"work"_s);
+    EXPECT_EQ(menu.items[1].tag, 2);
+    EXPECT_TRUE(menu.items[0].checked && menu.items[1].checked);
+
+    // The first menu shows whole folder names.
+    EXPECT_EQ(manager.menus()[ProfilesManager::Mozilla].items.first().title, u"default"_s);
+    EXPECT_EQ(manager.menus()[ProfilesManager::Mozilla].titles.first(), u"Netscape/Mozilla/Seamonkey 1"_s);
+
+    // No profiles folder: an empty menu and an empty selection.
+    const ProfilesManager::Menu& thunderbird = manager.menus()[ProfilesManager::Thunderbird];
+    EXPECT_TRUE(thunderbird.items.isEmpty());
+    EXPECT_TRUE(thunderbird.titles.isEmpty());
+    EXPECT_TRUE(selected(home.file(u"Library/Thunderbird/Profiles"_s)).isEmpty());
+    EXPECT_TRUE(defaults.dictionaryForKey(u"ProfilesMenuDict"_s).contains(home.file(u"Library/Thunderbird/Profiles"_s)));
+}
+
+TEST_F(ProfilesManagerTest, UncheckingAndCheckingTouchesOnlyThatApplication)
+{
+    makeProfile(kFirefoxFolder, u"ab12cd.default"_s);
+    makeProfile(kFirefoxFolder, u"ef34gh.work"_s);
+    makeProfile(u"Library/Application Support/SeaMonkey/Profiles"_s, u"zz.default"_s);
+    manager.populateProfilesMenu();
+
+    manager.doProfileMenuItem(ProfilesManager::Firefox, 1);
+    EXPECT_EQ(selected(firefox()), QStringList{u"ef34gh.work"_s});
+    EXPECT_FALSE(manager.menus()[ProfilesManager::Firefox].items[0].checked);
+    EXPECT_EQ(selected(home.file(u"Library/Application Support/SeaMonkey/Profiles"_s)), QStringList{u"zz.default"_s});
+
+    manager.doProfileMenuItem(ProfilesManager::Firefox, 1);
+    EXPECT_EQ(selected(firefox()), (QStringList{u"ef34gh.work"_s, u"ab12cd.default"_s}));
+}
+
+TEST_F(ProfilesManagerTest, LaterStartsPruneAndLeaveNewProfilesUnselected)
+{
+    makeProfile(kFirefoxFolder, u"ab12cd.default"_s);
+    makeProfile(kFirefoxFolder, u"ef34gh.work"_s);
+    manager.populateProfilesMenu();
+
+    QDir(home.file(kFirefoxFolder + u"/ef34gh.work"_s)).removeRecursively();
+    makeProfile(kFirefoxFolder, u"ij56kl.new"_s);
+    ProfilesManager restarted(defaults);
+    restarted.populateProfilesMenu();
+
+    EXPECT_EQ(selected(firefox()), QStringList{u"ab12cd.default"_s});
+    const ProfilesManager::Menu& menu = restarted.menus()[ProfilesManager::Firefox];
+    ASSERT_EQ(menu.items.size(), 2);
+    EXPECT_TRUE(menu.items[0].checked);
+    EXPECT_FALSE(menu.items[1].checked);
+}
+
+TEST_F(ProfilesManagerTest, AnOldSelectionIsConvertedOnceAndRemoved)
+{
+    makeProfile(kFirefoxFolder, u"ab12cd.default"_s);
+    makeProfile(kFirefoxFolder, u"ef34gh.work"_s);
+    makeProfile(u"Library/Thunderbird/Profiles"_s, u"ab12cd.default"_s);
+    defaults.setObject(QStringList{u"ab12cd.default"_s, u"gone.profile"_s}, u"ProfilesMenu"_s);
+
+    manager.populateProfilesMenu();
+
+    EXPECT_FALSE(defaults.objectForKey(u"ProfilesMenu"_s).isValid());
+    EXPECT_TRUE(defaults.boolForKey(u"FirstRun"_s));
+    EXPECT_EQ(selected(firefox()), QStringList{u"ab12cd.default"_s});
+    EXPECT_EQ(selected(home.file(u"Library/Thunderbird/Profiles"_s)), QStringList{u"ab12cd.default"_s});
+}
