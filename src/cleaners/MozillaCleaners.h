@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+class ChromeCleaners;
+class CleanerContext;
+class UserDefaults;
+
+// The cleaners of the Mozilla family: Camino, Firefox, Flock, SeaMonkey and the
+// Mozilla/Netscape suite. Their files lie at fixed paths, in a fixed "default"
+// profile with a salt folder, or in the profiles the user selected.
+class MozillaCleaners {
+public:
+    MozillaCleaners(CleanerContext& context, const UserDefaults& defaults, ChromeCleaners& chrome);
+
+    void Camino07();
+    void Camino08();
+    void Camino10();
+    void Camino16();
+    void Camino20();
+    void Firefox08();
+    void Firefox10();
+    void Firefox15();
+    void Firefox20();
+    void Mozilla();
+    void Flock25();
+    void Flock35();
+    void SeaMonkey1();
+    void SeaMonkey20cache();
+    void SeaMonkey20();
+
+    // The password file named in a profile's prefs.js ("signon.SignonFileName"),
+    // or a null string; only a plain file name of the profile folder is taken.
+    static QString passwordFileName(const QByteArray& prefs);
+
+private:
+    using ProfileWork = std::function<void(const QString& profileFolder)>;
+
+    // "Shred:" or "Skip:" on its own line, then each full path; "Shred:" queues them.
+    void block(bool on, const QString& folder, const QStringList& names);
+    QStringList selectedProfiles(const QString& tildeFolder) const;
+    // Each selected profile that exists: its path on a line, the work, an empty line.
+    void walkSelectedProfiles(const QString& tildeFolder, const QString& noneSelected, const ProfileWork& work);
+    // The one salt folder of a profile, or a null string after saying why not.
+    QString saltFolder(const QString& profileFolder, const QString& noSaltMessage);
+    // Firefox 1.5, Flock 2.5 and SeaMonkey 2.0: cache and support folders per selected profile.
+    void walkCacheAndSupport(const QString& supportFolder, const QString& cacheFolder, const QStringList& cacheFiles,
+                             bool withCookies);
+    // Firefox 2.0 and SeaMonkey 2.0: session, form history and the password file.
+    void sessionsAndPasswords(const QString& profileFolder);
+
+    CleanerContext& mContext;
+    const UserDefaults& mDefaults;
+    ChromeCleaners& mChrome;
+};

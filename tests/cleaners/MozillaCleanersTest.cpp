@@ -1,0 +1,170 @@
+#include "cleaners/MozillaCleaners.h"
+
+#include "cleaners/ChromeCleaners.h"
+#include "cleaners/CleanerFixture.h"
+
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kFirefox = u"Library/Application Support/Firefox/Profiles/"_s;
+
+class MozillaCleanersTest : public CleanerFixture {
+protected:
+    void select(const QString& folder, const QStringList& names)
+    {
+        QVariantMap selection = defaults.dictionaryForKey(u"ProfilesMenuDict"_s);
+        selection.insert(home.file(folder), QVariantList(names.cbegin(), names.cend()));
+        defaults.setObject(selection, u"ProfilesMenuDict"_s);
+    }
+    void makeFolder(const QString& relative) { QDir().mkpath(home.file(relative)); }
+
+    ChromeCleaners chrome{context};
+    MozillaCleaners cleaners{context, defaults, chrome};
+};
+
+} // namespace
+
+TEST_F(MozillaCleanersTest, FirefoxTwoWalksTheSelectedProfilesAndFindsThePasswordFile)
+{
+    home.write(kFirefox + u"a1.default/prefs.js"_s,
+               "user_pref(\"browser.startup.homepage\", \"about:blank\");\n"
+               "user_pref(\"signon.SignonFileName\", \"signons2.txt\");\n");
+    makeFolder(kFirefox + u"b2.other"_s);
+    select(kFirefox.chopped(1), {u"gone.profile"_s, u"a1.default"_s});
+    setAllKeys(true);
+
+    const QString profile = home.file(kFirefox + u"a1.default"_s);
+    EXPECT_EQ(run([&] { cleaners.Firefox20(); }), (QStringList{
+                                                       u"Firefox 2.0"_s,
+                                                       profile,
+                                                       u"Shred:"_s,
+                                                       profile + u"/sessionstore.js"_s,
+                                                       u"Shred:"_s,
+                                                       profile + u"/sessionstore.bak"_s,
+                                                       u"Shred:"_s,
+                                                       profile + u"/formhistory.dat"_s,
+                                                       u"Shred:"_s,
+                                                       profile + u"/signons2.txt"_s,
+                                                       u""_s,
+                                                       u""_s,
+                                                   }));
+    EXPECT_EQ(paths, (QStringList{profile + u"/sessionstore.js"_s, profile + u"/sessionstore.bak"_s,
+                                  profile + u"/formhistory.dat"_s, profile + u"/signons2.txt"_s}));
+
+    paths.clear();
+    setAllKeys(false);
+    const QStringList off = run([&] { cleaners.Firefox20(); });
+    EXPECT_EQ(off[8], u"Skip: Passwords file (did not parse for location since option is disabled)"_s);
+    EXPECT_TRUE(paths.isEmpty());
+
+    select(kFirefox.chopped(1), {});
+    EXPECT_EQ(run([&] { cleaners.Firefox20(); }), (QStringList{u"Firefox 2.0"_s, u"No profiles selected."_s, u""_s}));
+}
+
+TEST_F(MozillaCleanersTest, ThePasswordFileNameIsAPlainNameOfTheProfile)
+{
+    EXPECT_EQ(MozillaCleaners::passwordFileName("user_pref(\"signon.SignonFileName\", \"signons.txt\");"),
+              u"signons.txt"_s);
+    EXPECT_EQ(MozillaCleaners::passwordFileName("user_pref(\"signon.SignonFileName\",\"key3 \u00e9.db\")"),
+              u"key3 \u00e9.db"_s);
+    EXPECT_TRUE(MozillaCleaners::passwordFileName("user_pref(\"signon.rememberSignons\", true);").isNull());
+    EXPECT_TRUE(MozillaCleaners::passwordFileName("signon.SignonFileName").isNull());
+    EXPECT_TRUE(MozillaCleaners::passwordFileName("signon.SignonFileName\", 3);").isNull());
+    EXPECT_TRUE(MozillaCleaners::passwordFileName("user_pref(\"signon.SignonFileName\", \"../../Documents/a\");").isNull());
+    EXPECT_TRUE(MozillaCleaners::passwordFileName("user_pref(\"signon.SignonFileName\", \"..\");").isNull());
+    EXPECT_EQ(MozillaCleaners::passwordFileName("user_pref(\"signon.SignonFileName\", \"unterminated"), u"unterminated"_s);
+}
+
+TEST_F(MozillaCleanersTest, SaltFoldersMustBeExactlyOne)
+{
+    makeFolder(u"Library/Phoenix/Profiles/default/x1y2.slt"_s);
+    setAllKeys(true);
+    const QString salt = home.file(u"Library/Phoenix/Profiles/default/x1y2.slt"_s);
+    EXPECT_EQ(run([&] { cleaners.Firefox08(); }),
+              (QStringList{u"Firefox 0.8"_s, u"Shred:"_s, salt + u"/Cache"_s, u"Shred:"_s, salt + u"/history.dat"_s,
+                           u"Shred:"_s, salt + u"/downloads.rdf"_s, u""_s}));
+
+    paths.clear();
+    makeFolder(u"Library/Phoenix/Profiles/default/second.slt"_s);
+    EXPECT_EQ(run([&] { cleaners.Firefox08(); }),
+              (QStringList{u"Firefox 0.8"_s, u"Not exactly 1 Salt folder.  Profile Skipped."_s, u""_s}));
+    EXPECT_TRUE(paths.isEmpty());
+
+    EXPECT_EQ(run([&] { cleaners.Camino07(); }),
+              (QStringList{u"Camino 0.7"_s, u"No Camino 0.7 profile found.  Profile Skipped."_s, u""_s}));
+}
+
+TEST_F(MozillaCleanersTest, TheMozillaSuiteNeedsBothNamesEnabledAndItsOwnSelection)
+{
+    makeFolder(u"Library/Mozilla/Profiles/default/ab.slt"_s);
+    setAllKeys(true);
+    EXPECT_EQ(run([&] { cleaners.Mozilla(); }),
+              (QStringList{u"Mozilla 1.x and Netscape 7"_s, u"No profiles selected in the Profiles menu"_s, u""_s}));
+    EXPECT_EQ(run([&] { cleaners.SeaMonkey1(); }),
+              (QStringList{u"SeaMonkey 1.x"_s, u"No profiles selected in the Profiles menu"_s, u""_s}));
+
+    select(u"Library/Mozilla/Profiles"_s, {u"default"_s});
+    makeFolder(u"Library/Caches/Mozilla/Profiles/default"_s);
+    const QString salt = home.file(u"Library/Mozilla/Profiles/default/ab.slt"_s);
+    EXPECT_EQ(run([&] { cleaners.Mozilla(); }),
+              (QStringList{u"Mozilla 1.x and Netscape 7"_s, home.file(u"Library/Mozilla/Profiles/default"_s), u"Shred:"_s,
+                           salt + u"/Cache"_s, u"Shred:"_s, salt + u"/history.dat"_s, salt + u"/history.mab"_s,
+                           salt + u"/Netscape History"_s, u"Shred:"_s, salt + u"/downloads.rdf"_s, u""_s, u""_s}));
+    EXPECT_EQ(run([&] { cleaners.SeaMonkey1(); }),
+              (QStringList{u"SeaMonkey 1.x"_s, u"Shred:"_s, home.file(u"Library/Caches/Mozilla/Profiles/default"_s), u""_s}));
+
+    paths.clear();
+    context.setBrowserIsEnabledForTesting([](const QString& name) { return name != u"Netscape"_s; });
+    EXPECT_EQ(run([&] { cleaners.Mozilla(); }), (QStringList{u"Mozilla 1.x and Netscape 7"_s,
+                                                             u"Not enabled - check preferences to enable."_s, u""_s}));
+    EXPECT_TRUE(paths.isEmpty());
+}
+
+TEST_F(MozillaCleanersTest, FirefoxOneFiveHandlesCacheAndSupportFolders)
+{
+    makeFolder(u"Library/Caches/Firefox/Profiles/a1.default"_s);
+    makeFolder(kFirefox + u"a1.default"_s);
+    select(kFirefox.chopped(1), {u"a1.default"_s});
+    setAllKeys(true);
+    setKey(PreferenceKey::ShredCookies, false);
+    const QString cache = home.file(u"Library/Caches/Firefox/Profiles/a1.default"_s);
+    const QString support = home.file(kFirefox + u"a1.default"_s);
+    EXPECT_EQ(run([&] { cleaners.Firefox15(); }),
+              (QStringList{u"Firefox 1.5"_s, cache, u"Shred:"_s, cache + u"/Cache"_s, cache + u"/OfflineCache"_s,
+                           cache + u"/urlclassifier3.sqlite"_s, cache + u"/XPC.mfasl"_s, cache + u"/XUL.mfasl"_s, support,
+                           u"Skip:"_s, support + u"/cookies.txt"_s, u""_s, u""_s}));
+    EXPECT_EQ(paths.size(), 5);
+}
+
+TEST_F(MozillaCleanersTest, CaminoFixedPathsKeepTheirWording)
+{
+    setAllKeys(false);
+    EXPECT_EQ(run([&] { cleaners.Camino16(); }),
+              (QStringList{u"Camino 1.6"_s, u"Skip: ~/Library/Caches/org.mozilla.camino"_s,
+                           u"Skip: ~/Library/Application Support/Camino/downloads.plist"_s,
+                           u"Skip: ~/Library/Caches/Application Support/history.dat"_s, u""_s}));
+    setAllKeys(true);
+    const QString camino = home.file(u"Library/Application Support/Camino"_s);
+    EXPECT_EQ(run([&] { cleaners.Camino08(); }),
+              (QStringList{u"Camino 0.8"_s, u"Shred:"_s, camino + u"/Cache"_s, u"Shred:"_s, camino + u"/history.dat"_s,
+                           u"Shred:"_s, camino + u"/cookies.txt"_s, u""_s}));
+    EXPECT_EQ(run([&] { cleaners.Camino20(); }),
+              (QStringList{u"Camino 2.0"_s, u"Shred:"_s, camino + u"/cookies.sqlite"_s, u""_s}));
+}
+
+TEST_F(MozillaCleanersTest, FlockThreeFiveCleansEveryUserDataFolder)
+{
+    makeFolder(u"Library/Application Support/Flock/User Data"_s);
+    makeFolder(u"Library/Application Support/Flock/User Data 2"_s);
+    makeFolder(u"Library/Application Support/Flock/Profiles"_s);
+    setAllKeys(false);
+    const QStringList lines = run([&] { cleaners.Flock35(); });
+    EXPECT_EQ(lines.first(), u"Flock 3.5"_s);
+    EXPECT_EQ(lines.last(), QString());
+    EXPECT_EQ(lines.filter(u"/Caches/Flock/User Data/Default/Cache"_s).size(), 1);
+    EXPECT_EQ(lines.filter(u"/Caches/Flock/User Data 2/Default/Cache"_s).size(), 1);
+    EXPECT_TRUE(lines.filter(u"Profiles"_s).isEmpty());
+}
