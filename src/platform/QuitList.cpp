@@ -1,0 +1,39 @@
+#include "platform/QuitList.h"
+
+using namespace Qt::StringLiterals;
+
+namespace QuitList {
+
+const QList<Entry>& entries()
+{
+    static const QList<Entry> list{
+        {u"CHIM"_s, {u"Camino.app"_s, u"Chimera.app"_s}},
+        {u"CSOm"_s, {u"Eudora.app"_s, u"Eudora Application.app"_s}},
+        {u"FLKb"_s, {u"Flock.app"_s}},
+        {u"MOZB"_s, {u"Firefox.app"_s}},
+        {u"MOZM"_s, {u"Thunderbird.app"_s}},
+        {u"MOZZ"_s, {u"Mozilla.app"_s, u"SeaMonkey.app"_s, u"Netscape.app"_s}},
+        {u"MSIE"_s, {u"Internet Explorer.app"_s}},
+        {u"OPRA"_s, {u"Opera.app"_s}},
+        {u"OWEB"_s, {u"OmniWeb.app"_s}},
+        {u"ShiR"_s, {u"Shiira.app"_s}},
+        {u"emal"_s, {u"Mail.app"_s}},
+        {u"iCAB"_s, {u"iCab.app"_s}},
+        {u"rimZ"_s, {u"Google Chrome.app"_s}},
+        {u"sfri"_s, {u"Safari.app"_s}},
+    };
+    return list;
+}
+
+QString signatureForCommandLine(const QString& commandLine)
+{
+    for (const Entry& entry : entries()) {
+        for (const QString& bundle : entry.bundles) {
+            if (commandLine.contains(u'/' + bundle + u'/') || commandLine.startsWith(bundle + u'/'))
+                return entry.signature;
+        }
+    }
+    return {};
+}
+
+} // namespace QuitList

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+// The creator signatures of the applications a session-ending run asks to quit,
+// each with the application bundles that carry it.
+namespace QuitList {
+
+struct Entry {
+    QString signature;
+    QList<QString> bundles;  // e.g. "Safari.app"
+};
+
+const QList<Entry>& entries();
+
+// The signature of the listed application whose bundle a command line runs from, or a null string.
+QString signatureForCommandLine(const QString& commandLine);
+
+} // namespace QuitList

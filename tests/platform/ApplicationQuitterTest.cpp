@@ -1,0 +1,91 @@
+#include "platform/ApplicationQuitter.h"
+#include "platform/QuitList.h"
+#include "platform/linux/ProcApplicationQuitter.h"
+
+#include "support/TempHome.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QFile>
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class FakeQuitter final : public ApplicationQuitter {
+public:
+    int countOrQuitApplications(bool quit) override
+    {
+        (quit ? quitRequests : countRequests)++;
+        return quit ? running : (countRequests >= quitsAfterChecks ? 0 : running);
+    }
+    int running = 2;
+    int quitsAfterChecks = 1000;
+    int quitRequests = 0;
+    int countRequests = 0;
+};
+
+} // namespace
+
+TEST(QuitApplicationsAndWait, AsksOnceThenChecksEveryHalfSecondAtMostFiftyTimes)
+{
+    FakeQuitter stubborn;
+    int slept = 0;
+    EXPECT_EQ(quitApplicationsAndWait(stubborn, [&](int ms) { slept += ms; }), 2);
+    EXPECT_EQ(stubborn.quitRequests, 1);
+    EXPECT_EQ(stubborn.countRequests, 50);
+    EXPECT_EQ(slept, 25500);
+
+    FakeQuitter none;
+    none.running = 0;
+    slept = 0;
+    EXPECT_EQ(quitApplicationsAndWait(none, [&](int ms) { slept += ms; }), 0);
+    EXPECT_EQ(none.countRequests, 1);
+    EXPECT_EQ(slept, 500);
+
+    FakeQuitter slow;
+    slow.quitsAfterChecks = 3;
+    EXPECT_EQ(quitApplicationsAndWait(slow, [](int) {}), 0);
+    EXPECT_EQ(slow.countRequests, 3);
+}
+
+TEST(QuitList, FindsListedBundlesInCommandLines)
+{
+    EXPECT_EQ(QuitList::signatureForCommandLine(u"/Applications/Safari.app/Contents/MacOS/Safari -psn_0_1"_s), u"sfri"_s);
+    EXPECT_EQ(QuitList::signatureForCommandLine(u"/Applications/Google Chrome.app/Contents/MacOS/Google Chrome"_s),
+              u"rimZ"_s);
+    EXPECT_EQ(QuitList::signatureForCommandLine(u"/Applications/Mail.app/Contents/MacOS/Mail"_s), u"emal"_s);
+    EXPECT_TRUE(QuitList::signatureForCommandLine(u"/Applications/Postbox.app/Contents/MacOS/postbox"_s).isNull());
+    EXPECT_TRUE(QuitList::signatureForCommandLine(u"/usr/bin/vim NotSafari.app.txt"_s).isNull());
+    EXPECT_EQ(QuitList::entries().size(), 14);
+}
+
+TEST(ProcApplicationQuitter, CountsAndStopsTheUsersListedApplications)
+{
+    TempHome home;
+    // A stand-in for a browser: a program run from inside a Safari bundle.
+    const QString bundled = home.file(u"Applications/Safari.app/Contents/MacOS/Safari"_s);
+    const QString unlisted = home.file(u"Applications/Editor.app/Contents/MacOS/Editor"_s);
+    for (const QString& copy : {bundled, unlisted}) {
+        ASSERT_TRUE(QDir().mkpath(QFileInfo(copy).absolutePath()));
+        ASSERT_TRUE(QFile::copy(u"/bin/sleep"_s, copy));
+    }
+    QProcess browser;
+    QProcess editor;
+    browser.start(bundled, {u"60"_s});
+    editor.start(unlisted, {u"60"_s});
+    ASSERT_TRUE(browser.waitForStarted());
+    ASSERT_TRUE(editor.waitForStarted());
+
+    ProcApplicationQuitter quitter;
+    EXPECT_EQ(quitter.countOrQuitApplications(false), 1);
+    EXPECT_EQ(quitter.countOrQuitApplications(true), 1);
+    EXPECT_TRUE(browser.waitForFinished(5000));
+    EXPECT_EQ(quitter.countOrQuitApplications(false), 0);
+    EXPECT_EQ(editor.state(), QProcess::Running);
+    editor.kill();
+    editor.waitForFinished();
+}
