@@ -3,6 +3,7 @@
 #include <QLatin1StringView>
 #include <QMetaType>
 #include <QStringList>
+#include <QVariantMap>
 
 // The names of the notifications the parts of the program send one another.
 namespace Notifications {
@@ -10,7 +11,7 @@ namespace Notifications {
 inline constexpr QLatin1StringView VantleShreddingDoneNotification{"VantleShreddingDoneNotification"};
 // A custom process's paths are wanted: object {"process": name, "mPathArray": PathListRef}.
 inline constexpr QLatin1StringView VantleCustoShredNotification{"VantleCustoShredNotification"};
-// The custom-process status dictionary: object {"mCustomShredTHStatus": ...}.
+// The custom-process status dictionary: object {"mCustomShredTHStatus": StatusMapRef}.
 inline constexpr QLatin1StringView OrvickInitTHStatusNotification{"OrvickInitTHStatusNotification"};
 inline constexpr QLatin1StringView OrvickCopyAndClearTHStatusNotification{"OrvickCopyAndClearTHStatusNotification"};
 } // namespace Notifications
@@ -20,3 +21,10 @@ struct PathListRef {
     QStringList* paths = nullptr;
 };
 Q_DECLARE_METATYPE(PathListRef)
+
+// The watch's custom-process status handed through a notification, so that an
+// observer can fill or update it in place.
+struct StatusMapRef {
+    QVariantMap* status = nullptr;
+};
+Q_DECLARE_METATYPE(StatusMapRef)

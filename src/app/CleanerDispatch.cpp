@@ -1,0 +1,109 @@
+#include "app/CleanerDispatch.h"
+
+#include "cleaners/ChromeCleaners.h"
+#include "cleaners/CleanerContext.h"
+#include "cleaners/MozillaCleaners.h"
+#include "cleaners/SafariCleaners.h"
+#include "cleaners/SimpleCleaners.h"
+#include "core/ApplicationFlags.h"
+
+CleanerDispatch::CleanerDispatch(CleanerContext& context, const UserDefaults& defaults, CommandRunner& runner)
+    : mContext(context)
+    , mDefaults(defaults)
+    , mRunner(runner)
+{
+}
+
+void CleanerDispatch::run(qint32 customIsRunning, quint8& logoutShutdownRestart)
+{
+    SimpleCleaners simple(mContext);
+    SafariCleaners safari(mContext, &mRunner);
+    ChromeCleaners chrome(mContext);
+    MozillaCleaners mozilla(mContext, mDefaults, chrome);
+
+    const ApplicationFlags& running = mContext.mIsRunning;
+    const auto isRunning = [&](WatchedApp application) { return running[application] == 1; };
+    // Set when a counted group was passed over because its application runs.
+    bool skipped = customIsRunning != 0;
+    // Runs a counted group when its application does not run.
+    const auto group = [&](bool applicationRuns, const auto& cleaners) {
+        if (applicationRuns)
+            skipped = true;
+        else
+            cleaners();
+    };
+
+    if (customIsRunning == 0)
+        simple.CustomFiles();
+    group(isRunning(WatchedApp::ie), [&] { simple.IE51(); });
+    group(isRunning(WatchedApp::icab), [&] {
+        simple.iCab28();
+        simple.iCab30();
+        simple.iCab411();
+    });
+    group(isRunning(WatchedApp::omniweb), [&] {
+        simple.OmniWeb41();
+        simple.OmniWeb51();
+        simple.OmniWeb57();
+    });
+    group(isRunning(WatchedApp::opera), [&] {
+        simple.Opera50();
+        simple.Opera60();
+        simple.Opera70();
+        simple.Opera80();
+        simple.Opera90();
+        simple.Opera100();
+        simple.Opera110();
+        simple.Opera170();
+    });
+    group(isRunning(WatchedApp::safari), [&] {
+        safari.Safari10();
+        safari.Safari20Shiira12();
+        safari.Safari30();
+        safari.Safari40();
+        safari.Safari51();
+        safari.Safari60();
+    });
+    group(isRunning(WatchedApp::netscape) || isRunning(WatchedApp::mozilla) || isRunning(WatchedApp::seamonkey), [&] {
+        mozilla.Mozilla();
+        mozilla.SeaMonkey1();
+    });
+    group(isRunning(WatchedApp::camino), [&] {
+        mozilla.Camino07();
+        mozilla.Camino08();
+        mozilla.Camino10();
+        mozilla.Camino16();
+        mozilla.Camino20();
+    });
+    group(isRunning(WatchedApp::firefox), [&] {
+        mozilla.Firefox08();
+        mozilla.Firefox10();
+        mozilla.Firefox15();
+        mozilla.Firefox20();
+    });
+    group(isRunning(WatchedApp::shiira), [&] {
+        safari.Shiira12();
+        safari.Shiira20();
+        safari.Safari20Shiira12();
+    });
+    group(isRunning(WatchedApp::flock), [&] {
+        mozilla.Flock25();
+        mozilla.Flock35();
+    });
+    group(isRunning(WatchedApp::chrome), [&] {
+        chrome.Chrome40();
+        chrome.Chrome50();
+        chrome.Chrome170();
+        chrome.Chrome300();
+    });
+    group(isRunning(WatchedApp::seamonkey), [&] {
+        mozilla.SeaMonkey20cache();
+        mozilla.SeaMonkey20();
+    });
+    if (!skipped || logoutShutdownRestart == 1)
+        simple.PluginsCache();
+    if (logoutShutdownRestart == 1) {
+        logoutShutdownRestart = 0;
+        simple.QuicktimeCache();
+    }
+}

@@ -1,0 +1,139 @@
+#pragma once
+
+#include "core/ApplicationFlags.h"
+
+#include <QObject>
+#include <QStringList>
+#include <QTimer>
+#include <QVariantMap>
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+class ApplicationQuitter;
+class Bundle;
+class CommandRunner;
+class ControllerView;
+class FileAccess;
+class Preferences;
+class SessionEnd;
+class UserDefaults;
+
+// What the controller works with; owned by whoever builds it.
+struct ControllerServices {
+    Preferences& preferences;
+    UserDefaults& defaults;
+    ControllerView& view;
+    ApplicationQuitter& quitter;
+    SessionEnd& sessionEnd;
+    CommandRunner& runner;  // ps for the watch, killall for a cleaner
+    const Bundle& bundle;
+    std::function<void(int milliseconds)> sleepMilliseconds;
+    // Finds and reports but changes no file and erases nothing.
+    bool dryRun = false;
+};
+
+// The application's controller: start-up, the settings timer, the watch, and
+// the shred run in its three stages (confirmation on the main thread, the
+// finding thread that calls every cleaner, the shredding thread that erases).
+//
+// Lives on the main thread. The finding and shredding threads touch the view
+// only through the main thread. Shared flags are atomic; the run's stages never
+// overlap, which is what keeps the path lists safe without locks.
+class Controller : public QObject {
+    Q_OBJECT
+
+public:
+    enum ShutdownStatus : qint16 { None = 0, Logout = 1, Shutdown = 2, Restart = 3 };
+    enum class TerminateReply { Now, Later };
+
+    explicit Controller(ControllerServices services, QObject* parent = nullptr);
+    ~Controller() override;
+
+    void applicationDidFinishLaunching();
+    void HandleTimer();
+
+    // The commands that start a run.
+    void shred();
+    void shredAndNothing();
+    void shredAndLogout();
+    void shredAndShutdown();
+    void shredAndRestart();
+    // The end of the confirmation sheet: 1 cancels, anything else goes on.
+    void confirmSheetDidEnd(int returnCode);
+
+    TerminateReply applicationShouldTerminate();
+    void applicationWillTerminate();
+
+    // The watch's poll; without a timer it refreshes the state and the display
+    // but never starts a run.
+    void HandleTarnholdTimer(bool fromTimer);
+    void disableProcessDisplay();
+
+    // State, for the front ends and the tests.
+    bool isRunInProgress() const { return mAwaitingConfirmation.load() != 0 || mThreadCount.load() != 0; }
+    bool isWatchTimerActive() const { return mTarnholdTimerOn.load(); }
+    qint16 shutdownStatus() const { return mShutdownStatus.load(); }
+    const ApplicationFlags& isRunning() const { return mIsRunning; }
+    QVariantMap customStatus() const;
+    // Paths the last finding stage queued (a dry run keeps them here).
+    QStringList foundPaths() const;
+
+    // The thread functions, run on their own threads.
+    void HandleFindingThread();
+    void HandleThread();
+
+signals:
+    // Emitted on the main thread after every run's shredding stage (or when a run ends early).
+    void runFinished();
+
+private:
+    void startWatchTimer();
+    void stopWatchTimer();
+    void showTHStatusOnMainThread(const QString& text);
+    void showFailedKillOnMainThread(int count);
+    void ShredOnMainThread();
+    void enableShredButtonOnMainThread();
+    void hideOnMainThread();
+    void cancelRun();
+    bool CheckStatus();
+    void checkEnabled();
+    void callCleaners();
+    void view(std::function<void(ControllerView&)> call, bool wait = true);
+
+    ControllerServices mServices;
+    std::unique_ptr<FileAccess> fileAccessInstance;
+
+    QTimer mTimer;
+    QTimer tarnholdTimer;
+    std::atomic<bool> mTarnholdTimerOn{false};
+    std::atomic<qint16> tarnholdWasRunning{0};
+
+    mutable std::mutex mListsMutex;
+    // The custom-process status, shared with the custom-process manager through notifications.
+    mutable std::mutex mStatusMutex;
+    QStringList mPathArray;
+    QStringList mTouchArray;
+    QStringList mFoundPaths;
+
+    ApplicationFlags mWasRunning;
+    ApplicationFlags mIsRunning;
+    ApplicationFlags mIsEnabled;
+    QVariantMap mCustomShredTHStatus;
+    std::atomic<qint32> mCustomIsRunning{0};
+    std::atomic<qint32> mCustomWasRunning{0};
+    std::atomic<qint32> mCustomIsEnabled{0};
+
+    std::atomic<qint16> mThreadCount{0};
+    std::atomic<quint8> mAppNeedsToTerminate{0};
+    std::atomic<quint8> mAwaitingConfirmation{0};
+    std::atomic<qint16> mShutdownStatus{None};
+    std::atomic<quint8> mLogoutShutdownRestart{0};
+    std::atomic<quint8> mUserDidCancel{0};
+
+    std::thread mFindingThread;
+    std::thread mShreddingThread;
+};

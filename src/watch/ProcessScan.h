@@ -1,0 +1,42 @@
+#pragma once
+
+#include "core/ApplicationFlags.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+
+#include <array>
+
+// How the watch reads the user's process list: the watched applications'
+// patterns, the lines as a 2,047-byte line reader yields them, and the matching.
+namespace ProcessScan {
+
+struct WatchedPattern {
+    const char* pattern;  // a substring of the command line
+    WatchedApp flag;
+    const char16_t* enabledName;  // as the enabled-application list names it
+};
+
+// In match order: the first pattern a line contains wins.
+const std::array<WatchedPattern, kWatchedAppCount>& watchedPatterns();
+
+// The lines after the header, each cut at 2,046 bytes and without its last
+// character, exactly as reading the listing through a fixed buffer gives them.
+// Nothing when the listing is empty (not even a header).
+QList<QByteArray> listingLines(const QByteArray& listing);
+
+// The index of the first pattern the line contains, or -1; lines of the disk
+// image helper, the crash reporter and browser plug-in hosts match nothing.
+int matchApplication(const QByteArray& line);
+
+// Whether a line belongs to a custom process (only the disk image helper is excluded).
+bool matchesCustomProcess(const QByteArray& line, const QByteArray& key);
+
+// The arguments of ps that list the user's command lines in full.
+QStringList psArguments(const QString& login);
+
+// The login name, or the real user's name when there is no login terminal.
+QString loginName();
+
+} // namespace ProcessScan

@@ -1,0 +1,124 @@
+#pragma once
+
+#include "app/Controller.h"
+#include "core/Bundle.h"
+#include "core/ChildProcess.h"
+#include "platform/ApplicationQuitter.h"
+#include "platform/SessionEnd.h"
+#include "settings/PreferenceKeys.h"
+#include "settings/Preferences.h"
+#include "settings/SettingsPanelState.h"
+#include "settings/UserDefaults.h"
+#include "support/FakeLoginItem.h"
+#include "support/QtPrinters.h"
+#include "support/RecordingView.h"
+#include "support/TempHome.h"
+
+#include <QFile>
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <mutex>
+
+// The process listing the watch sees, and the other commands the run would start.
+class FakeCommands final : public CommandRunner {
+public:
+    ProcessResult run(const QString& program, const QStringList& arguments) override
+    {
+        std::lock_guard lock(mutex);
+        calls.append(QStringList{program} + arguments);
+        ProcessResult result;
+        result.started = true;
+        result.exitCode = 0;
+        if (program == QStringLiteral("ps"))
+            result.standardOutput = "COMMAND\n" + processes.join('\n') + '\n';
+        return result;
+    }
+
+    std::mutex mutex;
+    QList<QByteArray> processes;  // one command line each
+    QList<QStringList> calls;
+};
+
+class FakeQuitter final : public ApplicationQuitter {
+public:
+    int countOrQuitApplications(bool quit) override
+    {
+        if (quit)
+            ++quitRequests;
+        return running;
+    }
+    std::atomic<int> running{0};
+    std::atomic<int> quitRequests{0};
+};
+
+class RecordingSessionEnd final : public SessionEnd {
+public:
+    int sendSessionEndEvent(Action action) override
+    {
+        std::lock_guard lock(mutex);
+        events.append(eventId(action));
+        return 0;
+    }
+    std::mutex mutex;
+    QStringList events;
+};
+
+// A controller over a temporary home, with a recording view and fakes for
+// everything outside the program.
+class ControllerFixture : public ::testing::Test {
+protected:
+    ControllerFixture()
+        : defaults(UserDefaults::defaultFilePath())
+        , preferences(defaults, loginItem)
+    {
+    }
+
+    void set(QLatin1StringView key, const QVariant& value)
+    {
+        QVariantMap values = preferences.displayedValues();
+        values.insert(key, value);
+        preferences.miscChanged(panelStateFromValues(values));
+    }
+
+    Controller& controller(bool dryRun = false)
+    {
+        if (!mController) {
+            mController = std::make_unique<Controller>(ControllerServices{preferences, defaults, view, quitter, sessionEnd,
+                                                                          commands, Bundle::mainBundle(),
+                                                                          [](int) {}, dryRun});
+        }
+        return *mController;
+    }
+
+    // Starts a run and waits until it is over.
+    bool runAndWait(const std::function<void(Controller&)>& start)
+    {
+        QSignalSpy finished(&controller(), &Controller::runFinished);
+        start(controller());
+        return finished.count() > 0 || finished.wait(20000);
+    }
+
+    // The activity log without its time stamps.
+    QStringList logLines() const
+    {
+        QStringList lines;
+        for (const QByteArray& line : home.read(QStringLiteral("Library/Logs/Vantle X Log.txt")).split('\n'))
+            lines.append(QString::fromUtf8(line.mid(25)));
+        if (!lines.isEmpty() && lines.last().isEmpty())
+            lines.removeLast();
+        return lines;
+    }
+
+    TempHome home;
+    FakeLoginItem loginItem;
+    UserDefaults defaults;
+    Preferences preferences;
+    RecordingView view;
+    FakeQuitter quitter;
+    RecordingSessionEnd sessionEnd;
+    FakeCommands commands;
+    std::unique_ptr<Controller> mController;
+};

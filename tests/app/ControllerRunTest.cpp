@@ -1,0 +1,173 @@
+#include "app/ControllerFixture.h"
+
+#include "core/NotificationCenter.h"
+#include "core/Notifications.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QList<QByteArray> kEveryWatchedApplication{
+    "/Applications/Safari.app/Contents/MacOS/Safari", "/Applications/Internet Explorer.app/x",
+    "/Applications/Mozilla.app/x", "/Applications/Netscape.app/x", "/Applications/iCab.app/x",
+    "/Applications/Opera.app/x", "/Applications/OmniWeb.app/x", "/Applications/Mail.app/x",
+    "/Applications/Eudora.app/x", "/Applications/Postbox.app/x", "/Applications/Camino.app/x",
+    "/Applications/Firefox.app/x", "/Applications/Thunderbird.app/x", "/Applications/Shiira.app/x",
+    "/Applications/SeaMonkey.app/x", "/Applications/Flock.app/x", "/Applications/Google Chrome.app/x"};
+
+class ControllerRunTest : public ControllerFixture {
+protected:
+    ControllerRunTest()
+    {
+        set(PreferenceKey::ActivityLog, true);
+        set(PreferenceKey::ConfirmShredding, false);
+        set(PreferenceKey::Tarnhold, false);
+        set(PreferenceKey::NumberOfWrites, qint64(2));
+    }
+};
+
+} // namespace
+
+TEST_F(ControllerRunTest, ARunErasesWhatTheCleanersFoundAndLogsEveryStage)
+{
+    home.write(u"Library/Caches/Safari/cache.db"_s, "cached");
+    home.write(u"Library/Safari/Bookmarks.plist"_s, "kept");
+    int done = 0;
+    const auto token = NotificationCenter::defaultCenter().addObserver(Notifications::VantleShreddingDoneNotification,
+                                                                       [&](const QVariantMap&) { ++done; });
+    controller().applicationDidFinishLaunching();
+    ASSERT_TRUE(runAndWait([](Controller& c) { c.shredAndNothing(); }));
+    NotificationCenter::defaultCenter().removeObserver(token);
+
+    EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Safari"_s)));
+    EXPECT_EQ(home.read(u"Library/Safari/Bookmarks.plist"_s), "kept");
+    EXPECT_EQ(done, 1);
+    EXPECT_TRUE(view.allOnMainThread);
+    EXPECT_TRUE(view.shredButtonEnabled);
+    EXPECT_FALSE(controller().isRunInProgress());
+
+    const QStringList log = logLines();
+    ASSERT_GE(log.size(), 8);
+    EXPECT_EQ(log[0], u"Vantle v%1 (%2) Initiated"_s.arg(QStringLiteral(VANTLE_TEST_VERSION), u"1"_s));
+    EXPECT_EQ(log[1], QString());
+    EXPECT_EQ(log[2], u"User selected YES in Confirm dialog"_s);
+    EXPECT_EQ(log[3], QString());
+    EXPECT_TRUE(log.contains(u"Shred: ~/Library/Caches/Safari"_s));
+    const qsizetype start = log.indexOf(u"Start Shredding Now"_s);
+    ASSERT_GT(start, 0);
+    EXPECT_EQ(log.mid(log.size() - 2), (QStringList{QString(), u"Vantle Completed Successfully"_s}));
+    // The engine names each file it overwrites, by its random name.
+    EXPECT_GT(log.size() - start, 3);
+}
+
+TEST_F(ControllerRunTest, TheConfirmationNamesTheCategoriesAndCancelReturnsToIdle)
+{
+    set(PreferenceKey::ConfirmShredding, true);
+    set(PreferenceKey::ShredHistory, true);
+    view.confirmationAnswer.reset();
+    controller().applicationDidFinishLaunching();
+    controller().shredAndNothing();
+    ASSERT_EQ(view.sheets.size(), 1);
+    EXPECT_EQ(view.sheets[0], u"Vantle Confirmation: Are you sure you want to shred these items: "
+                              u"Browser Cache, Browser History, Mail Trash ?"_s);
+    EXPECT_FALSE(view.shredButtonEnabled);
+
+    controller().shred();  // a second command while the sheet is up does nothing
+    EXPECT_EQ(view.sheets.size(), 1);
+
+    view.pendingConfirmation(1);
+    EXPECT_FALSE(controller().isRunInProgress());
+    EXPECT_TRUE(view.shredButtonEnabled);
+    EXPECT_EQ(logLines().last(), u"User selected Cancel in Confirm dialog - Vantle Cancelled"_s);
+
+    // With no category at all the list is empty: two blanks before the question mark.
+    for (const QLatin1StringView key : {PreferenceKey::ShredCache, PreferenceKey::ShredHistory, PreferenceKey::ShredMailTrash})
+        set(key, false);
+    controller().shred();
+    EXPECT_EQ(view.sheets.last(), u"Vantle Confirmation: Are you sure you want to shred these items:  ?"_s);
+    view.pendingConfirmation(1);
+}
+
+TEST_F(ControllerRunTest, WithEveryApplicationRunningOnlyCustomProcessesAreAsked)
+{
+    commands.processes = kEveryWatchedApplication;
+    home.write(u"Library/Caches/Safari/cache.db"_s, "cached");
+    controller().applicationDidFinishLaunching();
+    ASSERT_TRUE(runAndWait([](Controller& c) { c.shred(); }));
+
+    const QStringList log = logLines();
+    EXPECT_TRUE(log.contains(u"Custom Processes"_s));
+    EXPECT_FALSE(log.contains(u"Safari"_s));
+    EXPECT_FALSE(log.contains(u"IE"_s));
+    EXPECT_FALSE(log.contains(u"Plugin Cache"_s));
+    EXPECT_EQ(log.last(), u"Nothing selected to shred"_s);
+    EXPECT_TRUE(QFileInfo::exists(home.file(u"Library/Caches/Safari/cache.db"_s)));
+}
+
+TEST_F(ControllerRunTest, ASessionEndingRunQuitsApplicationsFirstAndSendsItsEventOnce)
+{
+    controller().applicationDidFinishLaunching();
+    ASSERT_TRUE(runAndWait([](Controller& c) { c.shredAndRestart(); }));
+    EXPECT_EQ(quitter.quitRequests, 1);
+    EXPECT_EQ(sessionEnd.events, QStringList{u"rest"_s});
+    const QStringList log = logLines();
+    EXPECT_TRUE(log.contains(u"User selected Restart"_s));
+    EXPECT_TRUE(log.contains(u"Plugin Cache"_s));
+    EXPECT_TRUE(log.contains(u"Quicktime Cache"_s));
+
+    // The session did not end: a later plain shred sends the event again, as the
+    // session-end setting is only cleared by a shred with no session end, or a cancel.
+    ASSERT_TRUE(runAndWait([](Controller& c) { c.shred(); }));
+    EXPECT_EQ(sessionEnd.events, (QStringList{u"rest"_s, u"rest"_s}));
+    EXPECT_FALSE(logLines().contains(u"Quicktime Cache"_s));
+    ASSERT_TRUE(runAndWait([](Controller& c) { c.shredAndNothing(); }));
+    EXPECT_EQ(sessionEnd.events.size(), 2);
+}
+
+TEST_F(ControllerRunTest, ApplicationsThatDoNotQuitAreReportedAndCancelEndsTheRun)
+{
+    quitter.running = 2;
+    view.quitAlertAnswer = 1;
+    home.write(u"Library/Caches/Safari/cache.db"_s, "cached");
+    controller().applicationDidFinishLaunching();
+    ASSERT_TRUE(runAndWait([](Controller& c) { c.shredAndShutdown(); }));
+
+    ASSERT_EQ(view.alerts.size(), 1);
+    EXPECT_EQ(view.alerts[0], u"Vantle Quit Browsers: 2 Email or Browser Applications did not quit.  Please quit them and "
+                              u"click OK to continue.  If you continue without quitting those applicaitons some items "
+                              u"will not be shredded."_s);
+    EXPECT_EQ(logLines().last(), u"User selected Cancel in Quit Browsers dialog - Vantle Cancelled"_s);
+    EXPECT_TRUE(sessionEnd.events.isEmpty());
+    EXPECT_EQ(controller().shutdownStatus(), 0);
+    EXPECT_TRUE(QFileInfo::exists(home.file(u"Library/Caches/Safari/cache.db"_s)));
+
+    // "OK" goes on and erases what belongs to applications that did quit.
+    view.quitAlertAnswer = 0;
+    ASSERT_TRUE(runAndWait([](Controller& c) { c.shredAndShutdown(); }));
+    EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Safari/cache.db"_s)));
+    EXPECT_EQ(sessionEnd.events, QStringList{u"shut"_s});
+}
+
+TEST_F(ControllerRunTest, ADryRunFindsButChangesNothing)
+{
+    home.write(u"Library/Caches/Safari/cache.db"_s, "cached");
+    controller(true).applicationDidFinishLaunching();
+    ASSERT_TRUE(runAndWait([](Controller& c) { c.shred(); }));
+    EXPECT_TRUE(controller().foundPaths().contains(home.file(u"Library/Caches/Safari"_s)));
+    EXPECT_EQ(home.read(u"Library/Caches/Safari/cache.db"_s), "cached");
+    EXPECT_FALSE(logLines().contains(u"Start Shredding Now"_s));
+}
+
+TEST_F(ControllerRunTest, QuittingWaitsForTheShreddingStage)
+{
+    controller().applicationDidFinishLaunching();
+    EXPECT_EQ(controller().applicationShouldTerminate(), Controller::TerminateReply::Now);
+
+    // Once a quit was asked for, a new run is refused and the quit answered.
+    controller().shred();
+    EXPECT_EQ(logLines().first(), u"Vantle *not* Initiated - application needs to terminate"_s);
+    EXPECT_EQ(view.terminateReplies, QList<bool>{true});
+}
