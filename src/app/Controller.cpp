@@ -95,7 +95,7 @@ void Controller::stopWatchTimer()
     mTarnholdTimerOn = false;
 }
 
-void Controller::applicationDidFinishLaunching()
+void Controller::applicationDidFinishLaunching(bool startTimers)
 {
     ActivityLog::closeLog();
     mAppNeedsToTerminate = 0;
@@ -110,10 +110,11 @@ void Controller::applicationDidFinishLaunching()
         mServices.view.showWindow();
 
     mThreadCount = 0;
-    mTimer.start();
+    if (startTimers)
+        mTimer.start();
 
     tarnholdWasRunning = 0;
-    if (!watching) {
+    if (!watching || !startTimers) {
         mServices.view.setWatchStatusText(kWatchOff);
         disableProcessDisplay();
     } else {
@@ -189,7 +190,10 @@ void Controller::shred()
         mServices.view.setWatchStatusText(kWatchOff);
     }
 
-    ActivityLog::openRunLog(mServices.preferences.valueForKey(PreferenceKey::ActivityLog).toBool());
+    if (mServices.dryRun && mServices.dryRunLog)
+        ActivityLog::openConsoleLog(mServices.dryRunLog);
+    else
+        ActivityLog::openRunLog(mServices.preferences.valueForKey(PreferenceKey::ActivityLog).toBool());
 
     if (mThreadCount != 0) {
         ActivityLog::writeLogLine(u"Vantle *not* Initiated - thread already running"_s);

@@ -8,6 +8,7 @@
 #include <QVariantMap>
 
 #include <atomic>
+#include <cstdio>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -32,8 +33,10 @@ struct ControllerServices {
     CommandRunner& runner;  // ps for the watch, killall for a cleaner
     const Bundle& bundle;
     std::function<void(int milliseconds)> sleepMilliseconds;
-    // Finds and reports but changes no file and erases nothing.
+    // Finds and reports but changes no file and erases nothing; the run's log
+    // lines go to dryRunLog instead of the log file.
     bool dryRun = false;
+    FILE* dryRunLog = nullptr;
 };
 
 // The application's controller: start-up, the settings timer, the watch, and
@@ -53,7 +56,8 @@ public:
     explicit Controller(ControllerServices services, QObject* parent = nullptr);
     ~Controller() override;
 
-    void applicationDidFinishLaunching();
+    // Front ends that run one command and quit go without the timers.
+    void applicationDidFinishLaunching(bool startTimers = true);
     void HandleTimer();
 
     // The commands that start a run.

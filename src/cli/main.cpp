@@ -4,6 +4,7 @@
 #include "cli/PluginsCommands.h"
 #include "cli/PrefsCommands.h"
 #include "cli/ProfilesCommands.h"
+#include "cli/ShredCommand.h"
 #include "core/ProcessRandom.h"
 
 #include <QCoreApplication>
@@ -43,6 +44,7 @@ int main(int argc, char* argv[])
     addEraseCommand(app, action);
     addPluginsCommands(app, action);
     addProfilesCommands(app, action);
+    addShredCommand(app, action);
 
     try {
         app.parse(argc, argv);

@@ -180,16 +180,7 @@ void FileAccess::shredOneFile(const QByteArray& path)
 
 quint64 FileAccess::sizeInBytes(const QByteArray& path) const
 {
-    auto sizeOf = [](const QByteArray& item) -> quint64 {
-        struct stat info {};
-        if (::stat(item.constData(), &info) != 0 || S_ISDIR(info.st_mode))
-            return 0;
-        return quint64(info.st_size);
-    };
-    quint64 total = sizeOf(path);
-    for (const QByteArray& relative : FileTree::subpaths(path))
-        total += sizeOf(FileTree::join(path, relative));
-    return total;
+    return FileTree::sizeInBytes(path);
 }
 
 QByteArray FileAccess::moveAndRename(const QByteArray& path)

@@ -100,6 +100,20 @@ QByteArray lastComponent(const QByteArray& path)
     return clean.mid(clean.lastIndexOf('/') + 1);
 }
 
+quint64 sizeInBytes(const QByteArray& path)
+{
+    const auto sizeOf = [](const QByteArray& item) -> quint64 {
+        struct stat info {};
+        if (::stat(item.constData(), &info) != 0 || S_ISDIR(info.st_mode))
+            return 0;
+        return quint64(info.st_size);
+    };
+    quint64 total = sizeOf(path);
+    for (const QByteArray& relative : subpaths(path))
+        total += sizeOf(join(path, relative));
+    return total;
+}
+
 bool removeFileAtPath(const QByteArray& path, RemovalHandler& handler)
 {
     handler.fileManagerWillProcessPath(path);

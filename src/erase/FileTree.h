@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QtGlobal>
 
 #include <cstdint>
 
@@ -25,6 +26,9 @@ QByteArray parentOf(const QByteArray& path);
 QByteArray lastComponent(const QByteArray& path);
 // Without repeated or trailing slashes, "." or ".." components.
 QByteArray standardized(const QByteArray& path);
+
+// Bytes of every file at or below path, symbolic links followed, folders counting 0.
+quint64 sizeInBytes(const QByteArray& path);
 
 // The callbacks of a removal, in the order a file manager makes them.
 class RemovalHandler {

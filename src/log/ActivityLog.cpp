@@ -16,6 +16,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 std::atomic<FILE*> gLogStream{nullptr};
+// Whether closing the log closes its stream.
+std::atomic<bool> gOwnsStream{true};
 
 } // namespace
 
@@ -35,6 +37,7 @@ void openLog(const QString& path)
     if (stream == nullptr)
         return;
     ::chmod(nativePath.constData(), 0777);
+    gOwnsStream = true;
     gLogStream.store(stream);
 }
 
@@ -64,8 +67,16 @@ void writeLogLine(const QString& message)
 
 void closeLog()
 {
-    if (FILE* stream = gLogStream.exchange(nullptr))
+    FILE* stream = gLogStream.exchange(nullptr);
+    if (stream && gOwnsStream.load())
         std::fclose(stream);
+}
+
+void openConsoleLog(FILE* stream)
+{
+    closeLog();
+    gOwnsStream = false;
+    gLogStream = stream;
 }
 
 bool isLogOpen()

@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <cstdio>
+
 // The activity log: one process-wide text stream that a run writes its steps to,
 // one line each, prefixed by the local time. Usable from any thread; the run's
 // stages never write at the same time.
@@ -22,6 +24,10 @@ void writeLogLine(const QByteArray& message);
 void writeLogLine(const QString& message);
 
 void closeLog();
+
+// Sends the log lines to a stream the log does not own (a dry run shows them on
+// the terminal): closing the log leaves the stream open.
+void openConsoleLog(FILE* stream);
 bool isLogOpen();
 
 // The log at the start of a run: the previous one closed, the file created (with

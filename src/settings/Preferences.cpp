@@ -33,10 +33,20 @@ Preferences::~Preferences() = default;
 
 Preferences& Preferences::sharedInstance()
 {
+    {
+        std::lock_guard lock(gSharedMutex);
+        if (gShared)
+            return *gShared;
+    }
+    return createSharedInstance(UserDefaults::standardUserDefaults(), createPlatformLoginItem());
+}
+
+Preferences& Preferences::createSharedInstance(UserDefaults& defaults, std::unique_ptr<LoginItem> loginItem)
+{
     std::lock_guard lock(gSharedMutex);
     if (!gShared) {
-        gSharedLoginItem = createPlatformLoginItem();
-        gShared = std::make_unique<Preferences>(UserDefaults::standardUserDefaults(), *gSharedLoginItem);
+        gSharedLoginItem = std::move(loginItem);
+        gShared = std::make_unique<Preferences>(defaults, *gSharedLoginItem);
     }
     return *gShared;
 }

@@ -6,6 +6,7 @@
 #include <QStringList>
 #include <QVariantMap>
 
+#include <memory>
 #include <mutex>
 #include <optional>
 
@@ -28,6 +29,8 @@ public:
     // The one instance of the application, over the standard user defaults and
     // this system's login item; created on first use.
     static Preferences& sharedInstance();
+    // Makes the shared instance over these defaults and login item, unless it exists.
+    static Preferences& createSharedInstance(UserDefaults& defaults, std::unique_ptr<LoginItem> loginItem);
     static void resetSharedInstanceForTesting();
 
     // The shared instance's current value of key: bool or qint64, invalid for an unknown key.

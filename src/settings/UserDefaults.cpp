@@ -71,7 +71,8 @@ UserDefaults::UserDefaults(const QString& filePath)
 UserDefaults::~UserDefaults()
 {
     std::lock_guard lock(m_mutex);
-    m_settings->sync();
+    if (!m_readOnly)
+        m_settings->sync();
 }
 
 QString UserDefaults::filePath() const
@@ -83,6 +84,10 @@ QString UserDefaults::filePath() const
 QVariant UserDefaults::objectForKey(const QString& key) const
 {
     std::lock_guard lock(m_mutex);
+    if (m_changes.contains(key))
+        return m_changes.value(key);
+    if (m_removed.contains(key))
+        return {};
     return m_settings->value(key);
 }
 
@@ -136,18 +141,37 @@ QByteArray UserDefaults::dataForKey(const QString& key) const
 void UserDefaults::setObject(const QVariant& value, const QString& key)
 {
     std::lock_guard lock(m_mutex);
+    if (m_readOnly) {
+        m_removed.removeAll(key);
+        m_changes.insert(key, value);
+        return;
+    }
     m_settings->setValue(key, value);
 }
 
 void UserDefaults::removeObjectForKey(const QString& key)
 {
     std::lock_guard lock(m_mutex);
+    if (m_readOnly) {
+        m_changes.remove(key);
+        m_removed.append(key);
+        return;
+    }
     m_settings->remove(key);
 }
 
 bool UserDefaults::synchronize()
 {
     std::lock_guard lock(m_mutex);
+    if (m_readOnly)
+        return true;
     m_settings->sync();
     return m_settings->status() == QSettings::NoError;
+}
+
+void UserDefaults::setReadOnly()
+{
+    std::lock_guard lock(m_mutex);
+    m_settings->sync();
+    m_readOnly = true;
 }

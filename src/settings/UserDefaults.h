@@ -56,7 +56,13 @@ public:
     // file could not be read or written.
     bool synchronize();
 
+    // From now on changes stay in memory and the file is never written (a dry run).
+    void setReadOnly();
+
 private:
     mutable std::mutex m_mutex;
     std::unique_ptr<QSettings> m_settings;
+    bool m_readOnly = false;
+    QVariantMap m_changes;     // while read-only: values set since
+    QStringList m_removed;     // while read-only: keys removed since
 };

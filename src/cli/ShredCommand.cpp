@@ -1,0 +1,111 @@
+#include "cli/ShredCommand.h"
+
+#include "app/ApplicationModels.h"
+#include "app/Controller.h"
+#include "cli/InterruptWatcher.h"
+#include "cli/TerminalView.h"
+#include "core/Bundle.h"
+#include "core/ChildProcess.h"
+#include "erase/FileTree.h"
+#include "platform/SessionEnd.h"
+#include "platform/linux/ProcApplicationQuitter.h"
+#include "settings/Preferences.h"
+#include "settings/UserDefaults.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QFile>
+#include <QThread>
+
+#include <CLI/CLI.hpp>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct ShredOptions {
+    bool yes = false;
+    bool logout = false;
+    bool shutdown = false;
+    bool restart = false;
+    bool dryRun = false;
+    bool quiet = false;
+};
+
+// The queued paths that exist (the cleaners queue paths unseen), with their sizes.
+void printFoundPaths(const QStringList& paths)
+{
+    quint64 total = 0;
+    qsizetype existing = 0;
+    printLine(u"Would erase:"_s);
+    for (const QString& path : paths) {
+        const QByteArray native = QFile::encodeName(path);
+        if (!FileTree::exists(native))
+            continue;
+        const quint64 size = FileTree::sizeInBytes(native);
+        total += size;
+        ++existing;
+        printLine(u"%1  %2"_s.arg(size, 12).arg(path));
+    }
+    printLine(u"%1  bytes in %2 of the %3 paths queued (the others do not exist)"_s.arg(total, 12)
+                  .arg(existing)
+                  .arg(paths.size()));
+}
+
+int shred(const ShredOptions& options)
+{
+    ApplicationModels::create(options.dryRun);
+    TerminalView view({options.yes, !options.quiet, false, false});
+    ProcApplicationQuitter quitter;
+    const std::unique_ptr<SessionEnd> sessionEnd = createPlatformSessionEnd();
+    SystemCommandRunner runner;
+    Controller controller({Preferences::sharedInstance(), UserDefaults::standardUserDefaults(), view, quitter,
+                           *sessionEnd, runner, Bundle::mainBundle(),
+                           [](int milliseconds) { QThread::msleep(ulong(milliseconds)); }, options.dryRun, stdout});
+    controller.applicationDidFinishLaunching(false);
+
+    QEventLoop loop;
+    bool finished = false;
+    QObject::connect(&controller, &Controller::runFinished, &loop, [&] {
+        finished = true;
+        loop.quit();
+    });
+    // The first Ctrl-C asks to quit: a run under way finishes erasing first.
+    InterruptWatcher interrupts([&] {
+        if (controller.applicationShouldTerminate() == Controller::TerminateReply::Now)
+            loop.quit();
+    });
+
+    if (options.logout)
+        controller.shredAndLogout();
+    else if (options.shutdown)
+        controller.shredAndShutdown();
+    else if (options.restart)
+        controller.shredAndRestart();
+    else
+        controller.shredAndNothing();
+    if (!finished)
+        loop.exec();
+
+    if (options.dryRun && finished)
+        printFoundPaths(controller.foundPaths());
+    return finished && !view.userCancelled() ? 0 : 1;
+}
+
+} // namespace
+
+void addShredCommand(CLI::App& app, CommandAction& action)
+{
+    auto options = std::make_shared<ShredOptions>();
+    CLI::App* command = app.add_subcommand("shred", "Erase the traces of every enabled application that is not running");
+    command->add_flag("-y,--yes", options->yes, "Answer the confirmation with OK");
+    auto* logout = command->add_flag("--logout", options->logout, "Quit the browsers first, log out afterwards");
+    auto* shutdown = command->add_flag("--shutdown", options->shutdown, "Quit the browsers first, shut down afterwards");
+    auto* restart = command->add_flag("--restart", options->restart, "Quit the browsers first, restart afterwards");
+    logout->excludes(shutdown)->excludes(restart);
+    shutdown->excludes(restart);
+    command->add_flag("-n,--dry-run", options->dryRun,
+                      "Show what would be erased, with sizes, and change nothing on disk");
+    command->add_flag("-q,--quiet", options->quiet, "Show no progress bar");
+    command->callback([&action, options] { action = [options] { return shred(*options); }; });
+}

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "cli/CliOutput.h"
+
+namespace CLI {
+class App;
+}
+
+// shred [--yes] [--logout | --shutdown | --restart] [--dry-run] [--quiet]
+void addShredCommand(CLI::App& app, CommandAction& action);

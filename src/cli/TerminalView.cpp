@@ -1,0 +1,110 @@
+#include "cli/TerminalView.h"
+
+#include "watch/ProcessScan.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <iostream>
+#include <string>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void printErr(const QString& text)
+{
+    std::fputs(text.toUtf8().constData(), stderr);
+    std::fflush(stderr);
+}
+
+} // namespace
+
+TerminalView::TerminalView(Options options)
+    : m_options(options)
+{
+    std::fill(std::begin(m_labels), std::end(m_labels), LabelColor::LightGray);
+    if (m_options.showProgress && ::isatty(STDERR_FILENO))
+        m_progress = std::make_unique<TerminalProgress>(stderr);
+}
+
+void TerminalView::setProgressValue(double percent)
+{
+    if (m_progress)
+        m_progress->showProgress(percent);
+}
+
+void TerminalView::setItemText(const QString& text)
+{
+    if (m_progress)
+        m_progress->showFileName(text);
+}
+
+void TerminalView::endProgressLine()
+{
+    if (m_progress)
+        m_progress = std::make_unique<TerminalProgress>(stderr);  // the old bar ends its line
+}
+
+void TerminalView::setWatchStatusText(const QString& text)
+{
+    if (text == m_status)
+        return;
+    m_status = text;
+    if (m_options.printStatus)
+        std::fputs((text + u'\n').toUtf8().constData(), stdout), std::fflush(stdout);
+}
+
+void TerminalView::setApplicationLabelColor(WatchedApp application, LabelColor color)
+{
+    LabelColor& label = m_labels[std::size_t(application)];
+    if (label == color)
+        return;
+    label = color;
+    if (!m_options.printApplications)
+        return;
+    for (const auto& watched : ProcessScan::watchedPatterns()) {
+        if (watched.flag != application)
+            continue;
+        const QString state = color == LabelColor::Red ? u"running"_s
+                              : color == LabelColor::Green ? u"not running"_s
+                                                           : u"not watched"_s;
+        std::fputs(u"  %1: %2\n"_s.arg(QString::fromUtf16(watched.enabledName), state).toUtf8().constData(), stdout);
+        std::fflush(stdout);
+    }
+}
+
+int TerminalView::ask(const QString& title, const QString& message, const QString& question)
+{
+    endProgressLine();
+    printErr(u"%1\n%2\n"_s.arg(title, message));
+    if (!::isatty(STDIN_FILENO)) {
+        printErr(u"No terminal to answer on: Cancel.\n"_s);
+        return 1;
+    }
+    printErr(question + u" [y/N] "_s);
+    std::string answer;
+    if (!std::getline(std::cin, answer))
+        return 1;
+    const QString word = QString::fromStdString(answer).trimmed().toLower();
+    return word == u"y"_s || word == u"yes"_s ? 0 : 1;
+}
+
+void TerminalView::beginConfirmationSheet(const QString& title, const QString& message, std::function<void(int)> done)
+{
+    const int answer = m_options.assumeYes ? 0 : ask(title, message, u"Shred?"_s);
+    m_cancelled = m_cancelled || answer == 1;
+    done(answer);
+}
+
+int TerminalView::runQuitBrowsersAlert(const QString& title, const QString& message)
+{
+    const int answer = m_options.assumeYes ? 0 : ask(title, message, u"Continue?"_s);
+    m_cancelled = m_cancelled || answer == 1;
+    return answer;
+}
+
+void TerminalView::beep()
+{
+    printErr(u"\a"_s);
+}
