@@ -72,6 +72,9 @@ public:
     TerminateReply applicationShouldTerminate();
     void applicationWillTerminate();
 
+    // Ten seconds unless a demo or a test asks for quicker polls.
+    void setWatchInterval(int milliseconds) { tarnholdTimer.setInterval(milliseconds); }
+
     // The watch's poll; without a timer it refreshes the state and the display
     // but never starts a run.
     void HandleTarnholdTimer(bool fromTimer);

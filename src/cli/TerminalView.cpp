@@ -4,6 +4,7 @@
 
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdio>
 #include <iostream>
 #include <string>
@@ -83,8 +84,12 @@ int TerminalView::ask(const QString& title, const QString& message, const QStrin
         return 1;
     }
     printErr(question + u" [y/N] "_s);
+    // Ctrl-C while a question waits quits at once.
+    const auto previous = std::signal(SIGINT, SIG_DFL);
     std::string answer;
-    if (!std::getline(std::cin, answer))
+    const bool answered = static_cast<bool>(std::getline(std::cin, answer));
+    std::signal(SIGINT, previous);
+    if (!answered)
         return 1;
     const QString word = QString::fromStdString(answer).trimmed().toLower();
     return word == u"y"_s || word == u"yes"_s ? 0 : 1;
@@ -102,6 +107,12 @@ int TerminalView::runQuitBrowsersAlert(const QString& title, const QString& mess
     const int answer = m_options.assumeYes ? 0 : ask(title, message, u"Continue?"_s);
     m_cancelled = m_cancelled || answer == 1;
     return answer;
+}
+
+void TerminalView::replyToApplicationShouldTerminate(bool terminate)
+{
+    if (terminate && m_terminate)
+        m_terminate();
 }
 
 void TerminalView::beep()

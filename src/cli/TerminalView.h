@@ -34,7 +34,9 @@ public:
     void hideApplication() override {}
     void beginConfirmationSheet(const QString& title, const QString& message, std::function<void(int)> done) override;
     int runQuitBrowsersAlert(const QString& title, const QString& message) override;
-    void replyToApplicationShouldTerminate(bool) override {}
+    void replyToApplicationShouldTerminate(bool terminate) override;
+    // Called when a quit that waited for a run may go ahead.
+    void setTerminationHandler(std::function<void()> handler) { m_terminate = std::move(handler); }
     void beep() override;
 
     // Whether the user answered Cancel to a question of this run.
@@ -50,4 +52,5 @@ private:
     QString m_status;
     LabelColor m_labels[kWatchedAppCount];
     bool m_cancelled = false;
+    std::function<void()> m_terminate;
 };

@@ -1,10 +1,12 @@
 #include "cli/AppsCommands.h"
 #include "cli/CliOutput.h"
+#include "cli/CustomCommands.h"
 #include "cli/EraseCommand.h"
 #include "cli/PluginsCommands.h"
 #include "cli/PrefsCommands.h"
 #include "cli/ProfilesCommands.h"
 #include "cli/ShredCommand.h"
+#include "cli/WatchCommand.h"
 #include "core/ProcessRandom.h"
 
 #include <QCoreApplication>
@@ -45,6 +47,8 @@ int main(int argc, char* argv[])
     addPluginsCommands(app, action);
     addProfilesCommands(app, action);
     addShredCommand(app, action);
+    addWatchCommand(app, action);
+    addCustomCommands(app, action);
 
     try {
         app.parse(argc, argv);

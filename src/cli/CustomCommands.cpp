@@ -1,0 +1,115 @@
+#include "cli/CustomCommands.h"
+
+#include "watch/CustomShred.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <CLI/CLI.hpp>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct CustomOptions {
+    std::string process;
+    std::string path;
+    std::string state;
+};
+
+QString absolute(const std::string& path)
+{
+    return QFileInfo(QString::fromStdString(path)).absoluteFilePath();
+}
+
+int listCustom()
+{
+    const CustomShred& custom = CustomShred::createSharedInstance();
+    const QStringList processes = custom.processes();
+    if (processes.isEmpty())
+        printLine(u"No custom processes."_s);
+    for (const QString& process : processes) {
+        printLine(process);
+        for (const QVariant& item : custom.paths(process)) {
+            const QVariantMap entry = item.toMap();
+            const QString keep = entry.contains(u"keep"_s)
+                                     ? (entry.value(u"keep"_s).toBool() ? u"  (folder kept)"_s : u"  (folder)"_s)
+                                     : QString();
+            printLine(u"    "_s + entry.value(u"path"_s).toString() + keep);
+        }
+    }
+    return 0;
+}
+
+int addProcess(const CustomOptions& o)
+{
+    const QString process = absolute(o.process);
+    if (!CustomShred::createSharedInstance().addProcess(process))
+        return refuse(u"\"%1\" is watched already"_s.arg(process));
+    return 0;
+}
+
+int removeProcess(const CustomOptions& o)
+{
+    const QString process = absolute(o.process);
+    if (!CustomShred::createSharedInstance().deleteProcess(process))
+        return refuse(u"no custom process \"%1\""_s.arg(process));
+    return 0;
+}
+
+int addPath(const CustomOptions& o)
+{
+    CustomShred& custom = CustomShred::createSharedInstance();
+    const QString process = absolute(o.process);
+    const QString path = absolute(o.path);
+    if (!custom.processes().contains(process))
+        return refuse(u"no custom process \"%1\""_s.arg(process));
+    if (!custom.addPath(process, path))
+        return refuse(u"\"%1\" is listed for that process already"_s.arg(path));
+    return 0;
+}
+
+int removePath(const CustomOptions& o)
+{
+    const QString path = absolute(o.path);
+    if (!CustomShred::createSharedInstance().deletePath(absolute(o.process), path))
+        return refuse(u"\"%1\" is not listed for that process"_s.arg(path));
+    return 0;
+}
+
+int keep(const CustomOptions& o)
+{
+    const QString state = QString::fromStdString(o.state).toLower();
+    if (state != u"on"_s && state != u"off"_s)
+        return refuse(u"keep takes on or off, not \"%1\""_s.arg(QString::fromStdString(o.state)));
+    const QString path = absolute(o.path);
+    if (!CustomShred::createSharedInstance().setKeep(absolute(o.process), path, state == u"on"_s))
+        return refuse(u"\"%1\" is not a folder listed for that process"_s.arg(path));
+    return 0;
+}
+
+} // namespace
+
+void addCustomCommands(CLI::App& app, CommandAction& action)
+{
+    auto options = std::make_shared<CustomOptions>();
+    CLI::App* custom = app.add_subcommand("custom", "Show or change your own watched processes and their paths");
+    custom->require_subcommand(1);
+    custom->add_subcommand("list", "Every custom process with its paths")->callback([&action] { action = listCustom; });
+
+    const auto command = [&](const char* name, const char* description, int (*run)(const CustomOptions&),
+                             bool withPath, bool withState) {
+        CLI::App* sub = custom->add_subcommand(name, description);
+        sub->add_option("PROCESS", options->process, "The application (its full path)")->required();
+        if (withPath)
+            sub->add_option("PATH", options->path, "A file or folder")->required();
+        if (withState)
+            sub->add_option("STATE", options->state, "on or off")->required();
+        sub->callback([&action, options, run] { action = [options, run] { return run(*options); }; });
+    };
+    command("add-process", "Watch an application", addProcess, false, false);
+    command("remove-process", "Stop watching an application", removeProcess, false, false);
+    command("add-path", "Erase a file or folder when that application quits", addPath, true, false);
+    command("remove-path", "No longer erase that file or folder", removePath, true, false);
+    command("keep", "Re-create a folder, empty, after each run", keep, true, true);
+}

@@ -1,0 +1,70 @@
+#include "cli/WatchCommand.h"
+
+#include "app/ApplicationModels.h"
+#include "app/Controller.h"
+#include "cli/InterruptWatcher.h"
+#include "cli/TerminalView.h"
+#include "core/Bundle.h"
+#include "core/ChildProcess.h"
+#include "platform/SessionEnd.h"
+#include "platform/linux/ProcApplicationQuitter.h"
+#include "settings/PreferenceKeys.h"
+#include "settings/Preferences.h"
+#include "settings/UserDefaults.h"
+
+#include <QEventLoop>
+#include <QThread>
+
+#include <CLI/CLI.hpp>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct WatchOptions {
+    bool yes = false;
+    bool verbose = false;
+    double interval = 10;
+};
+
+int watch(const WatchOptions& options)
+{
+    if (options.interval <= 0 || options.interval > 3600)
+        return refuse(u"--interval takes a number of seconds from above 0 to 3600"_s);
+    ApplicationModels::create(false);
+    if (!Preferences::sharedInstance().valueForKey(PreferenceKey::Tarnhold).toBool())
+        return refuse(u"the Tarnhold watch is off (vantle-cli prefs set Tarnhold YES turns it on)"_s);
+
+    TerminalView view({options.yes, true, true, options.verbose});
+    ProcApplicationQuitter quitter;
+    const std::unique_ptr<SessionEnd> sessionEnd = createPlatformSessionEnd();
+    SystemCommandRunner runner;
+    Controller controller({Preferences::sharedInstance(), UserDefaults::standardUserDefaults(), view, quitter,
+                           *sessionEnd, runner, Bundle::mainBundle(),
+                           [](int milliseconds) { QThread::msleep(ulong(milliseconds)); }});
+    controller.setWatchInterval(int(options.interval * 1000));
+
+    QEventLoop loop;
+    view.setTerminationHandler([&loop] { loop.quit(); });
+    // Ctrl-C stops the watch; a run under way finishes erasing first.
+    InterruptWatcher interrupts([&] {
+        if (controller.applicationShouldTerminate() == Controller::TerminateReply::Now)
+            loop.quit();
+    });
+    controller.applicationDidFinishLaunching();
+    loop.exec();
+    controller.applicationWillTerminate();
+    return 0;
+}
+
+} // namespace
+
+void addWatchCommand(CLI::App& app, CommandAction& action)
+{
+    auto options = std::make_shared<WatchOptions>();
+    CLI::App* command = app.add_subcommand("watch", "Run the Tarnhold watch: erase when a watched application quits");
+    command->add_flag("-y,--yes", options->yes, "Answer the confirmation of each run with OK");
+    command->add_flag("-v,--verbose", options->verbose, "Show every application's state as it changes");
+    command->add_option("--interval", options->interval, "Seconds between polls (default 10; for tests and demos)");
+    command->callback([&action, options] { action = [options] { return watch(*options); }; });
+}
