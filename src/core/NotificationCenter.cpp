@@ -4,8 +4,9 @@
 
 NotificationCenter& NotificationCenter::defaultCenter()
 {
-    static NotificationCenter center;
-    return center;
+    // Never destroyed: observers that go away during the program's exit may still unregister.
+    static NotificationCenter* const center = new NotificationCenter;
+    return *center;
 }
 
 NotificationCenter::Token NotificationCenter::addObserver(const QString& name, Observer observer)
