@@ -2,14 +2,12 @@
 
 #include "app/Controller.h"
 #include "core/Bundle.h"
-#include "core/ChildProcess.h"
-#include "platform/ApplicationQuitter.h"
-#include "platform/SessionEnd.h"
 #include "settings/PreferenceKeys.h"
 #include "settings/Preferences.h"
 #include "settings/SettingsPanelState.h"
 #include "settings/UserDefaults.h"
 #include "support/FakeLoginItem.h"
+#include "support/FakePlatform.h"
 #include "support/QtPrinters.h"
 #include "support/RecordingView.h"
 #include "support/TempHome.h"
@@ -18,53 +16,6 @@
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
-
-#include <atomic>
-#include <mutex>
-
-// The process listing the watch sees, and the other commands the run would start.
-class FakeCommands final : public CommandRunner {
-public:
-    ProcessResult run(const QString& program, const QStringList& arguments) override
-    {
-        std::lock_guard lock(mutex);
-        calls.append(QStringList{program} + arguments);
-        ProcessResult result;
-        result.started = true;
-        result.exitCode = 0;
-        if (program == QStringLiteral("ps"))
-            result.standardOutput = "COMMAND\n" + processes.join('\n') + '\n';
-        return result;
-    }
-
-    std::mutex mutex;
-    QList<QByteArray> processes;  // one command line each
-    QList<QStringList> calls;
-};
-
-class FakeQuitter final : public ApplicationQuitter {
-public:
-    int countOrQuitApplications(bool quit) override
-    {
-        if (quit)
-            ++quitRequests;
-        return running;
-    }
-    std::atomic<int> running{0};
-    std::atomic<int> quitRequests{0};
-};
-
-class RecordingSessionEnd final : public SessionEnd {
-public:
-    int sendSessionEndEvent(Action action) override
-    {
-        std::lock_guard lock(mutex);
-        events.append(eventId(action));
-        return 0;
-    }
-    std::mutex mutex;
-    QStringList events;
-};
 
 // A controller over a temporary home, with a recording view and fakes for
 // everything outside the program.
@@ -86,9 +37,9 @@ protected:
     Controller& controller(bool dryRun = false)
     {
         if (!mController) {
-            mController = std::make_unique<Controller>(ControllerServices{preferences, defaults, view, quitter, sessionEnd,
-                                                                          commands, Bundle::mainBundle(),
-                                                                          [](int) {}, dryRun});
+            mController = std::make_unique<Controller>(
+                ControllerServices{preferences, defaults, view, quitter, sessionEnd, commands,
+                                   Bundle::mainBundle(), [](int) {}, dryRun});
         }
         return *mController;
     }

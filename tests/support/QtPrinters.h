@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QVariant>
 
 #include <ostream>
 
@@ -17,4 +18,13 @@ inline void PrintTo(const QStringList& list, std::ostream* out)
     for (const QString& text : list)
         *out << "  \"" << text.toStdString() << "\"\n";
     *out << "}";
+}
+
+inline void PrintTo(const QVariant& value, std::ostream* out)
+{
+    if (!value.isValid()) {
+        *out << "(no value)";
+        return;
+    }
+    *out << value.typeName() << '(' << value.toString().toStdString() << ')';
 }

@@ -1,7 +1,10 @@
 #include "support/TempHome.h"
 
+#include "settings/PluginManager.h"
 #include "settings/Preferences.h"
+#include "settings/ProfilesManager.h"
 #include "settings/UserDefaults.h"
+#include "watch/CustomShred.h"
 
 #include <QDir>
 #include <QFile>
@@ -11,8 +14,12 @@
 
 namespace {
 
+// The shared objects hold on to the standard defaults, so they go first.
 void dropSharedSettings()
 {
+    CustomShred::resetSharedInstanceForTesting();
+    PluginManager::resetSharedInstanceForTesting();
+    ProfilesManager::resetSharedInstanceForTesting();
     Preferences::resetSharedInstanceForTesting();
     UserDefaults::resetStandardUserDefaultsForTesting();
 }
