@@ -1,0 +1,216 @@
+#include "gui/CustomProcessesPane.h"
+
+#include "gui/OpenPanel.h"
+#include "gui/PaneNote.h"
+#include "settings/PluginManager.h"
+#include "watch/CustomShred.h"
+
+#include <QCheckBox>
+#include <QDir>
+#include <QFileInfo>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QPushButton* button(const QString& title, const char* name, QWidget* parent)
+{
+    auto* added = new QPushButton(title, parent);
+    added->setObjectName(QLatin1StringView(name));
+    added->setAutoDefault(false);
+    return added;
+}
+
+QString selectedValue(const QListWidget* list)
+{
+    const QList<QListWidgetItem*> selected = list->selectedItems();
+    return selected.isEmpty() ? QString() : selected.first()->data(Qt::UserRole).toString();
+}
+
+// Refills list with (shown text, value) rows unless it shows them already; the
+// selected value stays selected.
+void fill(QListWidget* list, const QList<std::pair<QString, QString>>& rows)
+{
+    QList<std::pair<QString, QString>> current;
+    for (int row = 0; row < list->count(); ++row)
+        current.append({list->item(row)->text(), list->item(row)->data(Qt::UserRole).toString()});
+    if (current == rows)
+        return;
+    const QString selected = selectedValue(list);
+    const QSignalBlocker quiet(list);
+    list->clear();
+    for (const auto& [text, value] : rows) {
+        auto* item = new QListWidgetItem(text, list);
+        item->setData(Qt::UserRole, value);
+        item->setToolTip(value);
+        item->setSelected(value == selected);
+    }
+}
+
+} // namespace
+
+CustomProcessesPane::CustomProcessesPane(CustomShred& custom, std::function<void()> beep, QWidget* parent)
+    : QWidget(parent)
+    , m_custom(custom)
+    , m_beep(std::move(beep))
+{
+    m_processTable = new QListWidget(this);
+    m_processTable->setObjectName(u"mProcessTableView"_s);
+    m_addProcess = button(u"Add…"_s, "mAddProcessButton", this);
+    m_deleteProcess = button(u"Remove"_s, "mDeleteProcessButton", this);
+    auto* processButtons = new QHBoxLayout;
+    processButtons->addWidget(m_addProcess);
+    processButtons->addWidget(m_deleteProcess);
+    processButtons->addStretch();
+    auto* processGroup = new QGroupBox(u"Applications to watch"_s, this);
+    auto* processLayout = new QVBoxLayout(processGroup);
+    processLayout->addWidget(m_processTable);
+    processLayout->addLayout(processButtons);
+
+    m_pathTable = new QListWidget(this);
+    m_pathTable->setObjectName(u"mPathTableView"_s);
+    m_addPath = button(u"Add…"_s, "mAddPathButton", this);
+    m_deletePath = button(u"Remove"_s, "mDeletePathButton", this);
+    m_keepThisPath = new QCheckBox(u"Keep the folder: re-create it empty after shredding"_s, this);
+    m_keepThisPath->setObjectName(u"mKeepThisPathCheckbox"_s);
+    auto* pathButtons = new QHBoxLayout;
+    pathButtons->addWidget(m_addPath);
+    pathButtons->addWidget(m_deletePath);
+    pathButtons->addStretch();
+    auto* pathGroup = new QGroupBox(u"Erased when the selected application quits"_s, this);
+    auto* pathLayout = new QVBoxLayout(pathGroup);
+    pathLayout->addWidget(m_pathTable);
+    pathLayout->addWidget(m_keepThisPath);
+    pathLayout->addLayout(pathButtons);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(processGroup, 1);
+    layout->addWidget(pathGroup, 1);
+    layout->addWidget(
+        paneNote(u"The Tarnhold watch shreds these files and folders when the application quits."_s, this));
+
+    connect(m_addProcess, &QPushButton::clicked, this, &CustomProcessesPane::addProcess);
+    connect(m_deleteProcess, &QPushButton::clicked, this, &CustomProcessesPane::deleteProcess);
+    connect(m_addPath, &QPushButton::clicked, this, &CustomProcessesPane::addPath);
+    connect(m_deletePath, &QPushButton::clicked, this, &CustomProcessesPane::deletePath);
+    connect(m_keepThisPath, &QCheckBox::clicked, this, &CustomProcessesPane::toggleKeepThisPath);
+    connect(m_processTable, &QListWidget::itemSelectionChanged, this, &CustomProcessesPane::showPaths);
+    connect(m_pathTable, &QListWidget::itemSelectionChanged, this,
+            &CustomProcessesPane::tableViewSelectionDidChange);
+    connect(&m_custom, &CustomShred::processesChanged, this, &CustomProcessesPane::showProcesses);
+    showProcesses();
+}
+
+QString CustomProcessesPane::selectedProcess() const
+{
+    return selectedValue(m_processTable);
+}
+
+QString CustomProcessesPane::selectedPath() const
+{
+    return selectedValue(m_pathTable);
+}
+
+void CustomProcessesPane::addProcess()
+{
+    OpenPanel::Options options;
+    options.title = u"Select application to monitor"_s;
+    options.prompt = u"Select"_s;
+    options.message = u"Please select an application to monitor."_s;
+    options.directory = QDir::homePath();
+    OpenPanel::begin(window(), options, [this](const QStringList& paths) {
+        if (paths.isEmpty())
+            return;
+        if (!m_custom.addProcess(paths.first())) {
+            m_beep();
+            return;
+        }
+        for (int row = 0; row < m_processTable->count(); ++row)
+            m_processTable->item(row)->setSelected(m_processTable->item(row)->data(Qt::UserRole) ==
+                                                   paths.first());
+    });
+}
+
+void CustomProcessesPane::deleteProcess()
+{
+    const QString process = selectedProcess();
+    if (!process.isEmpty())
+        m_custom.deleteProcess(process);
+}
+
+void CustomProcessesPane::addPath()
+{
+    if (selectedProcess().isEmpty()) {
+        m_beep();
+        return;
+    }
+    OpenPanel::Options options;
+    options.title = u"Select item to shred"_s;
+    options.prompt = u"Select"_s;
+    options.message = u"Please select an item to shred."_s;
+    options.directory = QDir::homePath();
+    options.chooseFolders = true;
+    options.showHiddenFiles = true;
+    OpenPanel::begin(window(), options, [this](const QStringList& paths) {
+        if (paths.isEmpty())
+            return;
+        const QString process = selectedProcess();
+        if (process.isEmpty() || !m_custom.addPath(process, paths.first()))
+            m_beep();
+    });
+}
+
+void CustomProcessesPane::deletePath()
+{
+    if (selectedProcess().isEmpty() || !m_custom.deletePath(selectedProcess(), selectedPath()))
+        m_beep();
+}
+
+void CustomProcessesPane::toggleKeepThisPath(bool keep)
+{
+    m_custom.setKeep(selectedProcess(), selectedPath(), keep);
+}
+
+void CustomProcessesPane::showProcesses()
+{
+    QList<std::pair<QString, QString>> rows;
+    for (const QString& process : m_custom.processes())
+        rows.append({QFileInfo(process).fileName(), process});
+    fill(m_processTable, rows);
+    showPaths();
+}
+
+void CustomProcessesPane::showPaths()
+{
+    QList<std::pair<QString, QString>> rows;
+    for (const QVariant& entry : m_custom.paths(selectedProcess())) {
+        const QString path = entry.toMap().value(u"path"_s).toString();
+        rows.append({PluginManager::abbreviateTilde(path), path});
+    }
+    fill(m_pathTable, rows);
+    tableViewSelectionDidChange();
+}
+
+void CustomProcessesPane::tableViewSelectionDidChange()
+{
+    const bool haveProcess = !selectedProcess().isEmpty();
+    const QString path = selectedPath();
+    m_deleteProcess->setEnabled(haveProcess);
+    m_addPath->setEnabled(haveProcess);
+    m_deletePath->setEnabled(!path.isEmpty());
+
+    // Only folders can be kept; a file's entry has no keep flag.
+    QVariant keep;
+    for (const QVariant& entry : m_custom.paths(selectedProcess())) {
+        const QVariantMap map = entry.toMap();
+        if (map.value(u"path"_s).toString() == path)
+            keep = map.value(u"keep"_s);
+    }
+    m_keepThisPath->setEnabled(keep.isValid());
+    m_keepThisPath->setChecked(keep.toBool());
+}

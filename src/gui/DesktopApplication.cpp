@@ -1,0 +1,190 @@
+#include "gui/DesktopApplication.h"
+
+#include "app/Controller.h"
+#include "core/Bundle.h"
+#include "gui/AboutBox.h"
+#include "gui/AlertSheet.h"
+#include "gui/ApplicationMenus.h"
+#include "gui/MainWindow.h"
+#include "gui/QuitSheet.h"
+#include "gui/SettingsWindow.h"
+#include "gui/WatchPanel.h"
+#include "settings/PluginManager.h"
+#include "settings/PreferenceKeys.h"
+#include "settings/Preferences.h"
+#include "settings/ProfilesManager.h"
+#include "settings/UserDefaults.h"
+#include "watch/CustomShred.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QEvent>
+#include <QIcon>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr bool kHasDock =
+#ifdef Q_OS_MACOS
+    true;
+#else
+    false;
+#endif
+
+} // namespace
+
+DesktopApplication::DesktopApplication(DesktopPlatform platform, bool startHidden, QObject* parent)
+    : QObject(parent)
+    , m_platform(std::move(platform))
+    , m_startHidden(startHidden)
+{
+    UserDefaults& defaults = UserDefaults::standardUserDefaults();
+    Preferences& preferences = Preferences::sharedInstance();
+    m_window = std::make_unique<MainWindow>(defaults, m_platform.beep);
+    m_controller = std::make_unique<Controller>(
+        ControllerServices{preferences, defaults, *m_window, m_platform.quitter, m_platform.sessionEnd,
+                           m_platform.runner, m_platform.bundle, m_platform.sleepMilliseconds});
+    CustomShred& custom = *CustomShred::sharedInstance();
+    m_settings = std::make_unique<SettingsWindow>(
+        SettingsWindow::Models{preferences, *ProfilesManager::sharedInstance(),
+                               *PluginManager::sharedInstance(), custom},
+        m_platform.beep);
+    m_menus = std::make_unique<ApplicationMenus>(*m_window, !kHasDock && m_platform.canHideWindows);
+
+    connect(m_window.get(), &MainWindow::shredClicked, this, [this] { m_controller->shred(); });
+    connect(m_window.get(), &MainWindow::hideRequested, this, &DesktopApplication::hideApplication);
+    connect(m_window.get(), &MainWindow::closeRequested, this, &DesktopApplication::windowCloseRequested);
+    connect(m_window.get(), &MainWindow::terminationReplied, this, [this](bool terminate) {
+        if (terminate)
+            finishTermination();
+    });
+
+    const ApplicationMenus& menus = *m_menus;
+    connect(menus.about(), &QAction::triggered, this,
+            [this] { AboutBox::show(m_window.get(), m_platform.bundle); });
+    connect(menus.settings(), &QAction::triggered, this, [this] { m_settings->showPanel(); });
+    connect(menus.quit(), &QAction::triggered, this, &DesktopApplication::reallyQuit);
+    connect(menus.shredAndNothing(), &QAction::triggered, this, [this] { m_controller->shredAndNothing(); });
+    connect(menus.shredAndLogout(), &QAction::triggered, this, [this] { m_controller->shredAndLogout(); });
+    connect(menus.shredAndShutdown(), &QAction::triggered, this,
+            [this] { m_controller->shredAndShutdown(); });
+    connect(menus.shredAndRestart(), &QAction::triggered, this, [this] { m_controller->shredAndRestart(); });
+    connect(&menus, &ApplicationMenus::openUrlRequested, this,
+            [this](const QUrl& url) { m_platform.openUrl(url); });
+    connect(&menus, &ApplicationMenus::showHideRequested, this, &DesktopApplication::showHideWindow);
+
+    const auto showConfigured = [this, &custom] {
+        m_window->watchPanel().setCustomConfiguredCount(int(custom.processes().size()));
+    };
+    connect(&custom, &CustomShred::processesChanged, this, showConfigured);
+    showConfigured();
+
+#ifdef Q_OS_MACOS
+    // Coming back to the application (its Dock icon, say) brings the main window back.
+    connect(qApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
+        if (state == Qt::ApplicationActive && !m_terminated)
+            m_window->showWindow();
+    });
+#endif
+    // The system's own quit request (the Dock's Quit, the end of the session)
+    // takes the same way as the Quit command's final step.
+    qApp->installEventFilter(this);
+}
+
+DesktopApplication::~DesktopApplication()
+{
+    qApp->removeEventFilter(this);
+}
+
+QIcon DesktopApplication::applicationIcon(const Bundle& bundle)
+{
+    QIcon icon;
+    const QDir icons(QDir(bundle.resourcePath()).filePath(u"icons"_s));
+    for (const QString& file : icons.entryList({u"vantle-*.png"_s}, QDir::Files))
+        icon.addFile(icons.filePath(file));
+    return icon;
+}
+
+void DesktopApplication::start()
+{
+    m_controller->applicationDidFinishLaunching();
+    // A login item asks to start hidden.
+    if (m_startHidden)
+        hideApplication();
+}
+
+bool DesktopApplication::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == qApp && event->type() == QEvent::Quit) {
+        terminate();
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void DesktopApplication::reallyQuit()
+{
+    if (!Preferences::sharedInstance().valueForKey(PreferenceKey::Tarnhold).toBool()) {
+        terminate();
+        return;
+    }
+    m_window->showWindow();
+    AlertSheet::begin(m_window.get(), QuitSheet::alert(),
+                      [this](int returnCode) { handleQuitSheet(returnCode); });
+}
+
+void DesktopApplication::handleQuitSheet(int returnCode)
+{
+    if (returnCode == AlertSheet::DefaultReturn)
+        hideApplication();
+    else if (returnCode == AlertSheet::AlternateReturn)
+        terminate();
+}
+
+void DesktopApplication::terminate()
+{
+    if (m_terminated)
+        return;
+    if (m_controller->applicationShouldTerminate() == Controller::TerminateReply::Later)
+        return; // the shredding thread answers when it ends
+    finishTermination();
+}
+
+void DesktopApplication::finishTermination()
+{
+    if (m_terminated)
+        return;
+    m_terminated = true;
+    m_window->saveFrame();
+    m_controller->applicationWillTerminate();
+    m_platform.exitEventLoop();
+}
+
+void DesktopApplication::hideApplication()
+{
+    m_settings->hide();
+    if (m_platform.canHideWindows)
+        m_window->hide();
+    else
+        m_window->showMinimized();
+}
+
+void DesktopApplication::showHideWindow()
+{
+    if (m_window->isVisible() && !m_window->isMinimized())
+        hideApplication();
+    else
+        m_window->showWindow();
+}
+
+void DesktopApplication::windowCloseRequested()
+{
+    // The watch goes on with the window closed wherever the window can be had
+    // back; elsewhere closing it is quitting.
+    if (m_platform.canHideWindows)
+        m_window->hide();
+    else
+        reallyQuit();
+}

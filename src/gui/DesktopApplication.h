@@ -1,0 +1,63 @@
+#pragma once
+
+#include "gui/DesktopPlatform.h"
+
+#include <QObject>
+
+#include <memory>
+
+class ApplicationMenus;
+class Bundle;
+class Controller;
+class MainWindow;
+class QIcon;
+class SettingsWindow;
+
+// The desktop application: the controller with the main window as its view,
+// the settings window, the menus, and quitting (the quit sheet while the
+// Tarnhold watch is on, and a quit that waits for a run to finish erasing).
+// The shared settings objects must exist before it is made.
+//
+// Lives on the main thread.
+class DesktopApplication : public QObject {
+    Q_OBJECT
+
+public:
+    DesktopApplication(DesktopPlatform platform, bool startHidden, QObject* parent = nullptr);
+    ~DesktopApplication() override;
+
+    // The application icon from the bundle's icons folder.
+    static QIcon applicationIcon(const Bundle& bundle);
+
+    // The end of launching: the window shows (or not) and the timers start.
+    void start();
+
+    Controller& controller() const { return *m_controller; }
+    MainWindow& mainWindow() const { return *m_window; }
+    SettingsWindow& settingsWindow() const { return *m_settings; }
+    ApplicationMenus& menus() const { return *m_menus; }
+
+    // The Quit command: at once with the watch off, else after the quit sheet.
+    void reallyQuit();
+    void handleQuitSheet(int returnCode);
+    // Quits unless a run is erasing, in which case the run's end quits.
+    void terminate();
+
+    void hideApplication();
+    void showHideWindow();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void finishTermination();
+    void windowCloseRequested();
+
+    DesktopPlatform m_platform;
+    bool m_startHidden;
+    std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<Controller> m_controller;
+    std::unique_ptr<SettingsWindow> m_settings;
+    std::unique_ptr<ApplicationMenus> m_menus;
+    bool m_terminated = false;
+};

@@ -1,0 +1,194 @@
+#include "gui/GuiFixture.h"
+#include "gui/WatchPanel.h"
+#include "watch/CustomShred.h"
+
+#include <QCheckBox>
+#include <QDir>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Color = ControllerView::LabelColor;
+
+class MainWindowTest : public GuiFixture {
+protected:
+    QPushButton* shredButton() { return window().findChild<QPushButton*>(u"mShredButton"_s); }
+    QProgressBar* progressBar()
+    {
+        return window().findChild<QProgressBar*>(u"mShreddingProgressIndicator"_s);
+    }
+    QString itemText() { return window().findChild<QLabel*>(u"mItemTextField"_s)->toolTip(); }
+    QLabel* label(const QString& name) { return window().findChild<QLabel*>(name); }
+    QColor colorOf(const QString& name) { return label(name)->palette().color(QPalette::WindowText); }
+    QString statusText() { return label(u"tarnholdStatusTextbox"_s)->text(); }
+};
+
+} // namespace
+
+TEST_F(MainWindowTest, TheShredButtonAsksFirstReturnCancelsAndOkErases)
+{
+    home.write(u"Library/Caches/Safari/cache.db"_s, "cached");
+    home.write(u"Library/Safari/Bookmarks.plist"_s, "kept");
+    app();
+    set(PreferenceKey::ActivityLog, true);
+    set(PreferenceKey::NumberOfWrites, qint64(2));
+    ASSERT_TRUE(window().isVisible());
+
+    QTest::mouseClick(shredButton(), Qt::LeftButton);
+    QMessageBox* sheet = openAlert(u"Vantle Confirmation"_s);
+    ASSERT_NE(sheet, nullptr);
+    EXPECT_EQ(sheet->text(), u"Are you sure you want to shred these items: Browser Cache, Mail Trash ?"_s);
+    EXPECT_EQ(sheet->window()->parentWidget(), &window());
+    EXPECT_EQ(sheet->windowModality(), Qt::WindowModal);
+    EXPECT_FALSE(shredButton()->isEnabled());
+
+    QSignalSpy finished(&controller(), &Controller::runFinished);
+    QTest::keyClick(sheet, Qt::Key_Return);
+    ASSERT_TRUE(finished.count() > 0 || finished.wait(5000));
+    EXPECT_EQ(home.read(u"Library/Caches/Safari/cache.db"_s), "cached");
+    EXPECT_TRUE(logLines().contains(u"User selected Cancel in Confirm dialog - Vantle Cancelled"_s));
+    EXPECT_TRUE(shredButton()->isEnabled());
+    EXPECT_EQ(progressBar()->maximum(), 100);
+    EXPECT_EQ(itemText(), QString());
+
+    QTest::mouseClick(shredButton(), Qt::LeftButton);
+    sheet = openAlert(u"Vantle Confirmation"_s);
+    ASSERT_NE(sheet, nullptr);
+    ASSERT_TRUE(waitForRun([&] { QTest::mouseClick(buttonOf(sheet, u"OK"_s), Qt::LeftButton); }));
+    EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Safari"_s)));
+    EXPECT_EQ(home.read(u"Library/Safari/Bookmarks.plist"_s), "kept");
+    EXPECT_TRUE(logLines().contains(u"Vantle Completed Successfully"_s));
+    EXPECT_TRUE(shredButton()->isEnabled());
+}
+
+TEST_F(MainWindowTest, TheBarIsBusyWhileFindingAndCountsWhileShredding)
+{
+    home.write(u"Library/Caches/Safari/cache.db"_s, QByteArray(3 << 20, 'c'));
+    app();
+    set(PreferenceKey::ConfirmShredding, false);
+    set(PreferenceKey::NumberOfWrites, qint64(2));
+
+    QList<int> values;
+    QObject::connect(progressBar(), &QProgressBar::valueChanged, progressBar(),
+                     [&](int value) { values.append(value); });
+    QSignalSpy finished(&controller(), &Controller::runFinished);
+    QTest::mouseClick(shredButton(), Qt::LeftButton);
+    // Without a confirmation the finding stage starts at once; its end is queued.
+    EXPECT_EQ(progressBar()->maximum(), 0);
+    EXPECT_EQ(itemText(), u"Finding items that need shredding"_s);
+    ASSERT_TRUE(finished.wait(20000));
+
+    EXPECT_TRUE(std::any_of(values.cbegin(), values.cend(), [](int v) { return v > 0 && v < 100; }));
+    EXPECT_EQ(progressBar()->maximum(), 100);
+    EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Safari"_s)));
+}
+
+TEST_F(MainWindowTest, TheWatchPaintsEachApplicationsLabelAndCountsTheCustomProcesses)
+{
+    const QString editor = home.file(u"Applications/Editor.app"_s);
+    commands.processes = {"/Applications/OmniWeb.app/Contents/MacOS/OmniWeb",
+                          "/Applications/Safari.app/Contents/MacOS/Safari",
+                          QFile::encodeName(editor) + "/Contents/MacOS/Editor"};
+    app();
+    CustomShred::sharedInstance()->addProcess(editor);
+    CustomShred::sharedInstance()->addProcess(home.file(u"Applications/Other.app"_s));
+    EXPECT_EQ(label(u"mTHCustomConfigured"_s)->text(), u"2"_s);
+
+    controller().HandleTarnholdTimer(false);
+    EXPECT_EQ(statusText(), u"A supported browser or email application is running..."_s);
+    EXPECT_EQ(colorOf(u"mTHSafari"_s), WatchPanel::colorFor(Color::Red));
+    EXPECT_EQ(colorOf(u"mTHOmniweb"_s), WatchPanel::colorFor(Color::Red));
+    EXPECT_EQ(colorOf(u"mTHOpera"_s), WatchPanel::colorFor(Color::Green));
+    EXPECT_EQ(colorOf(u"mTHFirefox"_s), WatchPanel::colorFor(Color::Green));
+    EXPECT_EQ(label(u"mTHCustomRunning"_s)->text(), u"1"_s);
+    EXPECT_EQ(colorOf(u"mTHCustomRunning"_s), WatchPanel::colorFor(Color::Red));
+    EXPECT_EQ(label(u"mTHCustomStopped"_s)->text(), u"1"_s);
+
+    // An application that is not enabled is grey whatever its state.
+    QCheckBox* safari = settingsPane(u"Applications"_s).findChild<QCheckBox*>(u"Safari"_s);
+    toggle(safari);
+    controller().HandleTarnholdTimer(false);
+    EXPECT_EQ(colorOf(u"mTHSafari"_s), WatchPanel::colorFor(Color::LightGray));
+    EXPECT_EQ(colorOf(u"mTHShiira"_s), WatchPanel::colorFor(Color::LightGray));
+    EXPECT_EQ(colorOf(u"mTHChrome"_s), WatchPanel::colorFor(Color::Green));
+
+    // The watch switched off greys every label at the next settings tick.
+    toggle(settingsPane(u"General"_s).findChild<QCheckBox*>(u"Tarnhold"_s));
+    controller().HandleTimer();
+    EXPECT_EQ(statusText(), u"Not enabled. Use preferences to enable..."_s);
+    for (const char* name : {"mTHOmniweb", "mTHOpera", "mTHSeaMonkey", "mTHChrome"})
+        EXPECT_EQ(colorOf(QLatin1StringView(name)), WatchPanel::colorFor(Color::LightGray)) << name;
+}
+
+TEST_F(MainWindowTest, TheLabelsStandInTheirFixedOrder)
+{
+    const auto* grid = window().findChild<WatchPanel*>()->findChild<QGridLayout*>();
+    ASSERT_NE(grid, nullptr);
+    QStringList names;
+    for (int i = 0; i < grid->count(); ++i)
+        names.append(grid->itemAt(i)->widget()->objectName());
+    EXPECT_EQ(names, (QStringList{u"mTHSafari"_s, u"mTHExplorer"_s, u"mTHMozilla"_s, u"mTHNetscape"_s,
+                                  u"mTHiCab"_s, u"mTHOmniweb"_s, u"mTHOpera"_s, u"mTHMail"_s, u"mTHEudora"_s,
+                                  u"mTHPostbox"_s, u"mTHCamino"_s, u"mTHFirefox"_s, u"mTHThunderbird"_s,
+                                  u"mTHShiira"_s, u"mTHFlock"_s, u"mTHChrome"_s, u"mTHSeaMonkey"_s}));
+}
+
+TEST_F(MainWindowTest, StartingWithTheWatchOffSaysSoAndGreysEveryLabel)
+{
+    storedDefaults().setBool(false, PreferenceKey::Tarnhold);
+    app();
+    EXPECT_EQ(statusText(), u"Not enabled. Use preferences to enable..."_s);
+    EXPECT_EQ(colorOf(u"mTHSafari"_s), WatchPanel::colorFor(Color::LightGray));
+    EXPECT_FALSE(controller().isWatchTimerActive());
+}
+
+TEST_F(MainWindowTest, TheWindowShowsAtStartUnlessAnAgentOrHiddenAfterShreddingWithTheWatch)
+{
+    struct Case {
+        const char* name;
+        QByteArray uiElement;
+        bool hideAfterShredding;
+        bool watch;
+        bool loginItemHidden;
+        bool shown;
+    };
+    const Case cases[] = {
+        {"plain", "0", false, true, false, true},
+        {"agent", "1", false, false, false, false},
+        {"hide with watch", "0", true, true, false, false},
+        {"hide without watch", "0", true, false, false, true},
+        {"login item hidden", "0", false, true, true, false},
+    };
+    for (const Case& c : cases) {
+        TempHome caseHome;
+        const QString resources = caseHome.file(u"Resources"_s);
+        caseHome.write(u"Resources/Info.plist"_s,
+                       "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>"
+                       "<key>LSUIElement</key><string>" +
+                           c.uiElement + "</string></dict></plist>\n");
+        bundle = std::make_unique<Bundle>(resources, resources);
+        storedDefaults().setBool(c.hideAfterShredding, PreferenceKey::HideAfterShredding);
+        storedDefaults().setBool(c.watch, PreferenceKey::Tarnhold);
+        startHidden = c.loginItemHidden;
+        EXPECT_EQ(window().isVisible(), c.shown) << c.name;
+        mApp.reset();
+    }
+}
+
+TEST_F(MainWindowTest, TheWindowsFrameIsKeptUnderItsAutosaveName)
+{
+    app();
+    window().resize(window().width() + 120, window().height() + 40);
+    const QSize size = window().size();
+    // Stored once the resizing settles.
+    EXPECT_TRUE(QTest::qWaitFor([&] { return saved(u"NSWindow Frame My Window"_s).isValid(); }, 3000));
+
+    mApp.reset();
+    EXPECT_EQ(window().size(), size);
+}

@@ -1,0 +1,214 @@
+#include "gui/ApplicationMenus.h"
+#include "gui/GuiFixture.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <QProgressBar>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kQuitMessage =
+    u"Quitting Vantle will interrupt Tarnhold watch and Vantle will not run automatically when "
+    u"you quit from your web browser or email application. Would you prefer to hide Vantle in "
+    u"the Dock?"_s;
+
+class MenusTest : public GuiFixture {
+protected:
+    QAction* dockAction(const QString& text)
+    {
+        for (QAction* action : app().menus().dockMenu()->actions()) {
+            if (action->text() == text)
+                return action;
+        }
+        return nullptr;
+    }
+    QMenu* menuBarMenu(const QString& title)
+    {
+        for (QAction* action : window().menuBar()->actions()) {
+            if (action->text().remove(u'&') == title)
+                return action->menu();
+        }
+        return nullptr;
+    }
+    void useBundle(const QByteArray& version, const QByteArray& build)
+    {
+        home.write(u"Resources/Info.plist"_s,
+                   "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>"
+                   "<key>CFBundleShortVersionString</key><string>" +
+                       version +
+                       "</string>"
+                       "<key>CFBundleVersion</key><string>" +
+                       build +
+                       "</string>"
+                       "<key>LSUIElement</key><string>0</string></dict></plist>\n");
+        bundle = std::make_unique<Bundle>(home.file(u"Resources"_s), home.file(u"Resources"_s));
+    }
+};
+
+} // namespace
+
+TEST_F(MenusTest, QuitWithTheWatchOffQuitsAtOnce)
+{
+    storedDefaults().setBool(false, PreferenceKey::Tarnhold);
+    app().menus().quit()->trigger();
+    EXPECT_EQ(exits, 1);
+    EXPECT_EQ(openAlert(u"Quit"_s, 200), nullptr);
+}
+
+TEST_F(MenusTest, TheQuitSheetHidesQuitsOrCancels)
+{
+    app().menus().quit()->trigger();
+    QMessageBox* sheet = openAlert(u"Quit"_s);
+    ASSERT_NE(sheet, nullptr);
+    EXPECT_EQ(sheet->text(), kQuitMessage);
+    EXPECT_EQ(sheet->windowModality(), Qt::WindowModal);
+    EXPECT_EQ(sheet->defaultButton()->text(), u"Hide"_s);
+    ASSERT_NE(buttonOf(sheet, u"Quit"_s), nullptr);
+
+    QTest::mouseClick(buttonOf(sheet, u"Cancel"_s), Qt::LeftButton);
+    QTest::qWait(0);
+    EXPECT_EQ(exits, 0);
+    EXPECT_TRUE(window().isVisible());
+    EXPECT_TRUE(controller().isWatchTimerActive());
+
+    // Escape cancels too; Return hides.
+    app().menus().quit()->trigger();
+    QTest::keyClick(openAlert(u"Quit"_s), Qt::Key_Escape);
+    QTest::qWait(0);
+    EXPECT_TRUE(window().isVisible());
+    app().menus().quit()->trigger();
+    QTest::keyClick(openAlert(u"Quit"_s), Qt::Key_Return);
+    QTest::qWait(0);
+    EXPECT_EQ(exits, 0);
+    EXPECT_FALSE(window().isVisible());
+
+    app().menus().quit()->trigger();
+    QTest::mouseClick(buttonOf(openAlert(u"Quit"_s), u"Quit"_s), Qt::LeftButton);
+    QTest::qWait(0);
+    EXPECT_EQ(exits, 1);
+}
+
+TEST_F(MenusTest, QuittingWhileARunErasesWaitsForItsEnd)
+{
+    home.write(u"Library/Caches/Safari/cache.db"_s, QByteArray(3 << 20, 'c'));
+    storedDefaults().setBool(false, PreferenceKey::Tarnhold);
+    storedDefaults().setBool(false, PreferenceKey::ConfirmShredding);
+    storedDefaults().setInteger(2, PreferenceKey::NumberOfWrites);
+    int exitsWhileErasing = -1;
+    auto* bar = window().findChild<QProgressBar*>();
+    QObject::connect(bar, &QProgressBar::valueChanged, bar, [&](int value) {
+        if (value > 0 && exitsWhileErasing < 0) {
+            app().menus().quit()->trigger();
+            exitsWhileErasing = exits;
+        }
+    });
+    ASSERT_TRUE(waitForRun([&] { app().menus().shredAndNothing()->trigger(); }));
+    EXPECT_EQ(exitsWhileErasing, 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return exits == 1; }, 3000));
+    EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Safari"_s)));
+}
+
+TEST_F(MenusTest, TheSystemsOwnQuitRequestSkipsTheSheet)
+{
+    app();
+    QEvent quit(QEvent::Quit);
+    QCoreApplication::sendEvent(qApp, &quit);
+    EXPECT_EQ(exits, 1);
+}
+
+TEST_F(MenusTest, TheTrayMenuShredsAndEndsTheSessionAndShowsOrHidesTheWindow)
+{
+    storedDefaults().setBool(false, PreferenceKey::ConfirmShredding);
+    storedDefaults().setBool(true, PreferenceKey::ActivityLog);
+    QStringList titles;
+    for (QAction* action : app().menus().dockMenu()->actions())
+        titles.append(action->text());
+    titles.removeAll(QString()); // separators
+    EXPECT_EQ(titles, (QStringList{u"Show Vantle X"_s, u"Shred"_s, u"Shred and Log Out"_s,
+                                   u"Shred and Shut Down"_s, u"Shred and Restart"_s, u"Quit Vantle X"_s}));
+
+    ASSERT_TRUE(waitForRun([&] { dockAction(u"Shred and Restart"_s)->trigger(); }));
+    EXPECT_EQ(quitter.quitRequests, 1);
+    EXPECT_EQ(sessionEnd.events, QStringList{u"rest"_s});
+    EXPECT_TRUE(logLines().contains(u"User selected Restart"_s));
+
+    ASSERT_TRUE(waitForRun([&] { dockAction(u"Shred and Log Out"_s)->trigger(); }));
+    ASSERT_TRUE(waitForRun([&] { dockAction(u"Shred and Shut Down"_s)->trigger(); }));
+    EXPECT_EQ(sessionEnd.events, (QStringList{u"rest"_s, u"rlgo"_s, u"shut"_s}));
+
+    // A plain shred after them ends no session.
+    ASSERT_TRUE(waitForRun([&] { dockAction(u"Shred"_s)->trigger(); }));
+    EXPECT_EQ(sessionEnd.events.size(), 3);
+    EXPECT_EQ(quitter.quitRequests, 3);
+
+    ASSERT_TRUE(window().isVisible());
+    emit app().menus().dockMenu()->aboutToShow();
+    dockAction(u"Hide Vantle X"_s)->trigger();
+    EXPECT_FALSE(window().isVisible());
+    emit app().menus().dockMenu()->aboutToShow();
+    dockAction(u"Show Vantle X"_s)->trigger();
+    EXPECT_TRUE(window().isVisible());
+}
+
+TEST_F(MenusTest, CancelInTheQuitBrowsersAlertEndsTheRunWithoutEndingTheSession)
+{
+    home.write(u"Library/Caches/Safari/cache.db"_s, "cached");
+    storedDefaults().setBool(false, PreferenceKey::ConfirmShredding);
+    storedDefaults().setBool(true, PreferenceKey::ActivityLog);
+    quitter.running = 2;
+    QString message;
+    onAlert(u"Vantle Quit Browsers"_s, [&](QMessageBox* alert) {
+        message = alert->text();
+        EXPECT_EQ(alert->defaultButton()->text(), u"Cancel"_s);
+        QTest::keyClick(alert, Qt::Key_Return);
+    });
+    ASSERT_TRUE(waitForRun([&] { app().menus().shredAndShutdown()->trigger(); }));
+    EXPECT_EQ(
+        message,
+        u"2 Email or Browser Applications did not quit.  Please quit them and click OK to continue.  If "
+        u"you continue without quitting those applicaitons some items will not be shredded."_s);
+    EXPECT_TRUE(logLines().contains(u"User selected Cancel in Quit Browsers dialog - Vantle Cancelled"_s));
+    EXPECT_TRUE(sessionEnd.events.isEmpty());
+    EXPECT_EQ(home.read(u"Library/Caches/Safari/cache.db"_s), "cached");
+
+    // OK goes on without the applications that stayed.
+    onAlert(u"Vantle Quit Browsers"_s,
+            [](QMessageBox* alert) { QTest::mouseClick(buttonOf(alert, u"OK"_s), Qt::LeftButton); });
+    ASSERT_TRUE(waitForRun([&] { app().menus().shredAndShutdown()->trigger(); }));
+    EXPECT_EQ(sessionEnd.events, QStringList{u"shut"_s});
+}
+
+TEST_F(MenusTest, HelpOpensSupportMailTheQuestionsAndTheDownloads)
+{
+    QMenu* help = menuBarMenu(u"Help"_s);
+    ASSERT_NE(help, nullptr);
+    for (QAction* action : help->actions())
+        action->trigger();
+    ASSERT_EQ(openedUrls.size(), 3);
+    EXPECT_EQ(openedUrls[0].scheme(), u"mailto"_s);
+    EXPECT_EQ(openedUrls[0].query(QUrl::FullyEncoded), u"subject=Vantle%20X"_s);
+    EXPECT_EQ(openedUrls[1].scheme(), u"https"_s);
+    EXPECT_TRUE(openedUrls[1].path().contains(u"faq"_s));
+    EXPECT_TRUE(openedUrls[2].path().contains(u"download"_s));
+}
+
+TEST_F(MenusTest, AboutShowsTheVersionAndBuildOfTheBundle)
+{
+    useBundle("2.5.1", "77");
+    app().menus().about()->trigger();
+    QMessageBox* about = openAlert(u"About Vantle X"_s);
+    ASSERT_NE(about, nullptr);
+    EXPECT_TRUE(about->text().contains(u"Version 2.5.1 (77)"_s));
+}
+
+TEST_F(MenusTest, TheSettingsCommandShowsTheSettingsWindow)
+{
+    EXPECT_FALSE(app().settingsWindow().isVisible());
+    app().menus().settings()->trigger();
+    EXPECT_TRUE(app().settingsWindow().isVisible());
+    EXPECT_EQ(app().menus().settings()->shortcut(), QKeySequence(u"Ctrl+,"_s));
+}
