@@ -1,5 +1,6 @@
 #include "support/TempHome.h"
 
+#include "settings/HTML5Manager.h"
 #include "settings/Preferences.h"
 #include "settings/UserDefaults.h"
 
@@ -14,6 +15,7 @@ namespace {
 void dropSharedSettings()
 {
     Preferences::resetSharedInstanceForTesting();
+    HTML5Manager::resetSharedInstanceForTesting();
     UserDefaults::resetStandardUserDefaultsForTesting();
 }
 
