@@ -7,6 +7,8 @@
 #include "cleaners/SimpleCleaners.h"
 #include "core/ApplicationFlags.h"
 
+using namespace Qt::StringLiterals;
+
 CleanerDispatch::CleanerDispatch(CleanerContext& context, const UserDefaults& defaults, CommandRunner& runner)
     : mContext(context)
     , mDefaults(defaults)
@@ -61,6 +63,7 @@ void CleanerDispatch::run(qint32 customIsRunning, quint8& logoutShutdownRestart)
         safari.Safari20Shiira12();
         safari.Safari30();
         safari.Safari40();
+        safari.Safari50();
         safari.Safari51();
         safari.Safari60();
     });
@@ -74,12 +77,14 @@ void CleanerDispatch::run(qint32 customIsRunning, quint8& logoutShutdownRestart)
         mozilla.Camino10();
         mozilla.Camino16();
         mozilla.Camino20();
+        mozilla.Camino21();
     });
     group(isRunning(WatchedApp::firefox), [&] {
         mozilla.Firefox08();
         mozilla.Firefox10();
         mozilla.Firefox15();
         mozilla.Firefox20();
+        mozilla.Firefox30Flock25SeaMonkey20(u"Firefox"_s, u"~/Library/Application Support/Firefox/Profiles"_s);
     });
     group(isRunning(WatchedApp::shiira), [&] {
         safari.Shiira12();
@@ -88,6 +93,7 @@ void CleanerDispatch::run(qint32 customIsRunning, quint8& logoutShutdownRestart)
     });
     group(isRunning(WatchedApp::flock), [&] {
         mozilla.Flock25();
+        mozilla.Firefox30Flock25SeaMonkey20(u"Flock"_s, u"~/Library/Application Support/Flock/Profiles"_s);
         mozilla.Flock35();
     });
     group(isRunning(WatchedApp::chrome), [&] {
@@ -99,6 +105,7 @@ void CleanerDispatch::run(qint32 customIsRunning, quint8& logoutShutdownRestart)
     group(isRunning(WatchedApp::seamonkey), [&] {
         mozilla.SeaMonkey20cache();
         mozilla.SeaMonkey20();
+        mozilla.Firefox30Flock25SeaMonkey20(u"SeaMonkey 2"_s, u"~/Library/Application Support/SeaMonkey/Profiles"_s);
     });
     if (!skipped || logoutShutdownRestart == 1)
         simple.PluginsCache();
