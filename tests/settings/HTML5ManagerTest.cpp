@@ -5,6 +5,7 @@
 #include "support/QtPrinters.h"
 #include "support/TempHome.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QSignalSpy>
 #include <array>
@@ -38,6 +39,12 @@ protected:
         manager.reset();
         defaults.reset();
         home.write(u".config/com.orvick.vantle.plist"_s, PropertyList::toXml(values));
+        // Qt keeps a parsed settings file while its time stamp and size stay the
+        // same; a rewrite within one clock tick must still be seen as new.
+        QFile written(home.file(u".config/com.orvick.vantle.plist"_s));
+        written.open(QIODevice::ReadWrite);
+        written.setFileTime(QDateTime::currentDateTime().addSecs(++mRewrites), QFileDevice::FileModificationTime);
+        written.close();
         reopen();
     }
 
@@ -47,6 +54,7 @@ protected:
     }
 
     void file(const QString& relative) const { home.write(relative, "x"); }
+    int mRewrites = 0;
     void folder(const QString& relative) const { QDir().mkpath(home.file(relative)); }
 
     // Full paths below the home, in the order given.
