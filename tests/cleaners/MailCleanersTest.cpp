@@ -45,24 +45,14 @@ TEST_F(MailCleanersTest, FixedPathCleanersWithEverythingOnAndOff)
                   cleaners.Eudora51();
                   cleaners.Eudora62();
               }),
-              (QStringList{
-                  u"Apple Mail 1.1"_s,
-                  u"Shred: ~/Library/Mail/Mailboxes/Deleted Items.mbox"_s,
-                  u"Shred: ~/Library/Mail/Mailboxes/Deleted Messages.mbox"_s,
-                  u"Shred: ~/Library/Mail/Mailboxes/Trash.mbox"_s,
-                  u""_s,
-                  u"Mail Cache"_s,
-                  u"Shred: ~/Library/Caches/Mail"_s,
-                  u""_s,
-                  u"Eudora 5.x"_s,
-                  u"Shred: ~/Documents/Eudora Folder/Mail Folder/Trash"_s,
-                  u""_s,
-                  u"Eudora 6.x"_s,
-                  u"Shred: /Documents/Eudora Folder/Mail Folder/Trash"_s,
-                  u"Shred: ~/Documents/Eudora Folder/Mail Folder/Junk"_s,
-                  u"Shred: /Documents/Eudora Folder/Mail Folder/Junk"_s,
-                  u""_s,
-              }));
+              (QStringList{u"Apple Mail 1.1"_s, u"Shred: ~/Library/Mail/Mailboxes/Deleted Items.mbox"_s,
+                           u"Shred: ~/Library/Mail/Mailboxes/Deleted Messages.mbox"_s,
+                           u"Shred: ~/Library/Mail/Mailboxes/Trash.mbox"_s, u""_s, u"Mail Cache"_s,
+                           u"Shred: ~/Library/Caches/Mail"_s, u""_s, u"Eudora 5.x"_s,
+                           u"Shred: ~/Documents/Eudora Folder/Mail Folder/Trash"_s, u""_s, u"Eudora 6.x"_s,
+                           u"Shred: /Documents/Eudora Folder/Mail Folder/Trash"_s,
+                           u"Shred: ~/Documents/Eudora Folder/Mail Folder/Junk"_s,
+                           u"Shred: /Documents/Eudora Folder/Mail Folder/Junk"_s, u""_s}));
     // Eudora 6's paths without "~" are queued as they stand.
     EXPECT_EQ(paths,
               (expanded({u"~/Library/Mail/Mailboxes/Deleted Items.mbox"_s,
@@ -80,23 +70,13 @@ TEST_F(MailCleanersTest, FixedPathCleanersWithEverythingOnAndOff)
                   cleaners.Eudora51();
                   cleaners.Eudora62();
               }),
-              (QStringList{
-                  u"Apple Mail 1.1"_s,
-                  u"Skip: ~/Library/Mail/Mailboxes/Deleted Items.mbox"_s,
-                  u"Skip: ~/Library/Mail/Mailboxes/Deleted Messages.mbox"_s,
-                  u"Skip: ~/Library/Mail/Mailboxes/Trash.mbox"_s,
-                  u""_s,
-                  u"Mail Cache"_s,
-                  u"Skip: ~/Library/Caches/Mail"_s,
-                  u""_s,
-                  u"Eudora 5.x"_s,
-                  u"Skip: ~/Documents/Eudora Folder/Mail Folder/Trash"_s,
-                  u""_s,
-                  u"Eudora 6.x"_s,
-                  u"Skip: /Documents/Eudora Folder/Mail Folder/Trash"_s,
-                  u"Skip: ~/Documents/Eudora Folder/Mail Folder/Junk"_s,
-                  u""_s,
-              }));
+              (QStringList{u"Apple Mail 1.1"_s, u"Skip: ~/Library/Mail/Mailboxes/Deleted Items.mbox"_s,
+                           u"Skip: ~/Library/Mail/Mailboxes/Deleted Messages.mbox"_s,
+                           u"Skip: ~/Library/Mail/Mailboxes/Trash.mbox"_s, u""_s, u"Mail Cache"_s,
+                           u"Skip: ~/Library/Caches/Mail"_s, u""_s, u"Eudora 5.x"_s,
+                           u"Skip: ~/Documents/Eudora Folder/Mail Folder/Trash"_s, u""_s, u"Eudora 6.x"_s,
+                           u"Skip: /Documents/Eudora Folder/Mail Folder/Trash"_s,
+                           u"Skip: ~/Documents/Eudora Folder/Mail Folder/Junk"_s, u""_s}));
     EXPECT_TRUE(paths.isEmpty());
 }
 

@@ -65,134 +65,48 @@ TEST_F(MailIndexTest, TheTrashAndJunkMailboxesLeaveTheIndexWithEverythingOn)
 {
     setAllKeys(true);
     const QString m = home.file(u"Library/Mail/V2"_s);
-    const QString imap = home.file(kImapAccount);
-    const QString imapOther = m + u"/IMAP:me@example.com@imap.example.com"_s;
-    const QString pop = m + u"/POP-bob@pop.example.com"_s;
-    const QString popOther = m + u"/POP:bob@pop.example.com"_s;
-    const QString host = u"imap.example.com"_s;
-    const QString user = u"me@example.com"_s;
-    const auto remove = [](int id) { return u"delete from messages where mailbox == %1"_s.arg(id); };
-    const QString arrow = u"---------->"_s;
+    const auto remove = [](int id) { return QStringList{u"delete from messages where mailbox == %1"_s.arg(id)}; };
     const QString none = u"none"_s;
+    const auto local = [&](const QString& path, const QString& mailbox) {
+        return QStringList{
+            u"---------->"_s, u"local://"_s + path, path, u"unknown-host"_s, u"unknown-user"_s, mailbox, none};
+    };
+    const auto pop = [&](const QString& url, const QString& path, const QString& mailbox) {
+        return QStringList{u"---------->"_s, u"pop://bob@pop.example.com"_s + url, path, u"pop.example.com"_s,
+                           u"bob"_s} +
+               (mailbox.isNull() ? QStringList{none, none}
+                                 : QStringList{m + u"/POP-bob@pop.example.com"_s + mailbox,
+                                               m + u"/POP:bob@pop.example.com"_s + mailbox});
+    };
+    const auto imap = [&](const QString& url, const QString& path, const QString& mailbox) {
+        return QStringList{u"---------->"_s, kImapUrl + url, path, u"imap.example.com"_s, u"me@example.com"_s} +
+               (mailbox.isNull() ? QStringList{none, none}
+                                 : QStringList{home.file(kImapAccount) + mailbox,
+                                               m + u"/IMAP:me@example.com@imap.example.com"_s + mailbox});
+    };
 
-    EXPECT_EQ(runMail(cleaners),
-              (QStringList{
-                  u"Apple Mail 2.x - 5.x"_s,
-                  u""_s,
-                  u"Apple Mail 2.x - 4.x"_s,
-                  u"Apple Mail 5.x"_s,
-                  arrow,
-                  u"local:///Trash"_s,
-                  u"/Trash"_s,
-                  u"unknown-host"_s,
-                  u"unknown-user"_s,
-                  m + u"/Mailboxes/Trash.mbox"_s,
-                  none,
-                  remove(1),
-                  // The local junk goes from the index though no junk file was queued.
-                  arrow,
-                  u"local:///Junk"_s,
-                  u"/Junk"_s,
-                  u"unknown-host"_s,
-                  u"unknown-user"_s,
-                  m + u"/Mailboxes/Junk.mbox"_s,
-                  none,
-                  remove(2),
-                  arrow,
-                  u"local:///Drafts"_s,
-                  u"/Drafts"_s,
-                  u"unknown-host"_s,
-                  u"unknown-user"_s,
-                  m + u"/Mailboxes/Drafts.mbox"_s,
-                  none,
-                  arrow,
-                  u"pop://bob@pop.example.com/"_s,
-                  u"/"_s,
-                  u"pop.example.com"_s,
-                  u"bob"_s,
-                  none,
-                  none,
-                  arrow,
-                  u"pop://bob@pop.example.com/Deleted%20Messages"_s,
-                  u"/Deleted Messages"_s,
-                  u"pop.example.com"_s,
-                  u"bob"_s,
-                  pop + u"/Deleted Messages.mbox"_s,
-                  popOther + u"/Deleted Messages.mbox"_s,
-                  remove(5),
-                  arrow,
-                  kImapUrl + u"/Junk%20Mail"_s,
-                  u"/Junk Mail"_s,
-                  host,
-                  user,
-                  imap + u"/Junk Mail.imapmbox"_s,
-                  imapOther + u"/Junk Mail.imapmbox"_s,
-                  remove(6),
-                  // Queued as junk, a spam mailbox then passes as trash.
-                  arrow,
-                  kImapUrl + u"/Spam"_s,
-                  u"/Spam"_s,
-                  host,
-                  user,
-                  imap + u"/Spam.imapmbox"_s,
-                  imapOther + u"/Spam.imapmbox"_s,
-                  remove(7),
-                  arrow,
-                  kImapUrl + u"/Archive/Deleted%20Messages"_s,
-                  u"/Archive/Deleted Messages"_s,
-                  host,
-                  user,
-                  imap + u"/Archive/Deleted Messages.imapmbox"_s,
-                  imapOther + u"/Archive/Deleted Messages.imapmbox"_s,
-                  remove(8),
-                  arrow,
-                  kImapUrl + u"/%5BGmail%5D/Trash"_s,
-                  u"/[Gmail]/Trash"_s,
-                  host,
-                  user,
-                  imap + u"/[Gmail]/Trash.imapmbox"_s,
-                  imapOther + u"/[Gmail]/Trash.imapmbox"_s,
-                  remove(9),
-                  arrow,
-                  kImapUrl + u"/INBOX"_s,
-                  u"/INBOX"_s,
-                  host,
-                  user,
-                  imap + u"/INBOX.imapmbox"_s,
-                  imapOther + u"/INBOX.imapmbox"_s,
-                  arrow,
-                  u"NULL"_s,
-                  u"NULL"_s,
-                  u"unknown-host"_s,
-                  u"unknown-user"_s,
-                  none,
-                  none,
-                  arrow,
-                  u"local:///Junk/Old"_s,
-                  u"/Junk/Old"_s,
-                  u"unknown-host"_s,
-                  u"unknown-user"_s,
-                  m + u"/Mailboxes/Junk/Old.mbox"_s,
-                  none,
-                  // A path leading out of the account names no mailbox; its prefix still makes it trash.
-                  arrow,
-                  kImapUrl + u"/Trash/../../../Documents"_s,
-                  u"/Trash/../../../Documents"_s,
-                  host,
-                  user,
-                  none,
-                  none,
-                  remove(13),
-                  arrow,
-                  u"pop://bob@pop.example.com/Trash/"_s,
-                  u"/Trash/"_s,
-                  u"pop.example.com"_s,
-                  u"bob"_s,
-                  pop + u"/Trash.mbox"_s,
-                  popOther + u"/Trash.mbox"_s,
-                  remove(14),
-                  u""_s,
-              }));
+    QStringList expected{u"Apple Mail 2.x - 5.x"_s, u""_s, u"Apple Mail 2.x - 4.x"_s, u"Apple Mail 5.x"_s};
+    expected += local(u"/Trash"_s, m + u"/Mailboxes/Trash.mbox"_s) + remove(1);
+    // The local junk goes from the index though no junk file was queued.
+    expected += local(u"/Junk"_s, m + u"/Mailboxes/Junk.mbox"_s) + remove(2);
+    expected += local(u"/Drafts"_s, m + u"/Mailboxes/Drafts.mbox"_s);
+    expected += pop(u"/"_s, u"/"_s, QString());
+    expected += pop(u"/Deleted%20Messages"_s, u"/Deleted Messages"_s, u"/Deleted Messages.mbox"_s) + remove(5);
+    expected += imap(u"/Junk%20Mail"_s, u"/Junk Mail"_s, u"/Junk Mail.imapmbox"_s) + remove(6);
+    // Queued as junk, a spam mailbox then passes as trash.
+    expected += imap(u"/Spam"_s, u"/Spam"_s, u"/Spam.imapmbox"_s) + remove(7);
+    expected += imap(u"/Archive/Deleted%20Messages"_s, u"/Archive/Deleted Messages"_s,
+                     u"/Archive/Deleted Messages.imapmbox"_s) +
+                remove(8);
+    expected += imap(u"/%5BGmail%5D/Trash"_s, u"/[Gmail]/Trash"_s, u"/[Gmail]/Trash.imapmbox"_s) + remove(9);
+    expected += imap(u"/INBOX"_s, u"/INBOX"_s, u"/INBOX.imapmbox"_s);
+    expected += {u"---------->"_s, u"NULL"_s, u"NULL"_s, u"unknown-host"_s, u"unknown-user"_s, none, none};
+    expected += local(u"/Junk/Old"_s, m + u"/Mailboxes/Junk/Old.mbox"_s);
+    // A path leading out of the account names no mailbox; its prefix still makes it trash.
+    expected += imap(u"/Trash/../../../Documents"_s, u"/Trash/../../../Documents"_s, QString()) + remove(13);
+    expected += pop(u"/Trash/"_s, u"/Trash/"_s, u"/Trash.mbox"_s) + remove(14);
+    expected += u""_s;
+    EXPECT_EQ(runMail(cleaners), expected);
     EXPECT_EQ(mailboxesWithMessages(kIndex), (QList<int>{3, 4, 10, 11, 12}));
     EXPECT_FALSE(QFileInfo::exists(home.file(kIndex + u"-journal"_s)));
 }
