@@ -2,6 +2,7 @@
 
 #include "cleaners/ChromeCleaners.h"
 #include "cleaners/CleanerContext.h"
+#include "cleaners/MailCleaners.h"
 #include "cleaners/MozillaCleaners.h"
 #include "cleaners/SafariCleaners.h"
 #include "cleaners/SimpleCleaners.h"
@@ -22,6 +23,7 @@ void CleanerDispatch::run(qint32 customIsRunning, quint8& logoutShutdownRestart)
     SafariCleaners safari(mContext, &mRunner);
     ChromeCleaners chrome(mContext);
     MozillaCleaners mozilla(mContext, mDefaults, chrome);
+    MailCleaners mail(mContext, mDefaults);
 
     const ApplicationFlags& running = mContext.mIsRunning;
     const auto isRunning = [&](WatchedApp application) { return running[application] == 1; };
@@ -58,6 +60,16 @@ void CleanerDispatch::run(qint32 customIsRunning, quint8& logoutShutdownRestart)
         simple.Opera110();
         simple.Opera170();
     });
+    group(isRunning(WatchedApp::mail), [&] {
+        mail.AppleMail11();
+        mail.AppleMail12();
+        mail.AppleMail20to50();
+        mail.MailCache();
+    });
+    group(isRunning(WatchedApp::eudora), [&] {
+        mail.Eudora51();
+        mail.Eudora62();
+    });
     group(isRunning(WatchedApp::safari), [&] {
         safari.Safari10();
         safari.Safari20Shiira12();
@@ -71,6 +83,7 @@ void CleanerDispatch::run(qint32 customIsRunning, quint8& logoutShutdownRestart)
         mozilla.Mozilla();
         mozilla.SeaMonkey1();
     });
+    group(isRunning(WatchedApp::postbox), [&] { mail.Postbox21(); });
     group(isRunning(WatchedApp::camino), [&] {
         mozilla.Camino07();
         mozilla.Camino08();
@@ -86,6 +99,9 @@ void CleanerDispatch::run(qint32 customIsRunning, quint8& logoutShutdownRestart)
         mozilla.Firefox20();
         mozilla.Firefox30Flock25SeaMonkey20(u"Firefox"_s, u"~/Library/Application Support/Firefox/Profiles"_s);
     });
+    // Thunderbird alone does not count: while it runs the plug-in cache is still taken.
+    if (!isRunning(WatchedApp::thunderbird))
+        mail.Thunderbird15();
     group(isRunning(WatchedApp::shiira), [&] {
         safari.Shiira12();
         safari.Shiira20();

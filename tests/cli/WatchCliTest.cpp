@@ -42,6 +42,8 @@ TEST_F(WatchCliTest, ACustomProcessThatQuitsIsFollowedByARunAndCtrlCStopsTheWatc
     ASSERT_EQ(cli({u"custom"_s, u"add-process"_s, editor}).exitCode, 0);
     ASSERT_EQ(cli({u"custom"_s, u"add-path"_s, editor, home.file(u"Editor Drafts"_s)}).exitCode, 0);
     ASSERT_EQ(cli({u"custom"_s, u"keep"_s, editor, home.file(u"Editor Drafts"_s), u"on"_s}).exitCode, 0);
+    // Eudora 6's trash lies at the root of the start volume, outside the temporary home.
+    ASSERT_EQ(cli({u"apps"_s, u"disable"_s, u"Eudora"_s}).exitCode, 0);
     const CliRun list = cli({u"custom"_s, u"list"_s});
     EXPECT_EQ(list.out, editor + u"\n    "_s + home.file(u"Editor Drafts"_s) + u"  (folder kept)\n"_s);
 
