@@ -251,7 +251,7 @@ void MozillaCleaners::Flock25()
                         {u"Cache"_s, u"urlclassifier3.sqlite"_s, u"XPC.mfasl"_s, u"XUL.mfasl"_s}, false);
 }
 
-QString MozillaCleaners::passwordFileName(const QByteArray& prefs)
+QString MozillaCleaners::signonFileName(const QByteArray& prefs)
 {
     const QString text = QString::fromUtf8(prefs);
     qsizetype at = text.indexOf(u"signon.SignonFileName"_s);
@@ -268,7 +268,12 @@ QString MozillaCleaners::passwordFileName(const QByteArray& prefs)
         return {};
     const qsizetype start = at + 1;
     const qsizetype end = text.indexOf(u'"', start);
-    const QString name = text.mid(start, end < 0 ? -1 : end - start);
+    return text.mid(start, end < 0 ? -1 : end - start);
+}
+
+QString MozillaCleaners::passwordFileName(const QByteArray& prefs)
+{
+    const QString name = signonFileName(prefs);
     // A file of the profile folder itself: never a path leading out of it.
     if (name.isEmpty() || name.contains(u'/') || name == u"."_s || name == u".."_s)
         return {};
@@ -288,9 +293,12 @@ void MozillaCleaners::sessionsAndPasswords(const QString& profile)
     QFile prefs(join(profile, u"prefs.js"_s));
     if (!prefs.open(QIODevice::ReadOnly))
         return;
-    const QString name = passwordFileName(prefs.readAll());
+    const QByteArray text = prefs.readAll();
+    const QString name = passwordFileName(text);
     if (!name.isEmpty())
         block(true, profile, {name});
+    else if (!signonFileName(text).isNull())
+        mContext.log(u"Skip: Passwords file named in prefs.js is not a file of the profile folder: "_s + signonFileName(text));
 }
 
 void MozillaCleaners::Firefox20()

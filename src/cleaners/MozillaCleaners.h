@@ -39,6 +39,8 @@ public:
     // The password file named in a profile's prefs.js ("signon.SignonFileName"),
     // or a null string; only a plain file name of the profile folder is taken.
     static QString passwordFileName(const QByteArray& prefs);
+    // The text prefs.js gives for "signon.SignonFileName", unchecked; null when there is none.
+    static QString signonFileName(const QByteArray& prefs);
 
 private:
     using ProfileWork = std::function<void(const QString& profileFolder)>;
