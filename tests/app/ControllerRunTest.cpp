@@ -241,3 +241,33 @@ TEST_F(ControllerRunTest, QuittingWaitsForTheShreddingStage)
     EXPECT_EQ(logLines().first(), u"Vantle *not* Initiated - application needs to terminate"_s);
     EXPECT_EQ(view.terminateReplies, QList<bool>{true});
 }
+
+TEST_F(ControllerRunTest, EveryCleanerRunsInTheDispatchTablesOrder)
+{
+    controller().applicationDidFinishLaunching();
+    ASSERT_TRUE(runAndWait([](Controller& c) { c.shred(); }));
+    const QString mozillaFamily = u"Firefox 3.0-12.0, Flock 2.5, and SeaMonkey 1.0"_s;
+    const QStringList order{
+        u"Custom Processes"_s, u"IE"_s, u"iCab v2"_s, u"iCab v3"_s, u"iCab v4"_s, u"OmniWeb 4"_s, u"OmniWeb 5"_s,
+        u"OmniWeb 5.7"_s, u"Opera 5.x"_s, u"Opera 6.x"_s, u"Opera 7.x"_s, u"Opera 8.x"_s, u"Opera 9.x"_s,
+        u"Opera 10.x"_s, u"Opera 11.x"_s, u"Opera 17.x"_s, u"Apple Mail 1.1"_s, u"Apple Mail 1.2 (Jaguar)"_s,
+        u"Apple Mail 5.0"_s, u"Apple Mail 2.x - 5.x"_s, u"Mail Cache"_s, u"Eudora 5.x"_s, u"Eudora 6.x"_s,
+        u"Safari"_s, u"Safari 2.0 and/or Shiira 1.2"_s, u"Safari 3.0"_s, u"Safari 4.0"_s, u"Safari 5.0"_s,
+        u"Safari 5.1-6"_s, u"Safari 6.0"_s, u"Mozilla 1.x and Netscape 7"_s, u"SeaMonkey 1.x"_s, u"Postbox 2"_s,
+        u"Camino 0.7"_s, u"Camino 0.8"_s, u"Camino 1.0"_s, u"Camino 1.6"_s, u"Camino 2.0"_s, u"Camino 2.1"_s,
+        u"Firefox 0.8"_s, u"Firefox 1.0"_s, u"Firefox 1.5"_s, u"Firefox 2.0"_s, mozillaFamily, u"Thunderbird 1.5"_s,
+        u"Shiira"_s, u"Shiira v2"_s, u"Safari 2.0 and/or Shiira 1.2"_s, u"Flock 2.5"_s, mozillaFamily,
+        u"Flock 3.5"_s, u"Chrome 4"_s, u"Chrome 5.0"_s, u"Chrome 17.0"_s, u"Chrome 30.0"_s,
+        u"SeaMonkey 2.0 Cache"_s, u"SeaMonkey 2.0"_s, mozillaFamily, u"Plugin Cache"_s};
+    const QStringList log = logLines();
+    qsizetype previous = -1;
+    for (const QString& header : order) {
+        const qsizetype at = log.indexOf(header, previous + 1);
+        ASSERT_GT(at, previous) << header.toStdString();
+        previous = at;
+    }
+    EXPECT_EQ(log.count(mozillaFamily), 3);
+    EXPECT_EQ(log.count(u"Safari 2.0 and/or Shiira 1.2"_s), 2);
+    // The QuickTime cache belongs to session-ending runs only.
+    EXPECT_FALSE(log.contains(u"Quicktime Cache"_s));
+}
