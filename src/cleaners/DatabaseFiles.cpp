@@ -34,6 +34,12 @@ void removeWorkFile(const QString& path)
     ::unlink(native.constData());
 }
 
+void removeWorkDatabase(const QString& path)
+{
+    for (const char* suffix : {"", "-journal", "-wal", "-shm"})
+        removeWorkFile(path + QLatin1StringView(suffix));
+}
+
 bool writeWorkFile(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);

@@ -11,6 +11,10 @@ namespace DatabaseFiles {
 // the swap) keeps its permissions.
 void removeWorkFile(const QString& path);
 
+// Removes a work database with its journals: a journal left by a shell killed
+// mid-transaction would otherwise be played back into the next run's new database.
+void removeWorkDatabase(const QString& path);
+
 // Writes a work script; a script cut short by a crash is simply written anew
 // by the next run.
 bool writeWorkFile(const QString& path, const QByteArray& bytes);

@@ -17,7 +17,8 @@ namespace {
 const QByteArray kIconA = QByteArray::fromHex("89504e470d0a1a0a0000002749270027ff00fe");
 const QByteArray kIconB = QByteArray::fromHex("00112233445566778899aabbccddeeff27");
 
-const QStringList kWorkFiles{u"places.vantlex.sqlite"_s, u"places.vantlex.sql.sqlite"_s, u"places.vantlex.src.sqlite"_s,
+const QStringList kWorkFiles{u"places.vantlex.sqlite"_s,     u"places.vantlex.sqlite-journal"_s,
+                             u"places.vantlex.sql.sqlite"_s, u"places.vantlex.src.sqlite"_s,
                              u"places.vantlex.dst.sqlite"_s};
 
 mode_t modeOf(const QString& path)
