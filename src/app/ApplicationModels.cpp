@@ -2,6 +2,7 @@
 
 #include "platform/LoginItem.h"
 #include "platform/UnchangedLoginItem.h"
+#include "settings/HTML5Manager.h"
 #include "settings/PluginManager.h"
 #include "settings/Preferences.h"
 #include "settings/ProfilesManager.h"
@@ -16,6 +17,7 @@ void create(bool dryRun)
     if (dryRun)
         defaults.setReadOnly();
     Preferences::createSharedInstance(defaults, dryRun ? std::make_unique<UnchangedLoginItem>() : createPlatformLoginItem());
+    HTML5Manager::createSharedInstance();
     ProfilesManager::createSharedInstance();
     PluginManager::createSharedInstance();
     CustomShred::createSharedInstance();

@@ -2,10 +2,13 @@
 
 #include "cleaners/ChromeCleaners.h"
 #include "cleaners/CleanerContext.h"
+#include "cleaners/MailCleaners.h"
 #include "cleaners/MozillaCleaners.h"
 #include "cleaners/SafariCleaners.h"
 #include "cleaners/SimpleCleaners.h"
 #include "core/ApplicationFlags.h"
+
+using namespace Qt::StringLiterals;
 
 CleanerDispatch::CleanerDispatch(CleanerContext& context, const UserDefaults& defaults, CommandRunner& runner)
     : mContext(context)
@@ -20,6 +23,7 @@ void CleanerDispatch::run(qint32 customIsRunning, quint8& logoutShutdownRestart)
     SafariCleaners safari(mContext, &mRunner);
     ChromeCleaners chrome(mContext);
     MozillaCleaners mozilla(mContext, mDefaults, chrome);
+    MailCleaners mail(mContext, mDefaults);
 
     const ApplicationFlags& running = mContext.mIsRunning;
     const auto isRunning = [&](WatchedApp application) { return running[application] == 1; };
@@ -56,11 +60,22 @@ void CleanerDispatch::run(qint32 customIsRunning, quint8& logoutShutdownRestart)
         simple.Opera110();
         simple.Opera170();
     });
+    group(isRunning(WatchedApp::mail), [&] {
+        mail.AppleMail11();
+        mail.AppleMail12();
+        mail.AppleMail20to50();
+        mail.MailCache();
+    });
+    group(isRunning(WatchedApp::eudora), [&] {
+        mail.Eudora51();
+        mail.Eudora62();
+    });
     group(isRunning(WatchedApp::safari), [&] {
         safari.Safari10();
         safari.Safari20Shiira12();
         safari.Safari30();
         safari.Safari40();
+        safari.Safari50();
         safari.Safari51();
         safari.Safari60();
     });
@@ -68,19 +83,25 @@ void CleanerDispatch::run(qint32 customIsRunning, quint8& logoutShutdownRestart)
         mozilla.Mozilla();
         mozilla.SeaMonkey1();
     });
+    group(isRunning(WatchedApp::postbox), [&] { mail.Postbox21(); });
     group(isRunning(WatchedApp::camino), [&] {
         mozilla.Camino07();
         mozilla.Camino08();
         mozilla.Camino10();
         mozilla.Camino16();
         mozilla.Camino20();
+        mozilla.Camino21();
     });
     group(isRunning(WatchedApp::firefox), [&] {
         mozilla.Firefox08();
         mozilla.Firefox10();
         mozilla.Firefox15();
         mozilla.Firefox20();
+        mozilla.Firefox30Flock25SeaMonkey20(u"Firefox"_s, u"~/Library/Application Support/Firefox/Profiles"_s);
     });
+    // Thunderbird alone does not count: while it runs the plug-in cache is still taken.
+    if (!isRunning(WatchedApp::thunderbird))
+        mail.Thunderbird15();
     group(isRunning(WatchedApp::shiira), [&] {
         safari.Shiira12();
         safari.Shiira20();
@@ -88,6 +109,7 @@ void CleanerDispatch::run(qint32 customIsRunning, quint8& logoutShutdownRestart)
     });
     group(isRunning(WatchedApp::flock), [&] {
         mozilla.Flock25();
+        mozilla.Firefox30Flock25SeaMonkey20(u"Flock"_s, u"~/Library/Application Support/Flock/Profiles"_s);
         mozilla.Flock35();
     });
     group(isRunning(WatchedApp::chrome), [&] {
@@ -99,6 +121,7 @@ void CleanerDispatch::run(qint32 customIsRunning, quint8& logoutShutdownRestart)
     group(isRunning(WatchedApp::seamonkey), [&] {
         mozilla.SeaMonkey20cache();
         mozilla.SeaMonkey20();
+        mozilla.Firefox30Flock25SeaMonkey20(u"SeaMonkey 2"_s, u"~/Library/Application Support/SeaMonkey/Profiles"_s);
     });
     if (!skipped || logoutShutdownRestart == 1)
         simple.PluginsCache();

@@ -1,7 +1,10 @@
 #include "cleaners/ChromeCleaners.h"
 
 #include "cleaners/CleanerContext.h"
+#include "cleaners/Html5Storage.h"
 #include "cleaners/JsonPreferenceEdit.h"
+#include "cleaners/WebStorageScrub.h"
+#include "settings/HTML5Manager.h"
 #include "settings/PreferenceKeys.h"
 
 #include <QDir>
@@ -10,6 +13,9 @@ using namespace Qt::StringLiterals;
 using namespace PreferenceKey;
 
 namespace {
+
+// Chrome's and Flock's web-database index schema.
+const QString kDatabasesKey = u"a20081a471b51e103a4e364fbcffcb1e"_s;
 
 QString chromeProfile()
 {
@@ -108,6 +114,17 @@ void ChromeCleaners::Chrome50()
     } else {
         mContext.shredOrSkip(false, u"~/Library/Application Support/Google/Chrome/Default/Visited Links"_s);
     }
+
+    WebStorageScrub scrub(mContext, mContext.sqliteShell());
+    shredHtml5Storage(mContext, {u"~/Library/Application Support/Google/Chrome/Default/Local Storage"_s,
+                                 [](const HTML5Manager& manager) { return manager.html5PathsForChrome(); },
+                                 u"~/Library/Application Support/Google/Chrome/Default/databases"_s,
+                                 [&] {
+                                     return scrub.chrome5databasessqlite(chromeProfile() + u"databases/Databases.db"_s,
+                                                                         kDatabasesKey);
+                                 },
+                                 [](const HTML5Manager& manager) { return manager.html5DatabasesPathsForChrome(); },
+                                 {}});
     mContext.endCleaner();
 }
 
@@ -154,4 +171,14 @@ void ChromeCleaners::Flock35UserData(const QString& userDataFolder)
         editJsonWithDetails(profile + u"Local State"_s, u"StartupDNSPrefetchList"_s, false);
     shredOrSkipEach(mContext.setting(shredSafariFavicon), profile, {u"Thumbnails"_s});
     shredOrSkipEach(mContext.setting(ShredCookies), profile, {u"Cookies"_s, u"Extension Cookies"_s});
+
+    WebStorageScrub scrub(mContext, mContext.sqliteShell());
+    shredHtml5Storage(
+        mContext,
+        {u"Local Storage"_s,
+         [&](const HTML5Manager& manager) { return manager.html5PathsForFlock(profile + u"Local Storage"_s); },
+         u"databases"_s,
+         [&] { return scrub.flock35databasessqlite(profile + u"databases/Databases.db"_s, kDatabasesKey); },
+         [](const HTML5Manager& manager) { return manager.html5DatabasesPathsForFlock(); },
+         {}});
 }

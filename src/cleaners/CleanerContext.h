@@ -1,5 +1,7 @@
 #pragma once
 
+#include "cleaners/SqliteShell.h"
+
 #include <QLatin1StringView>
 #include <QString>
 #include <QStringList>
@@ -51,9 +53,14 @@ public:
     void shredOrSkipFullPath(bool on, const QString& fullPath);
     void queue(const QString& fullPath) { mPathArray.append(fullPath); }
 
+    // The shell through which browser databases are read and rebuilt.
+    const SqliteShell& sqliteShell() const { return mSqliteShell; }
+    void setSqliteShellForTesting(const QString& path) { mSqliteShell = SqliteShell(path); }
+
     // Answers browserIsEnabled in place of the settings, to change the answer mid-cleaner.
     void setBrowserIsEnabledForTesting(std::function<bool(const QString&)> answer) { mIsEnabled = std::move(answer); }
 
 private:
     std::function<bool(const QString&)> mIsEnabled;
+    SqliteShell mSqliteShell;
 };

@@ -3,6 +3,9 @@
 #include "cleaners/ChromeCleaners.h"
 #include "cleaners/CleanerContext.h"
 #include "cleaners/FixedCleaner.h"
+#include "cleaners/PlacesScrub.h"
+#include "cleaners/WebStorageScrub.h"
+#include "settings/HTML5Manager.h"
 #include "settings/PreferenceKeys.h"
 #include "settings/ProfilesManager.h"
 
@@ -147,6 +150,28 @@ void MozillaCleaners::Camino20()
     mContext.endCleaner();
 }
 
+void MozillaCleaners::Camino21()
+{
+    mContext.header(u"Camino 2.1"_s);
+    if (!mContext.gate(u"Camino"_s))
+        return;
+    const QString places = CleanerContext::expandTilde(u"~/Library/Application Support/Camino/places.sqlite"_s);
+    const QString journal = places + u"-journal"_s;
+    if (mContext.setting(ShredHistory) || mContext.setting(shredSafariFavicon)) {
+        mContext.log(u"Shred:"_s);
+        mContext.log(places);
+        const QString renamed = PlacesScrub(mContext, mContext.sqliteShell()).firefox3sqlite(places);
+        if (!renamed.isNull())
+            mContext.queue(renamed);
+        mContext.queue(journal);
+    } else {
+        mContext.log(u"Skip:"_s);
+        mContext.log(places);
+        mContext.log(journal);
+    }
+    // Camino 2.1 ends without the closing empty line.
+}
+
 void MozillaCleaners::Firefox08()
 {
     mContext.header(u"Firefox 0.8"_s);
@@ -226,7 +251,7 @@ void MozillaCleaners::Flock25()
                         {u"Cache"_s, u"urlclassifier3.sqlite"_s, u"XPC.mfasl"_s, u"XUL.mfasl"_s}, false);
 }
 
-QString MozillaCleaners::passwordFileName(const QByteArray& prefs)
+QString MozillaCleaners::signonFileName(const QByteArray& prefs)
 {
     const QString text = QString::fromUtf8(prefs);
     qsizetype at = text.indexOf(u"signon.SignonFileName"_s);
@@ -243,7 +268,12 @@ QString MozillaCleaners::passwordFileName(const QByteArray& prefs)
         return {};
     const qsizetype start = at + 1;
     const qsizetype end = text.indexOf(u'"', start);
-    const QString name = text.mid(start, end < 0 ? -1 : end - start);
+    return text.mid(start, end < 0 ? -1 : end - start);
+}
+
+QString MozillaCleaners::passwordFileName(const QByteArray& prefs)
+{
+    const QString name = signonFileName(prefs);
     // A file of the profile folder itself: never a path leading out of it.
     if (name.isEmpty() || name.contains(u'/') || name == u"."_s || name == u".."_s)
         return {};
@@ -263,9 +293,12 @@ void MozillaCleaners::sessionsAndPasswords(const QString& profile)
     QFile prefs(join(profile, u"prefs.js"_s));
     if (!prefs.open(QIODevice::ReadOnly))
         return;
-    const QString name = passwordFileName(prefs.readAll());
+    const QByteArray text = prefs.readAll();
+    const QString name = passwordFileName(text);
     if (!name.isEmpty())
         block(true, profile, {name});
+    else if (!signonFileName(text).isNull())
+        mContext.log(u"Skip: Passwords file named in prefs.js is not a file of the profile folder: "_s + signonFileName(text));
 }
 
 void MozillaCleaners::Firefox20()
@@ -284,6 +317,46 @@ void MozillaCleaners::SeaMonkey20()
         return;
     walkSelectedProfiles(u"~/Library/Application Support/SeaMonkey/Profiles"_s, kNoneSelected,
                          [&](const QString& profile) { sessionsAndPasswords(profile); });
+}
+
+void MozillaCleaners::Firefox30Flock25SeaMonkey20(const QString& name, const QString& profilesFolder)
+{
+    mContext.header(u"Firefox 3.0-12.0, Flock 2.5, and SeaMonkey 1.0"_s);
+    if (!mContext.gate(name))
+        return;
+    walkSelectedProfiles(profilesFolder, kNoneSelected, [&](const QString& profile) { placesProfile(profile); });
+}
+
+void MozillaCleaners::placesProfile(const QString& profile)
+{
+    const HTML5Manager* html5 = HTML5Manager::sharedInstance();
+    if (html5 && html5->getEnabledState() == 1) {
+        const QString store = join(profile, u"webappsstore.sqlite"_s);
+        mContext.log(u"Shred:"_s);
+        mContext.log(store);
+        const QString renamed = WebStorageScrub(mContext, mContext.sqliteShell()).firefox3webappsstoresqlite(store);
+        if (!renamed.isNull())
+            mContext.queue(renamed);
+    }
+    block(mContext.setting(ShredCache), profile, {u"Cache.Trash"_s});
+
+    const QString places = join(profile, u"places.sqlite"_s);
+    if (mContext.setting(ShredHistory) || mContext.setting(shredSafariFavicon)) {
+        mContext.log(u"Shred:"_s);
+        mContext.log(places);
+        const QString renamed = PlacesScrub(mContext, mContext.sqliteShell()).firefox3sqlite(places);
+        if (!renamed.isNull())
+            mContext.queue(renamed);
+    } else {
+        block(false, profile, {u"places.sqlite"_s});
+    }
+
+    block(mContext.setting(ShredHistory), profile, {u"formhistory.sqlite"_s});
+    block(mContext.setting(ShredCookies), profile, {u"cookies.sqlite"_s, u"cookies.txt"_s});
+    if (mContext.setting(ShredIEDownloadCache))
+        block(true, profile, {u"downloads.sqlite"_s});
+    else  // the skip names the file twice, as it always has
+        block(false, profile, {u"downloads.sqlite"_s, u"downloads.sqlite"_s});
 }
 
 void MozillaCleaners::Mozilla()

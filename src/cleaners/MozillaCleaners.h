@@ -21,6 +21,7 @@ public:
     void Camino10();
     void Camino16();
     void Camino20();
+    void Camino21();
     void Firefox08();
     void Firefox10();
     void Firefox15();
@@ -31,10 +32,15 @@ public:
     void SeaMonkey1();
     void SeaMonkey20cache();
     void SeaMonkey20();
+    // Firefox 3 and later, Flock 2.5 and SeaMonkey 2: the selected profiles of
+    // the application enabled as name, in profilesFolder (with "~").
+    void Firefox30Flock25SeaMonkey20(const QString& name, const QString& profilesFolder);
 
     // The password file named in a profile's prefs.js ("signon.SignonFileName"),
     // or a null string; only a plain file name of the profile folder is taken.
     static QString passwordFileName(const QByteArray& prefs);
+    // The text prefs.js gives for "signon.SignonFileName", unchecked; null when there is none.
+    static QString signonFileName(const QByteArray& prefs);
 
 private:
     using ProfileWork = std::function<void(const QString& profileFolder)>;
@@ -51,6 +57,8 @@ private:
                              bool withCookies);
     // Firefox 2.0 and SeaMonkey 2.0: session, form history and the password file.
     void sessionsAndPasswords(const QString& profileFolder);
+    // Web storage, places and the other files of one Firefox 3 profile.
+    void placesProfile(const QString& profileFolder);
 
     CleanerContext& mContext;
     const UserDefaults& mDefaults;

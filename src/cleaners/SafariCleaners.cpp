@@ -1,12 +1,16 @@
 #include "cleaners/SafariCleaners.h"
 
 #include "cleaners/CleanerContext.h"
+#include "cleaners/Html5Storage.h"
+#include "cleaners/WebStorageScrub.h"
 #include "cleaners/SafariCleanerTables.h"
 #include "core/ApplicationFlags.h"
 #include "core/ChildProcess.h"
+#include "settings/HTML5Manager.h"
 #include "settings/PreferenceKeys.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 using namespace PreferenceKey;
@@ -73,6 +77,35 @@ void SafariCleaners::Safari40()
     }
     mContext.shredOrSkip(mContext.setting(ShredHistory) && !mContext.setting(KeepSafariTopSites),
                          u"~/Library/Safari/TopSites.plist"_s);
+    mContext.endCleaner();
+}
+
+void SafariCleaners::Safari50()
+{
+    mContext.header(u"Safari 5.0"_s);
+    if (!mContext.gate(u"Safari"_s))
+        return;
+    WebStorageScrub scrub(mContext, mContext.sqliteShell());
+    const QString tracker = CleanerContext::expandTilde(u"~/Library/Safari/LocalStorage/StorageTracker.db"_s);
+    shredHtml5Storage(
+        mContext,
+        {u"~/Library/Safari/LocalStorage"_s,
+         [](const HTML5Manager& manager) { return manager.html5LocalStoragePathsForSafari(); },
+         u"~/Library/Safari/Databases"_s,
+         [&] {
+             return scrub.safari5databasessqlite(CleanerContext::expandTilde(u"~/Library/Safari/Databases/Databases.db"_s),
+                                                 u"e137cf574bd35a232d169ad1eaa39c1a"_s);
+         },
+         [](const HTML5Manager& manager) { return manager.html5DatabasesPathsForSafari(); },
+         [&] {
+             if (!QFileInfo::exists(tracker))
+                 return true;
+             const QString oldTracker = scrub.safari5storagetrackersqlite(tracker, u"53442bbc056e072a2b8b9fd394e8c0c1"_s);
+             if (oldTracker.isNull())
+                 return false;
+             mContext.queue(oldTracker);
+             return true;
+         }});
     mContext.endCleaner();
 }
 

@@ -19,6 +19,7 @@ public:
     void Safari20Shiira12();
     void Safari30();
     void Safari40();
+    void Safari50();
     void Safari51();
     void Safari60();
     void Shiira12();

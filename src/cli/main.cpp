@@ -2,6 +2,7 @@
 #include "cli/CliOutput.h"
 #include "cli/CustomCommands.h"
 #include "cli/EraseCommand.h"
+#include "cli/KeepCommands.h"
 #include "cli/PluginsCommands.h"
 #include "cli/PrefsCommands.h"
 #include "cli/ProfilesCommands.h"
@@ -46,6 +47,7 @@ int main(int argc, char* argv[])
     addEraseCommand(app, action);
     addPluginsCommands(app, action);
     addProfilesCommands(app, action);
+    addKeepCommands(app, action);
     addShredCommand(app, action);
     addWatchCommand(app, action);
     addCustomCommands(app, action);

@@ -3,11 +3,11 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
 
 namespace {
 
@@ -55,8 +55,11 @@ namespace AtomicFile {
 
 bool write(const QString& path, const QByteArray& bytes, QFileDevice::Permissions permissions)
 {
-    QByteArray temporary = QFile::encodeName(path) + ".vantlex-new-XXXXXX";
-    const int fd = ::mkstemp(temporary.data());
+    // A fixed name, so that the copy of a save cut off by a crash is replaced by
+    // the next save instead of piling up beside the file.
+    const QByteArray temporary = QFile::encodeName(path) + ".vantlex-new";
+    ::unlink(temporary.constData());
+    const int fd = ::open(temporary.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
     if (fd < 0)
         return false;
     const bool written = ::fchmod(fd, modeOf(permissions)) == 0 && writeAll(fd, bytes) && ::fsync(fd) == 0;

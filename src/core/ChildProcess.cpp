@@ -2,12 +2,28 @@
 
 #include <QProcess>
 
+#ifdef Q_OS_LINUX
+#include <sys/prctl.h>
+#include <csignal>
+#include <unistd.h>
+#endif
+
 ProcessResult ChildProcess::run(const QString& program, const QStringList& arguments)
 {
     QProcess process;
     process.setProgram(program);
     process.setArguments(arguments);
     process.setStandardInputFile(QProcess::nullDevice());
+#ifdef Q_OS_LINUX
+    // A child outliving a killed program would go on writing work files that
+    // the next run has already made anew: it ends with the program.
+    const pid_t parent = ::getpid();
+    process.setChildProcessModifier([parent] {
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+        if (::getppid() != parent)
+            ::_exit(127);
+    });
+#endif
     process.start(QIODevice::ReadOnly);
 
     ProcessResult result;

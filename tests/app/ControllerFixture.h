@@ -25,6 +25,9 @@ protected:
         : defaults(UserDefaults::defaultFilePath())
         , preferences(defaults, loginItem)
     {
+        // Eudora 6's trash lies at the root of the start volume, outside the
+        // temporary home that a test may erase in.
+        preferences.enableChanged(QStringLiteral("Eudora"));
     }
 
     void set(QLatin1StringView key, const QVariant& value)

@@ -103,8 +103,78 @@ TEST_F(ControllerRunTest, WithEveryApplicationRunningOnlyCustomProcessesAreAsked
     EXPECT_FALSE(log.contains(u"Safari"_s));
     EXPECT_FALSE(log.contains(u"IE"_s));
     EXPECT_FALSE(log.contains(u"Plugin Cache"_s));
+    for (const QString& header :
+         {u"Apple Mail 1.1"_s, u"Mail Cache"_s, u"Eudora 5.x"_s, u"Postbox 2"_s, u"Thunderbird 1.5"_s})
+        EXPECT_FALSE(log.contains(header)) << header.toStdString();
     EXPECT_EQ(log.last(), u"Nothing selected to shred"_s);
     EXPECT_TRUE(QFileInfo::exists(home.file(u"Library/Caches/Safari/cache.db"_s)));
+}
+
+TEST_F(ControllerRunTest, TheMailCleanersRunInTheirPlacesAndThunderbirdAloneDoesNotCount)
+{
+    controller().applicationDidFinishLaunching();
+    ASSERT_TRUE(runAndWait([](Controller& c) { c.shred(); }));
+    const QStringList order{u"Opera 17.x"_s,
+                            u"Apple Mail 1.1"_s,
+                            u"Apple Mail 1.2 (Jaguar)"_s,
+                            u"Apple Mail 2.x - 5.x"_s,
+                            u"Mail Cache"_s,
+                            u"Eudora 5.x"_s,
+                            u"Eudora 6.x"_s,
+                            u"Safari"_s,
+                            u"SeaMonkey 1.x"_s,
+                            u"Postbox 2"_s,
+                            u"Camino 0.7"_s,
+                            u"Firefox 2.0"_s,
+                            u"Thunderbird 1.5"_s,
+                            u"Shiira"_s};
+    QStringList log = logLines();
+    qsizetype previous = -1;
+    for (const QString& header : order) {
+        const qsizetype at = log.indexOf(header, previous + 1);
+        EXPECT_GT(at, previous) << header.toStdString();
+        previous = at;
+    }
+
+    // While Thunderbird runs only its own cleaner is passed over.
+    commands.processes = {"/Applications/Thunderbird.app/Contents/MacOS/thunderbird-bin"};
+    ASSERT_TRUE(runAndWait([](Controller& c) { c.shred(); }));
+    log = logLines();
+    EXPECT_FALSE(log.contains(u"Thunderbird 1.5"_s));
+    EXPECT_TRUE(log.contains(u"Postbox 2"_s));
+    EXPECT_TRUE(log.contains(u"Plugin Cache"_s));
+
+    // The other mail clients count: the plug-in cache waits until they have quit.
+    for (const char* client :
+         {"/Applications/Mail.app/x", "/Applications/Eudora.app/x", "/Applications/Postbox.app/x"}) {
+        commands.processes = {QByteArray(client)};
+        ASSERT_TRUE(runAndWait([](Controller& c) { c.shred(); }));
+        log = logLines();
+        EXPECT_FALSE(log.contains(u"Plugin Cache"_s)) << client;
+        EXPECT_TRUE(log.contains(u"Thunderbird 1.5"_s));
+    }
+    EXPECT_FALSE(log.contains(u"Postbox 2"_s));
+}
+
+TEST_F(ControllerRunTest, AJunkMailboxIsErasedAndMadeAgainEmpty)
+{
+    set(PreferenceKey::ShredAppleMailJunk, true);
+    const QString local = u"Library/Thunderbird/Profiles/x9.default/Mail/Local Folders/"_s;
+    home.write(local + u"Junk"_s, "spam message");
+    home.write(local + u"Junk.msf"_s, "junk summary");
+    home.write(local + u"Trash"_s, "deleted message");
+    home.write(local + u"Inbox"_s, "kept message");
+    defaults.setObject(QVariantMap{{home.file(u"Library/Thunderbird/Profiles"_s), QVariantList{u"x9.default"_s}}},
+                       u"ProfilesMenuDict"_s);
+    controller().applicationDidFinishLaunching();
+    ASSERT_TRUE(runAndWait([](Controller& c) { c.shred(); }));
+
+    const QFileInfo junk(home.file(local + u"Junk"_s));
+    EXPECT_TRUE(junk.isFile());
+    EXPECT_EQ(junk.size(), 0);
+    EXPECT_FALSE(QFileInfo::exists(home.file(local + u"Junk.msf"_s)));
+    EXPECT_FALSE(QFileInfo::exists(home.file(local + u"Trash"_s)));
+    EXPECT_EQ(home.read(local + u"Inbox"_s), "kept message");
 }
 
 TEST_F(ControllerRunTest, ASessionEndingRunQuitsApplicationsFirstAndSendsItsEventOnce)
@@ -170,4 +240,34 @@ TEST_F(ControllerRunTest, QuittingWaitsForTheShreddingStage)
     controller().shred();
     EXPECT_EQ(logLines().first(), u"Vantle *not* Initiated - application needs to terminate"_s);
     EXPECT_EQ(view.terminateReplies, QList<bool>{true});
+}
+
+TEST_F(ControllerRunTest, EveryCleanerRunsInTheDispatchTablesOrder)
+{
+    controller().applicationDidFinishLaunching();
+    ASSERT_TRUE(runAndWait([](Controller& c) { c.shred(); }));
+    const QString mozillaFamily = u"Firefox 3.0-12.0, Flock 2.5, and SeaMonkey 1.0"_s;
+    const QStringList order{
+        u"Custom Processes"_s, u"IE"_s, u"iCab v2"_s, u"iCab v3"_s, u"iCab v4"_s, u"OmniWeb 4"_s, u"OmniWeb 5"_s,
+        u"OmniWeb 5.7"_s, u"Opera 5.x"_s, u"Opera 6.x"_s, u"Opera 7.x"_s, u"Opera 8.x"_s, u"Opera 9.x"_s,
+        u"Opera 10.x"_s, u"Opera 11.x"_s, u"Opera 17.x"_s, u"Apple Mail 1.1"_s, u"Apple Mail 1.2 (Jaguar)"_s,
+        u"Apple Mail 5.0"_s, u"Apple Mail 2.x - 5.x"_s, u"Mail Cache"_s, u"Eudora 5.x"_s, u"Eudora 6.x"_s,
+        u"Safari"_s, u"Safari 2.0 and/or Shiira 1.2"_s, u"Safari 3.0"_s, u"Safari 4.0"_s, u"Safari 5.0"_s,
+        u"Safari 5.1-6"_s, u"Safari 6.0"_s, u"Mozilla 1.x and Netscape 7"_s, u"SeaMonkey 1.x"_s, u"Postbox 2"_s,
+        u"Camino 0.7"_s, u"Camino 0.8"_s, u"Camino 1.0"_s, u"Camino 1.6"_s, u"Camino 2.0"_s, u"Camino 2.1"_s,
+        u"Firefox 0.8"_s, u"Firefox 1.0"_s, u"Firefox 1.5"_s, u"Firefox 2.0"_s, mozillaFamily, u"Thunderbird 1.5"_s,
+        u"Shiira"_s, u"Shiira v2"_s, u"Safari 2.0 and/or Shiira 1.2"_s, u"Flock 2.5"_s, mozillaFamily,
+        u"Flock 3.5"_s, u"Chrome 4"_s, u"Chrome 5.0"_s, u"Chrome 17.0"_s, u"Chrome 30.0"_s,
+        u"SeaMonkey 2.0 Cache"_s, u"SeaMonkey 2.0"_s, mozillaFamily, u"Plugin Cache"_s};
+    const QStringList log = logLines();
+    qsizetype previous = -1;
+    for (const QString& header : order) {
+        const qsizetype at = log.indexOf(header, previous + 1);
+        ASSERT_GT(at, previous) << header.toStdString();
+        previous = at;
+    }
+    EXPECT_EQ(log.count(mozillaFamily), 3);
+    EXPECT_EQ(log.count(u"Safari 2.0 and/or Shiira 1.2"_s), 2);
+    // The QuickTime cache belongs to session-ending runs only.
+    EXPECT_FALSE(log.contains(u"Quicktime Cache"_s));
 }

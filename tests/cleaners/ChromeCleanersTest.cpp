@@ -71,7 +71,9 @@ TEST_F(ChromeCleanersTest, ChromeFiveEditsLocalStateAndSaysSoInItsOwnWords)
     EXPECT_EQ(run([&] { cleaners.Chrome50(); }),
               (QStringList{u"Chrome 5.0"_s, u"Shred: "_s + profile(u"Extension Cookies"_s),
                            u"Shred: ~/Library/Application Support/Google/Chrome/Local State"_s,
-                           u"Shred: ~/Library/Application Support/Google/Chrome/Default/Visited Links"_s, u""_s}));
+                           u"Shred: ~/Library/Application Support/Google/Chrome/Default/Visited Links"_s,
+                           // Without the keep-list model the storage is left alone.
+                           u"Could not get HTML5Manager sharedInstance.  HTML5 shredding skipped."_s, u""_s}));
     EXPECT_EQ(home.read(localState), R"({"browser":{}})");
     EXPECT_EQ(paths, (QStringList{profile(u"Extension Cookies"_s), home.file(localState + u".vantlex"_s),
                                   profile(u"Visited Links"_s)}));
@@ -86,7 +88,8 @@ TEST_F(ChromeCleanersTest, ChromeFiveEditsLocalStateAndSaysSoInItsOwnWords)
     setAllKeys(false);
     EXPECT_EQ(run([&] { cleaners.Chrome50(); }),
               (QStringList{u"Chrome 5.0"_s, u"Skip: "_s + profile(u"Extension Cookies"_s),
-                           u"Skip: ~/Library/Application Support/Google/Chrome/Default/Visited Links"_s, u""_s}));
+                           u"Skip: ~/Library/Application Support/Google/Chrome/Default/Visited Links"_s,
+                           u"Could not get HTML5Manager sharedInstance.  HTML5 shredding skipped."_s, u""_s}));
 }
 
 TEST_F(ChromeCleanersTest, ChromeSeventeenNeedsTheKeyAndKeepsTopSitesWhenAsked)
@@ -160,6 +163,7 @@ TEST_F(ChromeCleanersTest, FlockUserDataFolder)
                   u"Shred: "_s + p + u"Thumbnails"_s,
                   u"Shred: "_s + p + u"Cookies"_s,
                   u"Shred: "_s + p + u"Extension Cookies"_s,
+                  u"Could not get HTML5Manager sharedInstance.  HTML5 shredding skipped."_s,
               }));
     EXPECT_EQ(home.read(profileDir + u"Local State"_s), R"({"x":1})");
     EXPECT_TRUE(paths.contains(p + u"Local State.vantlex"_s));

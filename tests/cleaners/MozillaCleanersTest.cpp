@@ -168,3 +168,17 @@ TEST_F(MozillaCleanersTest, FlockThreeFiveCleansEveryUserDataFolder)
     EXPECT_EQ(lines.filter(u"/Caches/Flock/User Data 2/Default/Cache"_s).size(), 1);
     EXPECT_TRUE(lines.filter(u"Profiles"_s).isEmpty());
 }
+
+TEST_F(MozillaCleanersTest, APasswordFileNamedOutsideTheProfileIsRefusedAndSaidSo)
+{
+    home.write(kFirefox + u"a1.default/prefs.js"_s, "user_pref(\"signon.SignonFileName\", \"../../../Documents/a\");\n");
+    home.write(u"Documents/a"_s, "mine");
+    select(kFirefox.chopped(1), {u"a1.default"_s});
+    setAllKeys(true);
+
+    const QStringList lines = run([&] { cleaners.Firefox20(); });
+    EXPECT_TRUE(lines.contains(
+        u"Skip: Passwords file named in prefs.js is not a file of the profile folder: ../../../Documents/a"_s));
+    for (const QString& path : paths)
+        EXPECT_FALSE(path.contains(u"Documents"_s)) << qPrintable(path);
+}

@@ -54,6 +54,8 @@ TEST_F(ShredCliTest, ARunErasesWhatTheLogSaysAndNothingElse)
 {
     ASSERT_EQ(cli({u"prefs"_s, u"set"_s, u"ShredHistory"_s, u"YES"_s}).exitCode, 0);
     ASSERT_EQ(cli({u"prefs"_s, u"set"_s, u"ActivityLog"_s, u"YES"_s}).exitCode, 0);
+    // Eudora 6's trash lies at the root of the start volume, outside the temporary home.
+    ASSERT_EQ(cli({u"apps"_s, u"disable"_s, u"Eudora"_s}).exitCode, 0);
     const CliRun run = cli({u"shred"_s, u"--yes"_s});
     EXPECT_EQ(run.exitCode, 0) << qPrintable(run.err);
 

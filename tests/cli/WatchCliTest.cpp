@@ -42,6 +42,8 @@ TEST_F(WatchCliTest, ACustomProcessThatQuitsIsFollowedByARunAndCtrlCStopsTheWatc
     ASSERT_EQ(cli({u"custom"_s, u"add-process"_s, editor}).exitCode, 0);
     ASSERT_EQ(cli({u"custom"_s, u"add-path"_s, editor, home.file(u"Editor Drafts"_s)}).exitCode, 0);
     ASSERT_EQ(cli({u"custom"_s, u"keep"_s, editor, home.file(u"Editor Drafts"_s), u"on"_s}).exitCode, 0);
+    // Eudora 6's trash lies at the root of the start volume, outside the temporary home.
+    ASSERT_EQ(cli({u"apps"_s, u"disable"_s, u"Eudora"_s}).exitCode, 0);
     const CliRun list = cli({u"custom"_s, u"list"_s});
     EXPECT_EQ(list.out, editor + u"\n    "_s + home.file(u"Editor Drafts"_s) + u"  (folder kept)\n"_s);
 
@@ -73,6 +75,45 @@ TEST_F(WatchCliTest, ACustomProcessThatQuitsIsFollowedByARunAndCtrlCStopsTheWatc
     ::kill(pid_t(watch.processId()), SIGINT);
     ASSERT_TRUE(watch.waitForFinished(15000));
     EXPECT_EQ(watch.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(watch.exitCode(), 0);
+}
+
+TEST_F(WatchCliTest, WhenSafariQuitsARunErasesItsTraces)
+{
+    // Any program whose command line holds "/Safari.app/" counts as Safari.
+    const QString safari = home.file(u"Applications/Safari.app/Contents/MacOS/Safari"_s);
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(safari).absolutePath()));
+    ASSERT_TRUE(QFile::copy(u"/bin/sleep"_s, safari));
+    home.write(u"Library/Caches/Safari/Cache.db"_s, "cached pages");
+    home.write(u"Library/Safari/History.plist"_s, "visited");
+    home.write(u"Library/Safari/Bookmarks.plist"_s, "kept");
+    ASSERT_EQ(cli({u"apps"_s, u"disable"_s, u"Eudora"_s}).exitCode, 0);
+    ASSERT_EQ(cli({u"prefs"_s, u"set"_s, u"ShredHistory"_s, u"YES"_s}).exitCode, 0);
+
+    QProcess browser;
+    browser.start(safari, {u"60"_s});
+    ASSERT_TRUE(browser.waitForStarted());
+    QProcess watch;
+    watch.start(QStringLiteral(VANTLE_CLI_PATH),
+                {u"--home"_s, home.path(), u"watch"_s, u"--yes"_s, u"--interval"_s, u"0.2"_s});
+    ASSERT_TRUE(watch.waitForStarted());
+    EXPECT_TRUE(waitForOutput(watch, u"A supported browser or email application is running..."_s)) << qPrintable(output);
+    // While Safari runs its traces stay.
+    QThread::msleep(600);
+    EXPECT_TRUE(QFileInfo::exists(home.file(u"Library/Safari/History.plist"_s)));
+
+    browser.kill();
+    browser.waitForFinished();
+    QElapsedTimer timer;
+    timer.start();
+    while (QFileInfo::exists(home.file(u"Library/Safari/History.plist"_s)) && timer.elapsed() < 15000)
+        QThread::msleep(50);
+    EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Safari/History.plist"_s)));
+    EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Safari"_s)));
+    EXPECT_EQ(home.read(u"Library/Safari/Bookmarks.plist"_s), "kept");
+
+    ::kill(pid_t(watch.processId()), SIGINT);
+    ASSERT_TRUE(watch.waitForFinished(15000));
     EXPECT_EQ(watch.exitCode(), 0);
 }
 

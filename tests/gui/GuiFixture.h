@@ -51,6 +51,8 @@ protected:
             Preferences::createSharedInstance(UserDefaults::standardUserDefaults(),
                                               std::make_unique<FakeLoginItem>());
             ApplicationModels::create(false);
+            // Eudora 6 names its trash at the root of the disk, outside the test's home.
+            Preferences::sharedInstance().enableChanged(QStringLiteral("Eudora"));
             mApp = std::make_unique<DesktopApplication>(
                 DesktopPlatform{quitter, sessionEnd, commands, bundle ? *bundle : Bundle::mainBundle(),
                                 [](int) {}, [this](const QUrl& url) { openedUrls.append(url); },

@@ -1,5 +1,6 @@
 #include "support/TempHome.h"
 
+#include "settings/HTML5Manager.h"
 #include "settings/PluginManager.h"
 #include "settings/Preferences.h"
 #include "settings/ProfilesManager.h"
@@ -21,6 +22,7 @@ void dropSharedSettings()
     PluginManager::resetSharedInstanceForTesting();
     ProfilesManager::resetSharedInstanceForTesting();
     Preferences::resetSharedInstanceForTesting();
+    HTML5Manager::resetSharedInstanceForTesting();
     UserDefaults::resetStandardUserDefaultsForTesting();
 }
 

@@ -142,6 +142,8 @@ int main(int argc, char* argv[])
     QApplication::setWindowIcon(DesktopApplication::applicationIcon(Bundle::mainBundle()));
 
     ApplicationModels::create(false);
+    // Eudora 6 names its trash at the root of the disk: the run stays inside the demo home.
+    Preferences::sharedInstance().enableChanged(u"Eudora"_s);
     const QString editor = QDir(home).filePath(u"Applications/Editor.app"_s);
     CustomShred::sharedInstance()->addProcess(editor);
     CustomShred::sharedInstance()->addPath(editor, QDir(home).filePath(u"Library/Caches/Editor"_s));

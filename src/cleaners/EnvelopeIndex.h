@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QList>
+#include <QMap>
+#include <QString>
+
+struct sqlite3;
+
+// Apple Mail's "Envelope Index", opened in this process with the SQLite
+// library. Every call answers false on failure and leaves the library's
+// message in errorMessage(); nothing is thrown. A lock held by another program
+// is waited for a short while and then reported as a failure, so a run never
+// hangs on it. Used on the run's finding thread only.
+class EnvelopeIndex {
+public:
+    // A row: column name to value, as text; a NULL value is the text "NULL".
+    using Row = QMap<QString, QString>;
+
+    EnvelopeIndex() = default;
+    ~EnvelopeIndex() { close(); }
+    EnvelopeIndex(const EnvelopeIndex&) = delete;
+    EnvelopeIndex& operator=(const EnvelopeIndex&) = delete;
+
+    // Opens an existing file (never creates one); read-only when asked, so that
+    // the file stays exactly as it was.
+    bool open(const QString& path, bool readOnly);
+    // Runs a query and appends each of its rows to rows.
+    bool select(const QString& query, QList<Row>& rows);
+    bool execute(const QString& statement);
+    void close();
+
+    QString errorMessage() const { return mErrorMessage; }
+
+private:
+    bool exec(const QString& sql, int (*callback)(void*, int, char**, char**), void* argument);
+
+    sqlite3* mDatabase = nullptr;
+    QString mErrorMessage;
+};

@@ -1,0 +1,237 @@
+#include "cleaners/WebStorageScrub.h"
+
+#include "cleaners/CleanerContext.h"
+#include "cleaners/DatabaseFiles.h"
+#include "cleaners/SchemaDigest.h"
+#include "cleaners/SqliteShell.h"
+#include "core/Bundle.h"
+#include "settings/HTML5Manager.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <functional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kFirefoxOlderKey = u"13f58aaa06c99352d9c0009473659763"_s;
+const QString kFirefoxKey = u"437f2e65e7c5184ca651c805ca3c809f"_s;
+
+// How one kind of store is named: its messages, template and work files.
+struct Store {
+    QString missing;
+    QString mismatch;
+    QString templateMissing;
+    QString notCreated;
+    QString workMismatch;
+    QString templateName;
+    QString work, renamed, schema, source, destination;
+};
+
+const Store kFirefoxStore{u"Webappsstore Database does not exist."_s,
+                          u"Webappsstore Database Schema does not match key:"_s,
+                          u"Webappsstore Vacuumed Database does not exist."_s,
+                          u"Webappsstore Vantle X Database was not created."_s,
+                          u"Webappsstore Vantle X Database Schema does not match key:"_s,
+                          u"webappsstorevacuumed"_s,
+                          u"webappsstore.vantlex.sqlite"_s,
+                          u"webappsstore.renamed.sqlite"_s,
+                          u"webappsstore.vantlex.sql.sqlite"_s,
+                          u"webappsstore.vantlex.src.sqlite"_s,
+                          u"webappsstore.vantlex.dst.sqlite"_s};
+
+const Store kDatabasesStore{u"Databases file does not exist."_s,
+                            u"Databases Database Schema does not match key:"_s,
+                            u"dbfile Vacuumed Database does not exist."_s,
+                            u"dbfile Vantle X Database was not created."_s,
+                            u"dbfile Vantle X Database Schema does not match key:"_s,
+                            u"dbfilevacuumed"_s,
+                            u"vantlex.sqlite"_s,
+                            u"renamed.sqlite"_s,
+                            u"vantlex.sql.sqlite"_s,
+                            u"dbfile.vantlex.src.sqlite"_s,
+                            u"dbfile.vantlex.dst.sqlite"_s};
+
+// Copies the rows query selects into table of the new database.
+using Copy = std::function<void(const QString& table, const QString& query)>;
+// Makes the copies; workDigest is the new database's schema digest before any row arrived.
+using CopyRows = std::function<void(const Copy& copy, const QString& workDigest)>;
+
+// The steps every store shares: check the schema, start a new database from the
+// template with the same schema, copy the kept rows, put it in place.
+class Rebuild {
+public:
+    Rebuild(CleanerContext& context, const SqliteShell& shell, const Store& store, const QString& path)
+        : mContext(context)
+        , mShell(shell)
+        , mStore(store)
+        , mPath(path)
+        , mFolder(QFileInfo(path).absoluteDir())
+    {
+    }
+
+    QString run(bool testExistence, const QStringList& acceptedKeys, const CopyRows& copyRows)
+    {
+        if (testExistence && !QFileInfo::exists(mPath))
+            return fail(mStore.missing);
+        if (!mShell.exists())
+            return fail(u"SQLite shell does not exist."_s);
+        if (!SqliteShell::isQuotablePath(mFolder.path()))
+            return fail(u"Databases folder name holds a quote or backslash - not rewritten."_s);
+
+        const QString work = file(mStore.work);
+        const QString renamed = file(mStore.renamed);
+        const QString schemaFile = file(mStore.schema);
+        if (!mContext.dryRun) {
+            DatabaseFiles::removeWorkDatabase(work);
+            for (const QString& leftOver : {renamed, schemaFile, file(mStore.source), file(mStore.destination)})
+                DatabaseFiles::removeWorkFile(leftOver);
+        }
+
+        const QString schema = mShell.schema(mPath);
+        if (!matches(SchemaDigest::raw(schema), acceptedKeys, mStore.mismatch))
+            return QString();
+        if (mContext.dryRun)
+            return renamed;
+
+        DatabaseFiles::writeWorkFile(schemaFile, schema.toUtf8());
+        const QString templatePath = Bundle::mainBundle().pathForResource(mStore.templateName, u"sqlite"_s);
+        if (templatePath.isEmpty())
+            return fail(mStore.templateMissing);
+        if (!DatabaseFiles::copyTemplate(templatePath, work, mPath))
+            return fail(mStore.notCreated);
+        mShell.firefox3ExecuteSQL(u".read"_s, schemaFile, work);
+        const QString workDigest = SchemaDigest::raw(mShell.schema(work));
+        if (!matches(workDigest, acceptedKeys, mStore.workMismatch))
+            return QString();
+
+        copyRows(
+            [&](const QString& table, const QString& query) {
+                mShell.firefox3ReplicateTable(table, query, mPath, work, file(mStore.source), file(mStore.destination));
+            },
+            workDigest);
+        for (const QString& script : {schemaFile, file(mStore.source), file(mStore.destination)})
+            DatabaseFiles::removeWorkFile(script);
+        if (mShell.firefox3ExecuteSQL(u"PRAGMA quick_check;"_s, work).trimmed() != u"ok"_s) {
+            DatabaseFiles::removeWorkDatabase(work);
+            return fail(u"Rebuilt database is damaged - not replaced."_s);
+        }
+        return DatabaseFiles::swap(mPath, work, renamed) ? renamed : QString();
+    }
+
+private:
+    QString file(const QString& name) const { return mFolder.filePath(name); }
+
+    QString fail(const QString& message)
+    {
+        mContext.log(message);
+        mContext.endCleaner();
+        return QString();
+    }
+
+    bool matches(const QString& digest, const QStringList& acceptedKeys, const QString& mismatch)
+    {
+        if (acceptedKeys.contains(digest))
+            return true;
+        mContext.log(mismatch);
+        mContext.log(digest);
+        return false;
+    }
+
+    CleanerContext& mContext;
+    const SqliteShell& mShell;
+    const Store& mStore;
+    QString mPath;
+    QDir mFolder;
+};
+
+// A kept name inside a string literal: a quote in it must not end the string
+// and drop the whole copy.
+QString sqlText(QString text)
+{
+    return text.replace(u'\'', u"''"_s);
+}
+
+QStringList keepList(bool reversed)
+{
+    const HTML5Manager* manager = HTML5Manager::sharedInstance();
+    return manager ? manager->getDomainTableData(reversed) : QStringList();
+}
+
+} // namespace
+
+WebStorageScrub::WebStorageScrub(CleanerContext& context, const SqliteShell& shell)
+    : mContext(context)
+    , mShell(shell)
+{
+}
+
+QString WebStorageScrub::domainQuery(const QString& table, const QString& column, const QString& domain)
+{
+    return u"select * from %1 where %2 like '%%3%';"_s.arg(table, column, sqlText(domain));
+}
+
+QString WebStorageScrub::firefox3webappsstoresqlite(const QString& path)
+{
+    return Rebuild(mContext, mShell, kFirefoxStore, path)
+        .run(true, {kFirefoxOlderKey, kFirefoxKey}, [](const Copy& copy, const QString& workDigest) {
+            // The store keys its rows by the reversed host name. Whatever the
+            // schema, the rows go to the table "webappsstore2", and the older
+            // digest is paired with the query on "webappsstore".
+            for (const QString& domain : keepList(true)) {
+                const QString query = workDigest == kFirefoxOlderKey
+                                    ? u"select webappsstore.* from webappsstore where webappsstore.domain like '%%1%';"_s
+                                    : u"select webappsstore2.* from webappsstore2 where webappsstore2.scope like '%%1%';"_s;
+                copy(u"webappsstore2"_s, query.arg(sqlText(domain)));
+            }
+        });
+}
+
+QString WebStorageScrub::safari5databasessqlite(const QString& path, const QString& schemaMD5)
+{
+    return Rebuild(mContext, mShell, kDatabasesStore, path).run(true, {schemaMD5}, [](const Copy& copy, const QString&) {
+        for (const QString& domain : keepList(false)) {
+            copy(u"Databases"_s, domainQuery(u"Databases"_s, u"Origin"_s, domain));
+            copy(u"Origins"_s, domainQuery(u"Origins"_s, u"origin"_s, domain));
+        }
+    });
+}
+
+QString WebStorageScrub::safari5storagetrackersqlite(const QString& path, const QString& schemaMD5)
+{
+    // The caller has made sure the tracker exists.
+    return Rebuild(mContext, mShell, kDatabasesStore, path).run(false, {schemaMD5}, [](const Copy& copy, const QString&) {
+        // Safari's own resource origins always stay.
+        QStringList kept = keepList(false);
+        kept.append(u"safari-resource"_s);
+        for (const QString& domain : kept)
+            copy(u"Origins"_s, domainQuery(u"Origins"_s, u"origin"_s, domain));
+    });
+}
+
+QString WebStorageScrub::chrome5databasessqlite(const QString& path, const QString& schemaMD5)
+{
+    return rebuildDatabasesFile(path, schemaMD5, {});
+}
+
+QString WebStorageScrub::flock35databasessqlite(const QString& path, const QString& schemaMD5)
+{
+    // Flock's built-in people extension keeps its storage.
+    return rebuildDatabasesFile(path, schemaMD5, {u"chrome-extension_flock_people_0"_s});
+}
+
+QString WebStorageScrub::rebuildDatabasesFile(const QString& path, const QString& schemaMD5,
+                                              const QStringList& fixedOrigins)
+{
+    return Rebuild(mContext, mShell, kDatabasesStore, path)
+        .run(true, {schemaMD5}, [&fixedOrigins](const Copy& copy, const QString&) {
+            copy(u"meta"_s, u"select * from meta;"_s);
+            for (const QString& origin : keepList(false) + fixedOrigins) {
+                copy(u"Databases"_s, domainQuery(u"Databases"_s, u"origin"_s, origin));
+                // Chrome's quota rows go to the table "Origins".
+                copy(u"Origins"_s, domainQuery(u"Quota"_s, u"origin"_s, origin));
+            }
+        });
+}

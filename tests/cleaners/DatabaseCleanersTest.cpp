@@ -1,0 +1,197 @@
+// The cleaners that rebuild browser databases: what they log and queue around
+// the rebuilds, with real databases in a temporary home.
+#include "cleaners/ChromeCleaners.h"
+#include "cleaners/CleanerFixture.h"
+#include "cleaners/MozillaCleaners.h"
+#include "cleaners/SafariCleaners.h"
+#include "settings/HTML5Manager.h"
+#include "support/RecordingRunner.h"
+#include "support/TestDatabase.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class DatabaseCleanersTest : public CleanerFixture {
+protected:
+    DatabaseCleanersTest() { html5 = &HTML5Manager::createSharedInstance(); }
+
+    void database(const QString& relative, const QString& schemaFile, const QString& rows = QString())
+    {
+        QDir().mkpath(QFileInfo(home.file(relative)).absolutePath());
+        TestDatabase db(home.file(relative));
+        db.exec(QString::fromUtf8(testData(schemaFile)));
+        if (!rows.isEmpty())
+            db.exec(rows);
+    }
+    void select(const QString& folder, const QStringList& names)
+    {
+        QVariantMap selection = defaults.dictionaryForKey(u"ProfilesMenuDict"_s);
+        selection.insert(home.file(folder), QVariantList(names.cbegin(), names.cend()));
+        defaults.setObject(selection, u"ProfilesMenuDict"_s);
+    }
+    void keepAndEnable(const QString& domain)
+    {
+        html5->addDomain();
+        html5->setDomain(0, domain);
+        html5->setEnabled();
+    }
+    QStringList bookmarks(const QString& relative)
+    {
+        TestDatabase db(home.file(relative));
+        return db.rows(u"select title from moz_bookmarks order by id"_s);
+    }
+
+    HTML5Manager* html5 = nullptr;
+    RecordingRunner runner;
+    ChromeCleaners chrome{context};
+    MozillaCleaners mozilla{context, defaults, chrome};
+    SafariCleaners safari{context, &runner};
+};
+
+const QString kProfiles = u"Library/Application Support/Firefox/Profiles"_s;
+const QString kPlacesRows = u"INSERT INTO moz_places (id, url) VALUES (7, 'http://kept/'), (8, 'http://visited/');"
+                            "INSERT INTO moz_historyvisits VALUES (1, 0, 8, 1, 1, 1);"
+                            "INSERT INTO moz_bookmarks (id, type, fk, parent, position, title) VALUES (4, 1, 7, 1, 0, 'Kept');"_s;
+
+} // namespace
+
+TEST_F(DatabaseCleanersTest, FirefoxProfilesRebuildPlacesAndWebStorage)
+{
+    const QString profile = home.file(kProfiles + u"/a1.default"_s);
+    database(kProfiles + u"/a1.default/places.sqlite"_s, u"places-firefox-3.0.sql"_s, kPlacesRows);
+    database(kProfiles + u"/a1.default/webappsstore.sqlite"_s, u"firefox-webappsstore2.sql"_s);
+    select(kProfiles, {u"a1.default"_s, u"deleted.profile"_s});
+    setAllKeys(true);
+    keepAndEnable(u"kept.com"_s);
+
+    EXPECT_EQ(run([&] { mozilla.Firefox30Flock25SeaMonkey20(u"Firefox"_s, u"~/"_s + kProfiles); }),
+              (QStringList{u"Firefox 3.0-12.0, Flock 2.5, and SeaMonkey 1.0"_s, profile, u"Shred:"_s,
+                           profile + u"/webappsstore.sqlite"_s, u"Shred:"_s, profile + u"/Cache.Trash"_s, u"Shred:"_s,
+                           profile + u"/places.sqlite"_s, u"Shred:"_s, profile + u"/formhistory.sqlite"_s, u"Shred:"_s,
+                           profile + u"/cookies.sqlite"_s, profile + u"/cookies.txt"_s, u"Shred:"_s,
+                           profile + u"/downloads.sqlite"_s, QString(), QString()}));
+    EXPECT_EQ(paths, (QStringList{profile + u"/webappsstore.renamed.sqlite"_s, profile + u"/Cache.Trash"_s,
+                                  profile + u"/places.renamed.sqlite"_s, profile + u"/formhistory.sqlite"_s,
+                                  profile + u"/cookies.sqlite"_s, profile + u"/cookies.txt"_s,
+                                  profile + u"/downloads.sqlite"_s}));
+    EXPECT_EQ(bookmarks(kProfiles + u"/a1.default/places.sqlite"_s), QStringList{u"Kept"_s});
+
+    // Everything off: places is not opened, and the downloads skip names its file twice.
+    paths.clear();
+    setAllKeys(false);
+    html5->setEnabled();
+    const QByteArray places = home.read(kProfiles + u"/a1.default/places.sqlite"_s);
+    EXPECT_EQ(run([&] { mozilla.Firefox30Flock25SeaMonkey20(u"Firefox"_s, u"~/"_s + kProfiles); }),
+              (QStringList{u"Firefox 3.0-12.0, Flock 2.5, and SeaMonkey 1.0"_s, profile, u"Skip:"_s,
+                           profile + u"/Cache.Trash"_s, u"Skip:"_s, profile + u"/places.sqlite"_s, u"Skip:"_s,
+                           profile + u"/formhistory.sqlite"_s, u"Skip:"_s, profile + u"/cookies.sqlite"_s,
+                           profile + u"/cookies.txt"_s, u"Skip:"_s, profile + u"/downloads.sqlite"_s,
+                           profile + u"/downloads.sqlite"_s, QString(), QString()}));
+    EXPECT_EQ(paths, QStringList());
+    EXPECT_EQ(home.read(kProfiles + u"/a1.default/places.sqlite"_s), places);
+
+    select(kProfiles, {});
+    EXPECT_EQ(run([&] { mozilla.Firefox30Flock25SeaMonkey20(u"Flock"_s, u"~/"_s + kProfiles); }),
+              (QStringList{u"Firefox 3.0-12.0, Flock 2.5, and SeaMonkey 1.0"_s, u"No profiles selected."_s, QString()}));
+    disable(u"SeaMonkey 2"_s);
+    EXPECT_EQ(run([&] { mozilla.Firefox30Flock25SeaMonkey20(u"SeaMonkey 2"_s, u"~/"_s + kProfiles); }),
+              (QStringList{u"Firefox 3.0-12.0, Flock 2.5, and SeaMonkey 1.0"_s,
+                           u"Not enabled - check preferences to enable."_s, QString()}));
+}
+
+TEST_F(DatabaseCleanersTest, CaminoTwoOneRebuildsPlacesAndTakesTheJournal)
+{
+    const QString places = home.file(u"Library/Application Support/Camino/places.sqlite"_s);
+    database(u"Library/Application Support/Camino/places.sqlite"_s, u"places-firefox-3.0.sql"_s, kPlacesRows);
+    setKey(PreferenceKey::shredSafariFavicon, true);
+
+    // No closing empty line.
+    EXPECT_EQ(run([&] { mozilla.Camino21(); }), (QStringList{u"Camino 2.1"_s, u"Shred:"_s, places}));
+    EXPECT_EQ(paths, (QStringList{home.file(u"Library/Application Support/Camino/places.renamed.sqlite"_s),
+                                  places + u"-journal"_s}));
+
+    paths.clear();
+    setKey(PreferenceKey::shredSafariFavicon, false);
+    setKey(PreferenceKey::ShredHistory, false);
+    EXPECT_EQ(run([&] { mozilla.Camino21(); }), (QStringList{u"Camino 2.1"_s, u"Skip:"_s, places, places + u"-journal"_s}));
+    EXPECT_EQ(paths, QStringList());
+
+    QFile::remove(places);
+    setKey(PreferenceKey::ShredHistory, true);
+    EXPECT_EQ(run([&] { mozilla.Camino21(); }),
+              (QStringList{u"Camino 2.1"_s, u"Shred:"_s, places, u"Places Database does not exist."_s, QString()}));
+    EXPECT_EQ(paths, QStringList{places + u"-journal"_s});
+}
+
+TEST_F(DatabaseCleanersTest, SafariFiveErasesTheStorageOfSitesNotKept)
+{
+    for (const QString& name : {u"http_www.kept.com_0.localstorage"_s, u"http_other.org_0.localstorage"_s,
+                                u"http_other.org_0.localstorage-journal"_s, u"safari-resource__0.localstorage"_s})
+        home.write(u"Library/Safari/LocalStorage/"_s + name, "storage");
+    database(u"Library/Safari/LocalStorage/StorageTracker.db"_s, u"safari-storagetracker.sql"_s);
+    database(u"Library/Safari/Databases/Databases.db"_s, u"safari-databases.sql"_s);
+    QDir().mkpath(home.file(u"Library/Safari/Databases/http_www.kept.com_0"_s));
+    QDir().mkpath(home.file(u"Library/Safari/Databases/http_other.org_0"_s));
+    keepAndEnable(u"kept.com"_s);
+
+    EXPECT_EQ(run([&] { safari.Safari50(); }), (QStringList{u"Safari 5.0"_s, u"Shred: ~/Library/Safari/LocalStorage"_s,
+                                                            u"Shred: ~/Library/Safari/Databases"_s, QString()}));
+    EXPECT_EQ(paths, (QStringList{home.file(u"Library/Safari/LocalStorage/renamed.sqlite"_s),
+                                  home.file(u"Library/Safari/LocalStorage/http_other.org_0.localstorage"_s),
+                                  home.file(u"Library/Safari/Databases/renamed.sqlite"_s),
+                                  home.file(u"Library/Safari/Databases/http_other.org_0"_s)}));
+
+    // A databases index of an unknown version ends the storage part: only the
+    // local storage found before it is queued.
+    paths.clear();
+    QFile::remove(home.file(u"Library/Safari/Databases/Databases.db"_s));
+    database(u"Library/Safari/Databases/Databases.db"_s, u"chrome-databases.sql"_s);
+    const QStringList lines = run([&] { safari.Safari50(); });
+    ASSERT_EQ(lines.size(), 5);
+    EXPECT_EQ(lines[2], u"Databases Database Schema does not match key:"_s);
+    EXPECT_EQ(lines[4], QString());
+    EXPECT_EQ(paths.size(), 2);
+
+    paths.clear();
+    html5->setEnabled();
+    EXPECT_EQ(run([&] { safari.Safari50(); }), (QStringList{u"Safari 5.0"_s, u"Skip: ~/Library/Safari/LocalStorage"_s,
+                                                            u"Skip: ~/Library/Safari/Databases"_s, QString()}));
+    HTML5Manager::resetSharedInstanceForTesting();
+    EXPECT_EQ(run([&] { safari.Safari50(); }),
+              (QStringList{u"Safari 5.0"_s, u"Could not get HTML5Manager sharedInstance.  HTML5 shredding skipped."_s,
+                           QString()}));
+    EXPECT_EQ(paths, QStringList());
+}
+
+TEST_F(DatabaseCleanersTest, ChromeAndFlockStorageKeepTheirJournalsAndLogTheirFolders)
+{
+    const QString chromeProfile = u"Library/Application Support/Google/Chrome/Default/"_s;
+    home.write(chromeProfile + u"Local Storage/http_gone.net_0.localstorage"_s, "s");
+    home.write(chromeProfile + u"Local Storage/http_gone.net_0.localstorage-journal"_s, "j");
+    database(chromeProfile + u"databases/Databases.db"_s, u"chrome-databases.sql"_s);
+    keepAndEnable(u"kept.com"_s);
+    setAllKeys(false);
+
+    const QStringList chromeLines = run([&] { chrome.Chrome50(); });
+    EXPECT_EQ(chromeLines.mid(chromeLines.size() - 3),
+              (QStringList{u"Shred: ~/Library/Application Support/Google/Chrome/Default/Local Storage"_s,
+                           u"Shred: ~/Library/Application Support/Google/Chrome/Default/databases"_s, QString()}));
+    EXPECT_EQ(paths, (QStringList{home.file(chromeProfile + u"Local Storage/http_gone.net_0.localstorage"_s),
+                                  home.file(chromeProfile + u"Local Storage/http_gone.net_0.localstorage-journal"_s),
+                                  home.file(chromeProfile + u"databases/renamed.sqlite"_s)}));
+
+    paths.clear();
+    const QString flockProfile = u"Library/Application Support/Flock/User Data/Default/"_s;
+    home.write(flockProfile + u"Local Storage/chrome-extension_flock_people_0.localstorage"_s, "people");
+    home.write(flockProfile + u"Local Storage/http_gone.net_0.localstorage"_s, "s");
+    database(flockProfile + u"databases/Databases.db"_s, u"chrome-databases.sql"_s);
+    const QStringList flockLines = run([&] { chrome.Flock35UserData(u"User Data"_s); });
+    EXPECT_EQ(flockLines.mid(flockLines.size() - 2), (QStringList{u"Shred: Local Storage"_s, u"Shred: databases"_s}));
+    EXPECT_EQ(paths.mid(paths.size() - 2),
+              (QStringList{home.file(flockProfile + u"Local Storage/http_gone.net_0.localstorage"_s),
+                           home.file(flockProfile + u"databases/renamed.sqlite"_s)}));
+}

@@ -1,0 +1,309 @@
+#include "cleaners/PlacesScrub.h"
+
+#include "cleaners/CleanerFixture.h"
+#include "support/TestDatabase.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Icon data that would not survive as text: a zero byte, quotes, high bytes.
+const QByteArray kIconA = QByteArray::fromHex("89504e470d0a1a0a0000002749270027ff00fe");
+const QByteArray kIconB = QByteArray::fromHex("00112233445566778899aabbccddeeff27");
+
+const QStringList kWorkFiles{u"places.vantlex.sqlite"_s,     u"places.vantlex.sqlite-journal"_s,
+                             u"places.vantlex.sql.sqlite"_s, u"places.vantlex.src.sqlite"_s,
+                             u"places.vantlex.dst.sqlite"_s};
+
+mode_t modeOf(const QString& path)
+{
+    struct stat status {};
+    ::stat(QFile::encodeName(path).constData(), &status);
+    return status.st_mode & 07777;
+}
+
+QString md5(const QByteArray& text)
+{
+    return QString::fromLatin1(QCryptographicHash::hash(text, QCryptographicHash::Md5).toHex());
+}
+
+class PlacesScrubTest : public CleanerFixture {
+protected:
+    PlacesScrubTest()
+        : profile(home.file(u"Library/Application Support/Firefox/Profiles/x1y2.default"_s))
+        , places(profile + u"/places.sqlite"_s)
+    {
+        QDir().mkpath(profile);
+    }
+
+    // A Firefox 3.0 places database: ten places, of which 5 and 6 are bookmarked,
+    // 6 and 7 annotated; visits to 4-10, typed input for 8, two icons used by
+    // places 5 and 9 and one used by none.
+    void makePlaces()
+    {
+        TestDatabase db(places);
+        db.exec(QString::fromUtf8(testData(u"places-firefox-3.0.sql"_s)));
+        for (int id = 1; id <= 10; ++id) {
+            const int favicon = id == 5 ? 1 : id == 9 ? 2 : 0;
+            db.exec(u"INSERT INTO moz_places (id, url, title, rev_host, visit_count, hidden, typed, favicon_id, frecency) "
+                    "VALUES (%1, 'http://site%1.example/', 'Site ''%1''', 'elpmaxe.%1etis.', %2, 0, 0, %3, 100);"_s
+                        .arg(id)
+                        .arg(id >= 4 ? 1 : 0)
+                        .arg(favicon ? QString::number(favicon) : u"NULL"_s));
+        }
+        db.execWithBlob(u"INSERT INTO moz_favicons VALUES (1, 'http://site5.example/favicon.ico', ?, 'image/png', 0);"_s, kIconA);
+        db.execWithBlob(u"INSERT INTO moz_favicons VALUES (2, 'http://site9.example/favicon.ico', ?, 'image/x-icon', 0);"_s, kIconB);
+        db.execWithBlob(u"INSERT INTO moz_favicons VALUES (3, 'http://gone.example/favicon.ico', ?, 'image/png', 0);"_s, kIconB);
+        for (int id = 4; id <= 10; ++id)
+            db.exec(u"INSERT INTO moz_historyvisits VALUES (%1, 0, %1, 1200000000%1, 1, 1);"_s.arg(id));
+        db.exec(u"INSERT INTO moz_inputhistory VALUES (8, 'sit', 3);"
+                "INSERT INTO moz_bookmarks_roots VALUES ('places', 1), ('menu', 2), ('toolbar', 3);"
+                "INSERT INTO moz_bookmarks (id, type, fk, parent, position, title, keyword_id, dateAdded) VALUES"
+                " (1, 2, NULL, 0, 0, '', NULL, 1), (2, 2, NULL, 1, 0, 'Menu', NULL, 1), (3, 2, NULL, 1, 1, 'Toolbar', NULL, 1),"
+                " (4, 1, 5, 2, 0, 'Five', 1, 2), (5, 1, 6, 3, 0, 'Six', NULL, 3);"
+                "INSERT INTO moz_keywords VALUES (1, 'five');"
+                "INSERT INTO moz_anno_attributes VALUES (1, 'bookmarkProperties/description'), (2, 'livemark/feedURI');"
+                "INSERT INTO moz_annos (id, place_id, anno_attribute_id, content) VALUES (1, 6, 1, 'six'), (2, 7, 2, 'seven');"
+                "INSERT INTO moz_items_annos (id, item_id, anno_attribute_id, content) VALUES (1, 4, 1, 'about five');"_s);
+    }
+
+    QStringList table(const QString& path, const QString& query)
+    {
+        TestDatabase db(path);
+        return db.rows(query);
+    }
+
+    QString scrub() { return PlacesScrub(context, context.sqliteShell()).firefox3sqlite(places); }
+
+    QStringList leftOvers() const
+    {
+        QStringList found;
+        for (const QString& name : kWorkFiles) {
+            if (QFileInfo::exists(profile + u'/' + name))
+                found.append(name);
+        }
+        return found;
+    }
+
+    const QString profile;
+    const QString places;
+};
+
+struct Kept {
+    QString table;
+    QString query;
+};
+
+const QList<Kept> kAlwaysKept{
+    {u"moz_bookmarks"_s, u"select * from moz_bookmarks order by id"_s},
+    {u"moz_bookmarks_roots"_s, u"select * from moz_bookmarks_roots order by root_name"_s},
+    {u"moz_keywords"_s, u"select * from moz_keywords order by id"_s},
+    {u"moz_anno_attributes"_s, u"select * from moz_anno_attributes order by id"_s},
+    {u"moz_annos"_s, u"select * from moz_annos order by id"_s},
+    {u"moz_items_annos"_s, u"select * from moz_items_annos order by id"_s},
+};
+
+} // namespace
+
+TEST_F(PlacesScrubTest, KeepsBookmarksAndDropsHistoryAndUnusedIcons)
+{
+    makePlaces();
+    setKey(PreferenceKey::ShredHistory, true);
+    setKey(PreferenceKey::shredSafariFavicon, true);
+    const QByteArray before = home.read(places.mid(home.path().size() + 1));
+    QMap<QString, QStringList> kept;
+    for (const Kept& k : kAlwaysKept)
+        kept.insert(k.table, table(places, k.query));
+
+    const QString renamed = scrub();
+
+    EXPECT_EQ(renamed, profile + u"/places.renamed.sqlite"_s);
+    // The old contents wait, unchanged, under the returned name for the erase.
+    QFile old(renamed);
+    ASSERT_TRUE(old.open(QIODevice::ReadOnly));
+    EXPECT_EQ(old.readAll(), before);
+    EXPECT_EQ(leftOvers(), QStringList());
+
+    EXPECT_EQ(table(places, u"select id from moz_places order by id"_s), QStringList({u"1"_s, u"2"_s, u"3"_s, u"5"_s, u"6"_s, u"7"_s}));
+    EXPECT_EQ(table(places, u"select count(*) from moz_historyvisits"_s), QStringList{u"0"_s});
+    EXPECT_EQ(table(places, u"select count(*) from moz_inputhistory"_s), QStringList{u"0"_s});
+    for (const Kept& k : kAlwaysKept)
+        EXPECT_EQ(table(places, k.query), kept.value(k.table)) << k.table.toStdString();
+    // The icons some place of the old database used, as blobs with their bytes.
+    EXPECT_EQ(table(places, u"select id, typeof(data), data from moz_favicons order by id"_s),
+              QStringList({u"1|blob|"_s + QString::fromLatin1(kIconA.toHex()),
+                           u"2|blob|"_s + QString::fromLatin1(kIconB.toHex())}));
+    EXPECT_EQ(table(places, u"PRAGMA integrity_check"_s), QStringList{u"ok"_s});
+}
+
+TEST_F(PlacesScrubTest, KeptHistoryAndIconsSurviveWhole)
+{
+    makePlaces();
+    setKey(PreferenceKey::ShredHistory, false);
+    setKey(PreferenceKey::shredSafariFavicon, true);
+    const QStringList tables{u"moz_places"_s, u"moz_historyvisits"_s, u"moz_inputhistory"_s, u"moz_favicons"_s};
+    QMap<QString, QStringList> before;
+    for (const QString& name : tables)
+        before.insert(name, table(places, u"select * from %1 order by 1, 2"_s.arg(name)));
+
+    ASSERT_FALSE(scrub().isNull());
+
+    // History kept: every visit and place, with the counts as they were.
+    for (const QString& name : {u"moz_places"_s, u"moz_historyvisits"_s, u"moz_inputhistory"_s})
+        EXPECT_EQ(table(places, u"select * from %1 order by 1, 2"_s.arg(name)), before.value(name)) << name.toStdString();
+    EXPECT_EQ(table(places, u"select id from moz_favicons order by id"_s), QStringList({u"1"_s, u"2"_s}));
+
+    // Icons kept as well: the icon table comes back whole.
+    setKey(PreferenceKey::shredSafariFavicon, false);
+    setKey(PreferenceKey::ShredHistory, true);
+    const QStringList icons = table(places, u"select * from moz_favicons order by id"_s);
+    ASSERT_FALSE(scrub().isNull());
+    EXPECT_EQ(table(places, u"select * from moz_favicons order by id"_s), icons);
+    EXPECT_EQ(table(places, u"select id from moz_places order by id"_s), QStringList({u"1"_s, u"2"_s, u"3"_s, u"5"_s, u"6"_s, u"7"_s}));
+}
+
+TEST_F(PlacesScrubTest, UnknownSchemaIsLeftAsItWasWithBothDigests)
+{
+    {
+        TestDatabase db(places);
+        db.exec(u"CREATE TABLE moz_places (id INTEGER PRIMARY KEY);"_s);
+        db.exec(u"INSERT INTO moz_places VALUES (1);"_s);
+    }
+    const QByteArray before = home.read(places.mid(home.path().size() + 1));
+    const QString listing = u"CREATE TABLE moz_places (id INTEGER PRIMARY KEY);\n"_s;
+
+    QString renamed;
+    const QStringList lines = run([&] { renamed = scrub(); });
+
+    EXPECT_TRUE(renamed.isNull());
+    EXPECT_EQ(lines, QStringList({u"Places Database Schema does not match key:"_s, md5(listing.toUtf8()),
+                                  md5("CREATETABLEmoz_places(idINTEGERPRIMARYKEY);")}));
+    EXPECT_EQ(home.read(places.mid(home.path().size() + 1)), before);
+    EXPECT_EQ(leftOvers(), QStringList());
+}
+
+TEST_F(PlacesScrubTest, FilesThatAreNoDatabaseStayAsTheyWere)
+{
+    makePlaces();
+    QFile real(places);
+    ASSERT_TRUE(real.open(QIODevice::ReadOnly));
+    const QByteArray truncated = real.read(3000);
+    real.close();
+
+    const QList<QByteArray> contents{QByteArray(), QByteArray("\x01\x02garbage\xff\xfe", 12), truncated};
+    for (const QByteArray& bytes : contents) {
+        home.write(places.mid(home.path().size() + 1), bytes);
+        QString renamed;
+        const QStringList lines = run([&] { renamed = scrub(); });
+        EXPECT_TRUE(renamed.isNull());
+        ASSERT_FALSE(lines.isEmpty());
+        EXPECT_EQ(lines.first(), u"Places Database Schema does not match key:"_s);
+        EXPECT_EQ(home.read(places.mid(home.path().size() + 1)), bytes);
+    }
+
+    QFile::remove(places);
+    ASSERT_TRUE(QDir().mkdir(places));
+    EXPECT_TRUE(scrub().isNull());
+    EXPECT_TRUE(QFileInfo(places).isDir());
+
+    QDir().rmdir(places);
+    EXPECT_EQ(run([&] { scrub(); }), QStringList({u"Places Database does not exist."_s, QString()}));
+}
+
+TEST_F(PlacesScrubTest, LeftOversOfAnInterruptedRunAreRemoved)
+{
+    makePlaces();
+    setKey(PreferenceKey::ShredHistory, true);
+    for (const QString& name : kWorkFiles)
+        home.write(QDir(home.path()).relativeFilePath(profile + u'/' + name), "left over");
+    // Cut off inside the swap: the live database's second name must go without
+    // touching the live file's permissions.
+    ::chmod(QFile::encodeName(places).constData(), 0600);
+    ASSERT_EQ(::link(QFile::encodeName(places).constData(),
+                     QFile::encodeName(profile + u"/places.renamed.sqlite"_s).constData()),
+              0);
+
+    const QString renamed = scrub();
+
+    ASSERT_FALSE(renamed.isNull());
+    EXPECT_EQ(leftOvers(), QStringList());
+    EXPECT_EQ(table(places, u"select count(*) from moz_bookmarks"_s), QStringList{u"5"_s});
+    EXPECT_EQ(modeOf(places), mode_t(0600));
+    EXPECT_EQ(modeOf(renamed), mode_t(0600));
+}
+
+TEST_F(PlacesScrubTest, DryRunChangesNothing)
+{
+    makePlaces();
+    setKey(PreferenceKey::ShredHistory, true);
+    home.write(QDir(home.path()).relativeFilePath(profile + u"/places.vantlex.src.sqlite"_s), "left over");
+    const QStringList before = QDir(profile).entryList(QDir::Files);
+    const QByteArray bytes = home.read(QDir(home.path()).relativeFilePath(places));
+    CleanerContext dry(paths, touches, isRunning, customStatus, preferences, true);
+
+    EXPECT_EQ(PlacesScrub(dry, dry.sqliteShell()).firefox3sqlite(places), profile + u"/places.renamed.sqlite"_s);
+    EXPECT_EQ(QDir(profile).entryList(QDir::Files), before);
+    EXPECT_EQ(home.read(QDir(home.path()).relativeFilePath(places)), bytes);
+}
+
+TEST_F(PlacesScrubTest, FolderNamesWithSpacesQuotesAndAccentsWorkOrAreRefused)
+{
+    setKey(PreferenceKey::ShredHistory, true);
+    const QString accented = home.file(u"Library/Application Support/Firefox/Profiles/it's a \u00fc profile"_s);
+    QDir().mkpath(accented);
+    QFile::rename(profile, accented + u"/p"_s);
+    const QString accentedPlaces = accented + u"/p/places.sqlite"_s;
+    {
+        TestDatabase db(accentedPlaces);
+        db.exec(QString::fromUtf8(testData(u"places-firefox-3.0.sql"_s)));
+        db.exec(u"INSERT INTO moz_places (id, url) VALUES (9, 'http://nine/');"
+                "INSERT INTO moz_bookmarks (id, type, fk, parent, position, title) VALUES (4, 1, 9, 1, 0, 'Nine');"_s);
+    }
+    EXPECT_EQ(PlacesScrub(context, context.sqliteShell()).firefox3sqlite(accentedPlaces), accented + u"/p/places.renamed.sqlite"_s);
+    EXPECT_EQ(table(accentedPlaces, u"select id from moz_places"_s), QStringList{u"9"_s});
+
+    // The shell would end a quoted file name at the quote and write elsewhere.
+    const QString quotedFolder = home.file(u"Library/Application Support/Firefox/Profiles/a\"b"_s);
+    QDir().mkpath(quotedFolder);
+    QFile::copy(accented + u"/p/places.renamed.sqlite"_s, quotedFolder + u"/places.sqlite"_s);
+    const QByteArray before = home.read(QDir(home.path()).relativeFilePath(quotedFolder + u"/places.sqlite"_s));
+    QString renamed;
+    const QStringList lines =
+        run([&] { renamed = PlacesScrub(context, context.sqliteShell()).firefox3sqlite(quotedFolder + u"/places.sqlite"_s); });
+    EXPECT_TRUE(renamed.isNull());
+    EXPECT_EQ(lines, QStringList({u"Places Database folder name holds a quote or backslash - not rewritten."_s, QString()}));
+    EXPECT_EQ(home.read(QDir(home.path()).relativeFilePath(quotedFolder + u"/places.sqlite"_s)), before);
+    EXPECT_EQ(QDir(quotedFolder).entryList(QDir::Files), QStringList{u"places.sqlite"_s});
+}
+
+TEST_F(PlacesScrubTest, TheUsersShellSettingsChangeNothing)
+{
+    makePlaces();
+    setKey(PreferenceKey::ShredHistory, true);
+    // A shell that loads settings like a user's ~/.sqliterc before every command.
+    home.write(u"rc"_s, ".headers on\n.mode column\n.timer on\n.changes on\n.nullvalue (null)\n");
+    home.write(u"sqlite3"_s, "#!/bin/sh\nexec '" + QFile::encodeName(SqliteShell::resourcePath()) + "' -init '" +
+                                 QFile::encodeName(home.file(u"rc"_s)) + "' \"$@\"\n");
+    ::chmod(QFile::encodeName(home.file(u"sqlite3"_s)).constData(), 0755);
+    context.setSqliteShellForTesting(home.file(u"sqlite3"_s));
+
+    ASSERT_FALSE(scrub().isNull());
+    EXPECT_EQ(table(places, u"select id from moz_places order by id"_s), QStringList({u"1"_s, u"2"_s, u"3"_s, u"5"_s, u"6"_s, u"7"_s}));
+    EXPECT_EQ(table(places, u"select count(*) from moz_bookmarks"_s), QStringList{u"5"_s});
+}
+
+TEST_F(PlacesScrubTest, AMissingShellLeavesTheDatabase)
+{
+    makePlaces();
+    setKey(PreferenceKey::ShredHistory, true);
+    const QByteArray before = home.read(QDir(home.path()).relativeFilePath(places));
+    context.setSqliteShellForTesting(home.file(u"no-such-shell"_s));
+    EXPECT_EQ(run([&] { EXPECT_TRUE(scrub().isNull()); }), QStringList({u"SQLite shell does not exist."_s, QString()}));
+    EXPECT_EQ(home.read(QDir(home.path()).relativeFilePath(places)), before);
+}

@@ -1,0 +1,115 @@
+// A whole run on the demo home: everything the dry run listed is gone, every
+// other file is byte-identical except the databases and settings files that are
+// rewritten, and what the user keeps inside those survives.
+#include "cli/CliFixture.h"
+#include "support/TestDatabase.h"
+
+#include <QCryptographicHash>
+#include <QDirIterator>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Rewritten in place by a run: the files that mix what goes with what stays.
+const QStringList kRewritten{
+    u"Library/Application Support/Firefox/Profiles/ab12cd34.default/places.sqlite"_s,
+    u"Library/Application Support/Firefox/Profiles/ab12cd34.default/webappsstore.sqlite"_s,
+    u"Library/Application Support/Google/Chrome/Local State"_s,
+    u"Library/Application Support/Google/Chrome/Default/Preferences"_s,
+    u"Library/Application Support/Google/Chrome/Default/databases/Databases.db"_s,
+    u"Library/Safari/Databases/Databases.db"_s,
+    u"Library/Safari/LocalStorage/StorageTracker.db"_s,
+    u"Library/Mail/V2/MailData/Envelope Index"_s,
+    u"Library/Logs/Vantle X Log.txt"_s,
+    u".config/com.orvick.vantle.plist"_s,
+};
+
+class DemoHomeCliTest : public CliFixture {
+protected:
+    // Every file below the home, relative, with a digest of its contents.
+    QMap<QString, QByteArray> snapshot() const
+    {
+        QMap<QString, QByteArray> files;
+        QDirIterator it(home.path(), QDir::Files | QDir::Hidden | QDir::System, QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            QFile file(it.next());
+            file.open(QIODevice::ReadOnly);
+            files.insert(QDir(home.path()).relativeFilePath(file.fileName()),
+                         QCryptographicHash::hash(file.readAll(), QCryptographicHash::Md5));
+        }
+        return files;
+    }
+};
+
+bool isBelowAny(const QString& path, const QStringList& roots)
+{
+    for (const QString& root : roots) {
+        if (path == root || path.startsWith(root + u'/'))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+TEST_F(DemoHomeCliTest, ARunErasesWhatTheDryRunListedAndKeepsTheRest)
+{
+    // The script refuses to fill the folder HOME names, which here is the test's own.
+    const ProcessResult made = ChildProcess::run(
+        u"env"_s, {u"HOME=/nonexistent"_s, u"bash"_s, QStringLiteral(VANTLE_SOURCE_DIR "/scripts/make-demo-home"), home.path()});
+    ASSERT_EQ(made.exitCode, 0) << made.standardError.constData();
+    // Eudora 6 names its trash at the root of the disk, outside the test's home.
+    for (const QStringList& command : {QStringList{u"apps"_s, u"disable"_s, u"Eudora"_s},
+                                       {u"keep"_s, u"add"_s, u"kept.org"_s},
+                                       {u"keep"_s, u"on"_s},
+                                       {u"prefs"_s, u"set"_s, u"ShredHistory"_s, u"YES"_s},
+                                       {u"prefs"_s, u"set"_s, u"ShredAppleMailJunk"_s, u"YES"_s},
+                                       {u"prefs"_s, u"set"_s, u"ActivityLog"_s, u"YES"_s}})
+        ASSERT_EQ(cli(command).exitCode, 0);
+
+    const QMap<QString, QByteArray> before = snapshot();
+    const CliRun dry = cli({u"shred"_s, u"--dry-run"_s, u"--yes"_s, u"--quiet"_s});
+    ASSERT_EQ(dry.exitCode, 0) << qPrintable(dry.err);
+    EXPECT_EQ(snapshot(), before);
+    QStringList listed;
+    for (const QString& line : dry.out.section(u"Would erase:\n"_s, 1).split(u'\n')) {
+        const QString path = line.trimmed().section(u"  "_s, 1);
+        if (path.startsWith(home.path() + u'/'))
+            listed.append(path.mid(home.path().size() + 1));
+    }
+    ASSERT_GT(listed.size(), 20) << qPrintable(dry.out);
+
+    const CliRun run = cli({u"shred"_s, u"--yes"_s, u"--quiet"_s});
+    ASSERT_EQ(run.exitCode, 0) << qPrintable(run.err);
+    const QMap<QString, QByteArray> after = snapshot();
+
+    for (auto file = before.cbegin(); file != before.cend(); ++file) {
+        const QString& path = file.key();
+        if (!after.contains(path)) {
+            EXPECT_TRUE(isBelowAny(path, listed)) << "erased but not listed: " << qPrintable(path);
+        } else if (isBelowAny(path, listed)) {
+            // Only the junk mailbox comes back, made again empty.
+            EXPECT_TRUE(path.endsWith(u"Local Folders/Junk"_s) && QFileInfo(home.file(path)).size() == 0)
+                << "listed but still there: " << qPrintable(path);
+        } else if (!kRewritten.contains(path)) {
+            EXPECT_EQ(after.value(path), file.value()) << "changed: " << qPrintable(path);
+        }
+    }
+    for (const QString& path : after.keys()) {
+        EXPECT_TRUE(before.contains(path) || path.startsWith(u"Library/Logs/"_s) || path.endsWith(u"Local Folders/Junk"_s))
+            << "left behind: " << qPrintable(path);
+    }
+
+    // What is kept inside the rewritten files.
+    TestDatabase places(home.file(kRewritten[0]));
+    EXPECT_EQ(places.rows(u"select title from moz_bookmarks"_s), QStringList{u"Debian"_s});
+    EXPECT_EQ(places.value(u"select count(*) from moz_historyvisits"_s), u"0"_s);
+    TestDatabase safari(home.file(u"Library/Safari/Databases/Databases.db"_s));
+    EXPECT_EQ(safari.rows(u"select origin from Origins"_s), QStringList{u"http_mail.kept.org_0"_s});
+    EXPECT_EQ(home.read(u"Library/Application Support/Google/Chrome/Local State"_s),
+              R"({"browser":{"enabled_labs_experiments":[]}})");
+    TestDatabase mail(home.file(u"Library/Mail/V2/MailData/Envelope Index"_s));
+    EXPECT_EQ(mail.rows(u"select subject from messages order by ROWID"_s), QStringList({u"kept"_s, u"kept"_s}));
+}
