@@ -20,9 +20,8 @@ QMessageBox* show(QWidget* parent, const Bundle& bundle)
     box->setText(u"<h3>Vantle X</h3><p>Version %1 (%2)</p>"_s.arg(
         bundle.infoString(u"CFBundleShortVersionString"_s).toHtmlEscaped(),
         bundle.infoString(u"CFBundleVersion"_s).toHtmlEscaped()));
-    box->setInformativeText(
-        u"Erases the traces that web browsers and mail clients leave in your home folder: "
-        u"caches, history, cookies, site data, mail caches, junk and trash."_s);
+    box->setInformativeText(u"Erases the traces that web browsers and mail clients leave in your home folder: "
+                            u"caches, history, cookies, site data, mail caches, junk and trash."_s);
     box->setStandardButtons(QMessageBox::Ok);
     box->open();
     return box;

@@ -53,8 +53,7 @@ QMessageBox* begin(QWidget* window, const Alert& alert, std::function<void(int)>
     QMessageBox* box = create(window, alert);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setWindowModality(Qt::WindowModal);
-    QObject::connect(box, &QMessageBox::finished, box,
-                     [box, done = std::move(done)](int) { done(returnCodeOf(box)); });
+    QObject::connect(box, &QMessageBox::finished, box, [box, done = std::move(done)](int) { done(returnCodeOf(box)); });
     box->open();
     return box;
 }

@@ -43,6 +43,8 @@ ApplicationMenus::ApplicationMenus(QMainWindow& window, bool trayIcon, QObject* 
 
 ApplicationMenus::~ApplicationMenus()
 {
+    // The tray icon goes before the menu it shows.
+    delete m_tray;
     delete m_dockMenu;
 }
 

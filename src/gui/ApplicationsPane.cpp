@@ -27,21 +27,18 @@ ApplicationsPane::ApplicationsPane(Preferences& preferences, QWidget* parent)
     for (qsizetype i = 0; i < names.size(); ++i) {
         auto* box = new QCheckBox(names[i], group);
         box->setObjectName(names[i]);
-        connect(box, &QCheckBox::clicked, this,
-                [this, name = names[i]] { m_preferences.enableChanged(name); });
+        connect(box, &QCheckBox::clicked, this, [this, name = names[i]] { m_preferences.enableChanged(name); });
         grid->addWidget(box, int(i) / kColumns, int(i) % kColumns);
         m_boxes.append(box);
     }
     layout->addWidget(group);
-    layout->addWidget(
-        paneNote(u"Vantle X erases the traces of the ticked applications and, with the Tarnhold watch "
-                 u"on, shreds when one of them quits. Mozilla and Netscape, and Safari and Shiira, "
-                 u"share their files and are always ticked together."_s,
-                 this));
+    layout->addWidget(paneNote(u"Vantle X erases the traces of the ticked applications and, with the Tarnhold watch "
+                               u"on, shreds when one of them quits. Mozilla and Netscape, and Safari and Shiira, "
+                               u"share their files and are always ticked together."_s,
+                               this));
     layout->addStretch();
 
-    connect(&m_preferences, &Preferences::enabledBrowsersChanged, this,
-            &ApplicationsPane::showEnabledBrowsers);
+    connect(&m_preferences, &Preferences::enabledBrowsersChanged, this, &ApplicationsPane::showEnabledBrowsers);
     showEnabledBrowsers();
 }
 

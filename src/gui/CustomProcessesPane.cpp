@@ -100,8 +100,7 @@ CustomProcessesPane::CustomProcessesPane(CustomShred& custom, std::function<void
     connect(m_deletePath, &QPushButton::clicked, this, &CustomProcessesPane::deletePath);
     connect(m_keepThisPath, &QCheckBox::clicked, this, &CustomProcessesPane::toggleKeepThisPath);
     connect(m_processTable, &QListWidget::itemSelectionChanged, this, &CustomProcessesPane::showPaths);
-    connect(m_pathTable, &QListWidget::itemSelectionChanged, this,
-            &CustomProcessesPane::tableViewSelectionDidChange);
+    connect(m_pathTable, &QListWidget::itemSelectionChanged, this, &CustomProcessesPane::tableViewSelectionDidChange);
     connect(&m_custom, &CustomShred::processesChanged, this, &CustomProcessesPane::showProcesses);
     showProcesses();
 }
@@ -131,8 +130,7 @@ void CustomProcessesPane::addProcess()
             return;
         }
         for (int row = 0; row < m_processTable->count(); ++row)
-            m_processTable->item(row)->setSelected(m_processTable->item(row)->data(Qt::UserRole) ==
-                                                   paths.first());
+            m_processTable->item(row)->setSelected(m_processTable->item(row)->data(Qt::UserRole) == paths.first());
     });
 }
 

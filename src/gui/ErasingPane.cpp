@@ -46,8 +46,7 @@ QStringList passesItems()
 
 QStringList patternItems()
 {
-    return {u"Random (default)"_s, QString(), u"Random"_s, u"Zeros (0x00)"_s,
-            u"Ones (0xFF)"_s,      u"0x55"_s, u"0xAA"_s};
+    return {u"Random (default)"_s, QString(), u"Random"_s, u"Zeros (0x00)"_s, u"Ones (0xFF)"_s, u"0x55"_s, u"0xAA"_s};
 }
 
 } // namespace
@@ -79,10 +78,9 @@ ErasingPane::ErasingPane(PreferenceControls& controls, QWidget* parent)
     form->addRow(u"Pattern:"_s, controls.addPopUp(PreferenceKey::OverwritePattern, patternItems()));
     form->addRow(controls.addCheckBox(PreferenceKey::DoDSanitize, u"DoD method (at least 3 passes)"_s));
     form->addRow(controls.addCheckBox(PreferenceKey::NSA, u"NSA method (at least 3 passes)"_s));
-    form->addRow(
-        paneNote(u"With both methods on, every file is overwritten at least 5 times. More passes take "
-                 u"longer and make the erased data harder to recover."_s,
-                 how));
+    form->addRow(paneNote(u"With both methods on, every file is overwritten at least 5 times. More passes take "
+                          u"longer and make the erased data harder to recover."_s,
+                          how));
     layout->addWidget(how);
     layout->addStretch();
 }

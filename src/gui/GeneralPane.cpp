@@ -28,8 +28,7 @@ const Option kAlsoErase[] = {
     {PreferenceKey::ShredMailCache, u"Mail caches"},
     {PreferenceKey::ShredAppleMailJunk, u"Apple Mail junk mail"},
     {PreferenceKey::ShredMailTrash, u"Mail trash"},
-    {PreferenceKey::ShredQuicktimeCache,
-     u"QuickTime cache (when shredding before log out, shut down or restart)"},
+    {PreferenceKey::ShredQuicktimeCache, u"QuickTime cache (when shredding before log out, shut down or restart)"},
 };
 
 QGroupBox* group(const QString& title, const auto& options, PreferenceControls& controls, QWidget* parent)

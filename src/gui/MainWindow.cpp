@@ -37,8 +37,7 @@ QWidget* header(QPushButton* shredButton, QWidget* parent)
     big.setPointSizeF(big.pointSizeF() * 1.3);
     name->setFont(big);
     titles->addWidget(name);
-    titles->addWidget(
-        new QLabel(u"Erases the traces that browsers and mail clients leave behind."_s, widget));
+    titles->addWidget(new QLabel(u"Erases the traces that browsers and mail clients leave behind."_s, widget));
     layout->addLayout(titles);
     layout->addStretch();
     layout->addSpacing(12);
@@ -209,21 +208,18 @@ void MainWindow::hideApplication()
     emit hideRequested();
 }
 
-void MainWindow::beginConfirmationSheet(const QString& title, const QString& message,
-                                        std::function<void(int)> done)
+void MainWindow::beginConfirmationSheet(const QString& title, const QString& message, std::function<void(int)> done)
 {
     // Cancel is the default button: Return cancels, only a deliberate OK erases.
-    AlertSheet::begin(
-        this,
-        {title, message, {u"Cancel"_s, QMessageBox::RejectRole}, {u"OK"_s, QMessageBox::AcceptRole}, {}},
-        std::move(done));
+    AlertSheet::begin(this,
+                      {title, message, {u"Cancel"_s, QMessageBox::RejectRole}, {u"OK"_s, QMessageBox::AcceptRole}, {}},
+                      std::move(done));
 }
 
 int MainWindow::runQuitBrowsersAlert(const QString& title, const QString& message)
 {
     return AlertSheet::run(
-        this,
-        {title, message, {u"Cancel"_s, QMessageBox::RejectRole}, {u"OK"_s, QMessageBox::AcceptRole}, {}});
+        this, {title, message, {u"Cancel"_s, QMessageBox::RejectRole}, {u"OK"_s, QMessageBox::AcceptRole}, {}});
 }
 
 void MainWindow::replyToApplicationShouldTerminate(bool terminate)

@@ -25,8 +25,7 @@ OpenPanel::OpenPanel(QWidget* window, const Options& options)
     }
 }
 
-OpenPanel* OpenPanel::begin(QWidget* window, const Options& options,
-                            std::function<void(const QStringList&)> done)
+OpenPanel* OpenPanel::begin(QWidget* window, const Options& options, std::function<void(const QStringList&)> done)
 {
     auto* panel = new OpenPanel(window, options);
     panel->setAttribute(Qt::WA_DeleteOnClose);
@@ -43,9 +42,8 @@ void OpenPanel::accept()
     // Qt's dialog opens a chosen folder instead of choosing it; a panel that may
     // choose folders takes whatever exists.
     const QStringList chosen = selectedFiles();
-    const bool allExist =
-        !chosen.isEmpty() && std::all_of(chosen.cbegin(), chosen.cend(),
-                                         [](const QString& path) { return QFileInfo::exists(path); });
+    const bool allExist = !chosen.isEmpty() && std::all_of(chosen.cbegin(), chosen.cend(),
+                                                           [](const QString& path) { return QFileInfo::exists(path); });
     if (m_chooseFolders && allExist) {
         QDialog::accept();
         return;

@@ -84,10 +84,9 @@ PluginsPane::PluginsPane(PluginManager& plugins, std::function<void()> beep, QWi
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(pluginGroup, 1);
     layout->addWidget(pathGroup, 1);
-    layout->addWidget(
-        paneNote(u"Runs that end in log out, shut down or restart erase these folders, and so do "
-                 u"ordinary runs while no watched application is running."_s,
-                 this));
+    layout->addWidget(paneNote(u"Runs that end in log out, shut down or restart erase these folders, and so do "
+                               u"ordinary runs while no watched application is running."_s,
+                               this));
 
     connect(m_addPlugin, &QPushButton::clicked, this, &PluginsPane::addPlugin);
     connect(m_deletePlugin, &QPushButton::clicked, this, &PluginsPane::deletePlugin);
@@ -98,8 +97,7 @@ PluginsPane::PluginsPane(PluginManager& plugins, std::function<void()> beep, QWi
             &PluginsPane::tableViewSelectionDidChange);
     connect(m_model, &QAbstractItemModel::modelReset, this, &PluginsPane::tableViewSelectionDidChange);
     connect(m_model, &QAbstractItemModel::dataChanged, this, &PluginsPane::tableViewSelectionDidChange);
-    connect(m_pluginPath, &QListWidget::itemSelectionChanged, this,
-            &PluginsPane::tableViewSelectionDidChange);
+    connect(m_pluginPath, &QListWidget::itemSelectionChanged, this, &PluginsPane::tableViewSelectionDidChange);
     tableViewSelectionDidChange();
 }
 

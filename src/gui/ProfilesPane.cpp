@@ -53,15 +53,13 @@ ProfilesPane::ProfilesPane(ProfilesManager& profiles, QWidget* parent)
         m_summaries.append(state);
     }
     layout->addWidget(group);
-    layout->addWidget(
-        paneNote(u"Checked profiles are erased. A profile created later is left alone until you "
-                 u"check it here; new profiles show up the next time Vantle X starts."_s,
-                 this));
+    layout->addWidget(paneNote(u"Checked profiles are erased. A profile created later is left alone until you "
+                               u"check it here; new profiles show up the next time Vantle X starts."_s,
+                               this));
     layout->addStretch();
 
     // Queued: a change comes from a menu item's own action, which the rebuild deletes.
-    connect(&m_profiles, &ProfilesManager::menusChanged, this, &ProfilesPane::showMenus,
-            Qt::QueuedConnection);
+    connect(&m_profiles, &ProfilesManager::menusChanged, this, &ProfilesPane::showMenus, Qt::QueuedConnection);
     showMenus();
 }
 
@@ -79,9 +77,8 @@ void ProfilesPane::showMenus()
             action->setCheckable(true);
             action->setChecked(item.checked);
             action->setToolTip(profiles.titles.value(item.tag));
-            connect(action, &QAction::triggered, this, [this, i, tag = item.tag] {
-                m_profiles.doProfileMenuItem(ProfilesManager::Application(i), tag);
-            });
+            connect(action, &QAction::triggered, this,
+                    [this, i, tag = item.tag] { m_profiles.doProfileMenuItem(ProfilesManager::Application(i), tag); });
         }
         if (profiles.items.isEmpty())
             menu->addAction(u"No profiles found"_s)->setEnabled(false);

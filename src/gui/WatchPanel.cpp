@@ -69,8 +69,8 @@ QString legend()
     QStringList parts;
     for (const auto color :
          {WatchPanel::LabelColor::Red, WatchPanel::LabelColor::Green, WatchPanel::LabelColor::LightGray})
-        parts.append(u"<span style=\"color:%1\">&#9679;</span>&nbsp;%2"_s.arg(
-            WatchPanel::colorFor(color).name(), stateName(color)));
+        parts.append(u"<span style=\"color:%1\">&#9679;</span>&nbsp;%2"_s.arg(WatchPanel::colorFor(color).name(),
+                                                                              stateName(color)));
     return parts.join(u"&nbsp;&nbsp;&nbsp;"_s);
 }
 
@@ -111,9 +111,8 @@ WatchPanel::WatchPanel(QWidget* parent)
     m_configured = countLabel("mTHCustomConfigured", this);
     m_stopped = countLabel("mTHCustomStopped", this);
     m_running = countLabel("mTHCustomRunning", this);
-    for (const auto& [caption, count] :
-         {std::pair{u"configured"_s, m_configured}, std::pair{u"stopped"_s, m_stopped},
-          std::pair{u"running"_s, m_running}}) {
+    for (const auto& [caption, count] : {std::pair{u"configured"_s, m_configured}, std::pair{u"stopped"_s, m_stopped},
+                                         std::pair{u"running"_s, m_running}}) {
         custom->addWidget(count);
         custom->addWidget(new QLabel(caption, this));
         custom->addSpacing(14);

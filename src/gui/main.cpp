@@ -29,8 +29,7 @@ int main(int argc, char* argv[])
     parser.setApplicationDescription(u"Erases the traces that browsers and mail clients leave behind."_s);
     parser.addHelpOption();
     parser.addVersionOption();
-    const QCommandLineOption hidden(u"hidden"_s,
-                                    u"Start with the window hidden (as a login item may ask)."_s);
+    const QCommandLineOption hidden(u"hidden"_s, u"Start with the window hidden (as a login item may ask)."_s);
     parser.addOption(hidden);
     parser.process(application);
 
@@ -45,9 +44,8 @@ int main(int argc, char* argv[])
 #endif
     DesktopApplication desktop({quitter, *sessionEnd, runner, Bundle::mainBundle(),
                                 [](int milliseconds) { QThread::msleep(ulong(milliseconds)); },
-                                [](const QUrl& url) { QDesktopServices::openUrl(url); },
-                                [] { QApplication::beep(); }, [] { QCoreApplication::exit(0); },
-                                canHideWindows},
+                                [](const QUrl& url) { QDesktopServices::openUrl(url); }, [] { QApplication::beep(); },
+                                [] { QCoreApplication::exit(0); }, canHideWindows},
                                parser.isSet(hidden));
     desktop.start();
     return QApplication::exec();

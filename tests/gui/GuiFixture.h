@@ -48,15 +48,14 @@ protected:
     DesktopApplication& app()
     {
         if (!mApp) {
-            Preferences::createSharedInstance(UserDefaults::standardUserDefaults(),
-                                              std::make_unique<FakeLoginItem>());
+            Preferences::createSharedInstance(UserDefaults::standardUserDefaults(), std::make_unique<FakeLoginItem>());
             ApplicationModels::create(false);
             // Eudora 6 names its trash at the root of the disk, outside the test's home.
             Preferences::sharedInstance().enableChanged(QStringLiteral("Eudora"));
             mApp = std::make_unique<DesktopApplication>(
-                DesktopPlatform{quitter, sessionEnd, commands, bundle ? *bundle : Bundle::mainBundle(),
-                                [](int) {}, [this](const QUrl& url) { openedUrls.append(url); },
-                                [this] { ++beeps; }, [this] { ++exits; }, true},
+                DesktopPlatform{quitter, sessionEnd, commands, bundle ? *bundle : Bundle::mainBundle(), [](int) {},
+                                [this](const QUrl& url) { openedUrls.append(url); }, [this] { ++beeps; },
+                                [this] { ++exits; }, true},
                 startHidden);
             mApp->start();
         }
@@ -89,10 +88,7 @@ protected:
     }
 
     // What the settings file holds now, as a fresh reader sees it.
-    QVariant saved(const QString& key) const
-    {
-        return UserDefaults(UserDefaults::defaultFilePath()).objectForKey(key);
-    }
+    QVariant saved(const QString& key) const { return UserDefaults(UserDefaults::defaultFilePath()).objectForKey(key); }
 
     // The open sheet or alert of that title (a sheet hangs on parent).
     static QMessageBox* openAlert(const QString& title, int timeout = 5000)

@@ -22,10 +22,7 @@ protected:
         return settingsPane(pane).findChild<T*>(name);
     }
     QPushButton* button(const QString& pane, const QString& name) { return child<QPushButton>(pane, name); }
-    void click(const QString& pane, const QString& name)
-    {
-        QTest::mouseClick(button(pane, name), Qt::LeftButton);
-    }
+    void click(const QString& pane, const QString& name) { QTest::mouseClick(button(pane, name), Qt::LeftButton); }
 
     QVariantMap savedPlugin(const QString& name)
     {
@@ -35,10 +32,7 @@ protected:
         }
         return {};
     }
-    QVariantMap savedProcesses()
-    {
-        return CustomShred::unarchive(saved(u"mProcessDictionary"_s).toByteArray());
-    }
+    QVariantMap savedProcesses() { return CustomShred::unarchive(saved(u"mProcessDictionary"_s).toByteArray()); }
 
     static QStringList rows(const QListWidget* list)
     {
@@ -74,16 +68,13 @@ TEST_F(ListPanesTest, ProfileMenusCheckTheSelectedProfilesAndAClickTogglesOne)
     EXPECT_TRUE(menu->actions()[0]->isChecked() && menu->actions()[1]->isChecked());
 
     menu->actions()[1]->trigger();
-    ASSERT_TRUE(QTest::qWaitFor(
-        [&] { return menu->actions().size() == 2 && !menu->actions()[1]->isChecked(); }, 3000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return menu->actions().size() == 2 && !menu->actions()[1]->isChecked(); }, 3000));
     EXPECT_TRUE(menu->actions()[0]->isChecked());
     const QString folder = home.file(firefox.chopped(1));
-    EXPECT_EQ(saved(u"ProfilesMenuDict"_s).toMap().value(folder).toStringList(),
-              QStringList{u"ab12cd34.default"_s});
+    EXPECT_EQ(saved(u"ProfilesMenuDict"_s).toMap().value(folder).toStringList(), QStringList{u"ab12cd34.default"_s});
 
     menu->actions()[1]->trigger();
-    ASSERT_TRUE(QTest::qWaitFor(
-        [&] { return menu->actions().size() == 2 && menu->actions()[1]->isChecked(); }, 3000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return menu->actions().size() == 2 && menu->actions()[1]->isChecked(); }, 3000));
     EXPECT_EQ(saved(u"ProfilesMenuDict"_s).toMap().value(folder).toStringList(),
               (QStringList{u"ab12cd34.default"_s, u"ef56gh78.work"_s}));
 
@@ -136,9 +127,8 @@ TEST_F(ListPanesTest, PathsComeFromTheOpenDialogAndRestoreDefaultDropsThem)
     EXPECT_TRUE(panel->testOption(QFileDialog::DontUseNativeDialog));
     EXPECT_TRUE(panel->filter().testFlag(QDir::Hidden));
     const QList<QLabel*> labels = panel->findChildren<QLabel*>();
-    EXPECT_TRUE(std::any_of(labels.cbegin(), labels.cend(), [](const QLabel* l) {
-        return l->text() == u"Please select an item to shred."_s;
-    }));
+    EXPECT_TRUE(std::any_of(labels.cbegin(), labels.cend(),
+                            [](const QLabel* l) { return l->text() == u"Please select an item to shred."_s; }));
     // A folder is chosen, not opened.
     choose(home.file(u"Library/Caches/Extra"_s));
     QStringList stored = savedPlugin(u"Flash Player"_s).value(u"paths"_s).toStringList();
@@ -243,8 +233,7 @@ TEST_F(ListPanesTest, CustomProcessesAndTheirPathsComeFromTheOpenDialogs)
     toggle(keep);
     const QVariantList entries = savedProcesses().value(editor).toList();
     ASSERT_EQ(entries.size(), 2);
-    EXPECT_EQ(entries[0].toMap(),
-              (QVariantMap{{u"path"_s, home.file(u"Library/Caches/Editor"_s)}, {u"keep"_s, true}}));
+    EXPECT_EQ(entries[0].toMap(), (QVariantMap{{u"path"_s, home.file(u"Library/Caches/Editor"_s)}, {u"keep"_s, true}}));
     EXPECT_EQ(entries[1].toMap(), (QVariantMap{{u"path"_s, home.file(u"Documents/notes.txt"_s)}}));
 
     select(paths, u"~/Documents/notes.txt"_s);

@@ -19,10 +19,7 @@ using Color = ControllerView::LabelColor;
 class MainWindowTest : public GuiFixture {
 protected:
     QPushButton* shredButton() { return window().findChild<QPushButton*>(u"mShredButton"_s); }
-    QProgressBar* progressBar()
-    {
-        return window().findChild<QProgressBar*>(u"mShreddingProgressIndicator"_s);
-    }
+    QProgressBar* progressBar() { return window().findChild<QProgressBar*>(u"mShreddingProgressIndicator"_s); }
     QString itemText() { return window().findChild<QLabel*>(u"mItemTextField"_s)->toolTip(); }
     QLabel* label(const QString& name) { return window().findChild<QLabel*>(name); }
     QColor colorOf(const QString& name) { return label(name)->palette().color(QPalette::WindowText); }
@@ -133,10 +130,10 @@ TEST_F(MainWindowTest, TheLabelsStandInTheirFixedOrder)
     QStringList names;
     for (int i = 0; i < grid->count(); ++i)
         names.append(grid->itemAt(i)->widget()->objectName());
-    EXPECT_EQ(names, (QStringList{u"mTHSafari"_s, u"mTHExplorer"_s, u"mTHMozilla"_s, u"mTHNetscape"_s,
-                                  u"mTHiCab"_s, u"mTHOmniweb"_s, u"mTHOpera"_s, u"mTHMail"_s, u"mTHEudora"_s,
-                                  u"mTHPostbox"_s, u"mTHCamino"_s, u"mTHFirefox"_s, u"mTHThunderbird"_s,
-                                  u"mTHShiira"_s, u"mTHFlock"_s, u"mTHChrome"_s, u"mTHSeaMonkey"_s}));
+    EXPECT_EQ(names, (QStringList{u"mTHSafari"_s, u"mTHExplorer"_s, u"mTHMozilla"_s, u"mTHNetscape"_s, u"mTHiCab"_s,
+                                  u"mTHOmniweb"_s, u"mTHOpera"_s, u"mTHMail"_s, u"mTHEudora"_s, u"mTHPostbox"_s,
+                                  u"mTHCamino"_s, u"mTHFirefox"_s, u"mTHThunderbird"_s, u"mTHShiira"_s, u"mTHFlock"_s,
+                                  u"mTHChrome"_s, u"mTHSeaMonkey"_s}));
 }
 
 TEST_F(MainWindowTest, StartingWithTheWatchOffSaysSoAndGreysEveryLabel)

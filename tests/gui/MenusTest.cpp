@@ -128,8 +128,8 @@ TEST_F(MenusTest, TheTrayMenuShredsAndEndsTheSessionAndShowsOrHidesTheWindow)
     for (QAction* action : app().menus().dockMenu()->actions())
         titles.append(action->text());
     titles.removeAll(QString()); // separators
-    EXPECT_EQ(titles, (QStringList{u"Show Vantle X"_s, u"Shred"_s, u"Shred and Log Out"_s,
-                                   u"Shred and Shut Down"_s, u"Shred and Restart"_s, u"Quit Vantle X"_s}));
+    EXPECT_EQ(titles, (QStringList{u"Show Vantle X"_s, u"Shred"_s, u"Shred and Log Out"_s, u"Shred and Shut Down"_s,
+                                   u"Shred and Restart"_s, u"Quit Vantle X"_s}));
 
     ASSERT_TRUE(waitForRun([&] { dockAction(u"Shred and Restart"_s)->trigger(); }));
     EXPECT_EQ(quitter.quitRequests, 1);
@@ -167,10 +167,8 @@ TEST_F(MenusTest, CancelInTheQuitBrowsersAlertEndsTheRunWithoutEndingTheSession)
         QTest::keyClick(alert, Qt::Key_Return);
     });
     ASSERT_TRUE(waitForRun([&] { app().menus().shredAndShutdown()->trigger(); }));
-    EXPECT_EQ(
-        message,
-        u"2 Email or Browser Applications did not quit.  Please quit them and click OK to continue.  If "
-        u"you continue without quitting those applicaitons some items will not be shredded."_s);
+    EXPECT_EQ(message, u"2 Email or Browser Applications did not quit.  Please quit them and click OK to continue.  If "
+                       u"you continue without quitting those applicaitons some items will not be shredded."_s);
     EXPECT_TRUE(logLines().contains(u"User selected Cancel in Quit Browsers dialog - Vantle Cancelled"_s));
     EXPECT_TRUE(sessionEnd.events.isEmpty());
     EXPECT_EQ(home.read(u"Library/Caches/Safari/cache.db"_s), "cached");

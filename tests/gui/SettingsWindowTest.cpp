@@ -11,10 +11,7 @@ namespace {
 
 class SettingsWindowTest : public GuiFixture {
 protected:
-    QCheckBox* box(const QString& pane, const QString& key)
-    {
-        return settingsPane(pane).findChild<QCheckBox*>(key);
-    }
+    QCheckBox* box(const QString& pane, const QString& key) { return settingsPane(pane).findChild<QCheckBox*>(key); }
     QComboBox* popUp(const QString& key) { return settingsPane(u"Erasing"_s).findChild<QComboBox*>(key); }
     QStringList savedApplications() { return saved(u"EnabledBrowsers"_s).toStringList(); }
 };
@@ -139,7 +136,7 @@ TEST_F(SettingsWindowTest, CoupledApplicationsAreTickedAndUntickedTogether)
     EXPECT_FALSE(shiira->isChecked());
     EXPECT_FALSE(savedApplications().contains(u"Safari"_s));
     EXPECT_FALSE(savedApplications().contains(u"Shiira"_s));
-    EXPECT_EQ(savedApplications().size(), 14);  // and Eudora, which every test leaves out
+    EXPECT_EQ(savedApplications().size(), 14); // and Eudora, which every test leaves out
 
     toggle(mozilla);
     EXPECT_FALSE(netscape->isChecked());

@@ -10,8 +10,7 @@ void showOnAllDesktops(QWidget* window)
 {
     NSView* view = reinterpret_cast<NSView*>(window->winId());
     NSWindow* nsWindow = [view window];
-    [nsWindow
-        setCollectionBehavior:[nsWindow collectionBehavior] | NSWindowCollectionBehaviorCanJoinAllSpaces];
+    [nsWindow setCollectionBehavior:[nsWindow collectionBehavior] | NSWindowCollectionBehaviorCanJoinAllSpaces];
 }
 
 } // namespace AllDesktops
