@@ -9,6 +9,7 @@
 #include "gui/QuitSheet.h"
 #include "gui/SettingsWindow.h"
 #include "gui/WatchPanel.h"
+#include "settings/HTML5Manager.h"
 #include "settings/PluginManager.h"
 #include "settings/PreferenceKeys.h"
 #include "settings/Preferences.h"
@@ -43,14 +44,14 @@ DesktopApplication::DesktopApplication(DesktopPlatform platform, bool startHidde
     UserDefaults& defaults = UserDefaults::standardUserDefaults();
     Preferences& preferences = Preferences::sharedInstance();
     m_window = std::make_unique<MainWindow>(defaults, m_platform.beep);
-    m_controller = std::make_unique<Controller>(
-        ControllerServices{preferences, defaults, *m_window, m_platform.quitter, m_platform.sessionEnd,
-                           m_platform.runner, m_platform.bundle, m_platform.sleepMilliseconds});
+    m_controller = std::make_unique<Controller>(ControllerServices{preferences, defaults, *m_window, m_platform.quitter,
+                                                                   m_platform.sessionEnd, m_platform.runner,
+                                                                   m_platform.bundle, m_platform.sleepMilliseconds});
     CustomShred& custom = *CustomShred::sharedInstance();
-    m_settings = std::make_unique<SettingsWindow>(
-        SettingsWindow::Models{preferences, *ProfilesManager::sharedInstance(),
-                               *PluginManager::sharedInstance(), custom},
-        m_platform.beep);
+    m_settings = std::make_unique<SettingsWindow>(SettingsWindow::Models{preferences, *HTML5Manager::sharedInstance(),
+                                                                         *ProfilesManager::sharedInstance(),
+                                                                         *PluginManager::sharedInstance(), custom},
+                                                  m_platform.beep);
     m_menus = std::make_unique<ApplicationMenus>(*m_window, !kHasDock && m_platform.canHideWindows);
 
     connect(m_window.get(), &MainWindow::shredClicked, this, [this] { m_controller->shred(); });
@@ -62,17 +63,14 @@ DesktopApplication::DesktopApplication(DesktopPlatform platform, bool startHidde
     });
 
     const ApplicationMenus& menus = *m_menus;
-    connect(menus.about(), &QAction::triggered, this,
-            [this] { AboutBox::show(m_window.get(), m_platform.bundle); });
+    connect(menus.about(), &QAction::triggered, this, [this] { AboutBox::show(m_window.get(), m_platform.bundle); });
     connect(menus.settings(), &QAction::triggered, this, [this] { m_settings->showPanel(); });
     connect(menus.quit(), &QAction::triggered, this, &DesktopApplication::reallyQuit);
     connect(menus.shredAndNothing(), &QAction::triggered, this, [this] { m_controller->shredAndNothing(); });
     connect(menus.shredAndLogout(), &QAction::triggered, this, [this] { m_controller->shredAndLogout(); });
-    connect(menus.shredAndShutdown(), &QAction::triggered, this,
-            [this] { m_controller->shredAndShutdown(); });
+    connect(menus.shredAndShutdown(), &QAction::triggered, this, [this] { m_controller->shredAndShutdown(); });
     connect(menus.shredAndRestart(), &QAction::triggered, this, [this] { m_controller->shredAndRestart(); });
-    connect(&menus, &ApplicationMenus::openUrlRequested, this,
-            [this](const QUrl& url) { m_platform.openUrl(url); });
+    connect(&menus, &ApplicationMenus::openUrlRequested, this, [this](const QUrl& url) { m_platform.openUrl(url); });
     connect(&menus, &ApplicationMenus::showHideRequested, this, &DesktopApplication::showHideWindow);
 
     const auto showConfigured = [this, &custom] {
@@ -131,8 +129,7 @@ void DesktopApplication::reallyQuit()
         return;
     }
     m_window->showWindow();
-    AlertSheet::begin(m_window.get(), QuitSheet::alert(),
-                      [this](int returnCode) { handleQuitSheet(returnCode); });
+    AlertSheet::begin(m_window.get(), QuitSheet::alert(), [this](int returnCode) { handleQuitSheet(returnCode); });
 }
 
 void DesktopApplication::handleQuitSheet(int returnCode)

@@ -4,6 +4,7 @@
 #include "gui/CustomProcessesPane.h"
 #include "gui/ErasingPane.h"
 #include "gui/GeneralPane.h"
+#include "gui/Html5Pane.h"
 #include "gui/PluginsPane.h"
 #include "gui/PreferenceControls.h"
 #include "gui/ProfilesPane.h"
@@ -30,6 +31,7 @@ SettingsWindow::SettingsWindow(Models models, std::function<void()> beep, QWidge
     m_panes->addTab(new ErasingPane(*m_controls), u"Erasing"_s);
     m_panes->addTab(new GeneralPane(*m_controls), u"General"_s);
     m_panes->addTab(new ApplicationsPane(models.preferences), u"Applications"_s);
+    m_panes->addTab(new Html5Pane(models.html5), u"HTML5"_s);
     m_panes->addTab(new ProfilesPane(models.profiles), u"Profiles"_s);
     m_panes->addTab(new PluginsPane(models.plugins, beep), u"Plug-ins"_s);
     m_panes->addTab(new CustomProcessesPane(models.custom, beep), u"Custom Processes"_s);

@@ -5,6 +5,7 @@
 #include <functional>
 
 class CustomShred;
+class HTML5Manager;
 class PluginManager;
 class PreferenceControls;
 class Preferences;
@@ -20,6 +21,7 @@ class SettingsWindow : public QDialog {
 public:
     struct Models {
         Preferences& preferences;
+        HTML5Manager& html5;
         ProfilesManager& profiles;
         PluginManager& plugins;
         CustomShred& custom;

@@ -14,6 +14,7 @@
 #include "gui/SettingsWindow.h"
 #include "platform/ApplicationQuitter.h"
 #include "platform/SessionEnd.h"
+#include "settings/HTML5Manager.h"
 #include "settings/PluginManager.h"
 #include "settings/PreferenceKeys.h"
 #include "settings/Preferences.h"
@@ -27,6 +28,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QListWidget>
+#include <QMap>
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QScreen>
@@ -53,9 +55,8 @@ public:
         result.started = true;
         result.exitCode = 0;
         if (program == u"ps"_s)
-            result.standardOutput =
-                "COMMAND\n/Applications/Firefox.app/Contents/MacOS/firefox -foreground\n" + m_editor +
-                "/Contents/MacOS/Editor\n";
+            result.standardOutput = "COMMAND\n/Applications/Firefox.app/Contents/MacOS/firefox -foreground\n" +
+                                    m_editor + "/Contents/MacOS/Editor\n";
         return result;
     }
 
@@ -88,8 +89,7 @@ bool save(QWidget* window, const QString& folder, const QString& name)
 {
     settle();
     const QRect frame = window->frameGeometry();
-    const QPixmap picture =
-        window->screen()->grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height());
+    const QPixmap picture = window->screen()->grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height());
     const QString path = QDir(folder).filePath(name + u".png"_s);
     const bool saved = picture.save(path);
     std::fprintf(stderr, "%s %s\n", saved ? "wrote" : "could not write", qPrintable(path));
@@ -147,6 +147,12 @@ int main(int argc, char* argv[])
     const QString editor = QDir(home).filePath(u"Applications/Editor.app"_s);
     CustomShred::sharedInstance()->addProcess(editor);
     CustomShred::sharedInstance()->addPath(editor, QDir(home).filePath(u"Library/Caches/Editor"_s));
+    HTML5Manager& html5 = *HTML5Manager::sharedInstance();
+    html5.setEnabled();
+    html5.addDomain();
+    html5.setDomain(0, u"kept.org"_s);
+    html5.addDomain();
+    html5.setDomain(1, u"mail.example.com"_s);
     setPreference(PreferenceKey::ShredHistory, true);
     setPreference(PreferenceKey::ShredCookies, true);
     setPreference(PreferenceKey::NumberOfWrites, qint64(5)); // 4 passes
@@ -155,8 +161,8 @@ int main(int argc, char* argv[])
     NoSessionEnd sessionEnd;
     DemoCommands commands(QFile::encodeName(editor));
     bool ended = false;
-    DesktopApplication desktop({quitter, sessionEnd, commands, Bundle::mainBundle(), [](int) {},
-                                [](const QUrl&) {}, [] {}, [&ended] { ended = true; }, true},
+    DesktopApplication desktop({quitter, sessionEnd, commands, Bundle::mainBundle(), [](int) {}, [](const QUrl&) {},
+                                [] {}, [&ended] { ended = true; }, true},
                                false);
     desktop.start();
     MainWindow& window = desktop.mainWindow();
@@ -174,8 +180,7 @@ int main(int argc, char* argv[])
         return 1;
     }
     bool finished = false;
-    QObject::connect(&desktop.controller(), &Controller::runFinished, &window,
-                     [&finished] { finished = true; });
+    QObject::connect(&desktop.controller(), &Controller::runFinished, &window, [&finished] { finished = true; });
     if (sheet) {
         for (QAbstractButton* button : sheet->buttons()) {
             if (button->text() == u"OK"_s)
@@ -202,20 +207,30 @@ int main(int argc, char* argv[])
 
     SettingsWindow& settings = desktop.settingsWindow();
     settings.showPanel();
-    const struct {
-        const char16_t* name;
-        const char* list; // a list whose first row is selected for the picture
-    } panes[] = {{u"settings-erasing", nullptr},       {u"settings-general", nullptr},
-                 {u"settings-applications", nullptr},  {u"settings-profiles", nullptr},
-                 {u"settings-plugins", "mPluginList"}, {u"settings-custom", "mProcessTableView"}};
-    for (int i = 0; i < settings.panes()->count() && i < int(std::size(panes)); ++i) {
-        settings.panes()->setCurrentIndex(i);
-        if (panes[i].list) {
-            if (auto* list = settings.panes()->currentWidget()->findChild<QAbstractItemView*>(
-                    QLatin1StringView(panes[i].list)))
-                list->setCurrentIndex(list->model()->index(0, 1 % std::max(1, list->model()->columnCount())));
+    // Each pane by its file name, with a list whose first row is selected for the picture.
+    const QMap<QString, std::pair<QString, const char*>> pictures{
+        {u"Erasing"_s, {u"settings-erasing"_s, nullptr}},
+        {u"General"_s, {u"settings-general"_s, nullptr}},
+        {u"Applications"_s, {u"settings-applications"_s, nullptr}},
+        {u"HTML5"_s, {u"settings-html5"_s, nullptr}},
+        {u"Profiles"_s, {u"settings-profiles"_s, nullptr}},
+        {u"Plug-ins"_s, {u"settings-plugins"_s, "mPluginList"}},
+        {u"Custom Processes"_s, {u"settings-custom"_s, "mProcessTableView"}},
+    };
+    QTabWidget* panes = settings.panes();
+    for (int i = 0; i < panes->count(); ++i) {
+        const auto picture = pictures.value(panes->tabText(i));
+        if (picture.first.isEmpty()) {
+            std::fprintf(stderr, "vantle-screenshots: no picture for the pane %s\n", qPrintable(panes->tabText(i)));
+            ok = false;
+            continue;
         }
-        ok = save(&settings, output, QString::fromUtf16(panes[i].name)) && ok;
+        panes->setCurrentIndex(i);
+        if (picture.second) {
+            if (auto* list = panes->currentWidget()->findChild<QAbstractItemView*>(QLatin1StringView(picture.second)))
+                list->setCurrentIndex(list->model()->index(0, list->model()->columnCount() - 1));
+        }
+        ok = save(&settings, output, picture.first) && ok;
     }
 
     desktop.terminate();

@@ -1,0 +1,83 @@
+#include "gui/GuiFixture.h"
+
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Html5PaneTest : public GuiFixture {
+protected:
+    QWidget& pane() { return settingsPane(u"HTML5"_s); }
+    QListWidget* table() { return pane().findChild<QListWidget*>(u"mDomainTableView"_s); }
+    QPushButton* button(const QString& name) { return pane().findChild<QPushButton*>(name); }
+    QStringList savedDomains() { return saved(u"mDomainTableData"_s).toStringList(); }
+
+    // Types text into the open editor of the table and presses Return.
+    void typeIntoEditor(const QString& text)
+    {
+        QLineEdit* editor = nullptr;
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] {
+                editor = table()->findChild<QLineEdit*>();
+                return editor && editor->isVisible();
+            },
+            3000));
+        editor->selectAll();
+        QTest::keyClicks(editor, text);
+        QTest::keyClick(editor, Qt::Key_Return);
+    }
+};
+
+} // namespace
+
+TEST_F(Html5PaneTest, TheSwitchTurnsHtml5ErasingOnAndOff)
+{
+    auto* enabled = pane().findChild<QCheckBox*>(u"mEnabledCheckbox"_s);
+    ASSERT_NE(enabled, nullptr);
+    EXPECT_FALSE(enabled->isChecked());
+    toggle(enabled);
+    EXPECT_EQ(saved(u"mHTML5EnabledState"_s), QVariant(qint64(1)));
+    toggle(enabled);
+    EXPECT_EQ(saved(u"mHTML5EnabledState"_s), QVariant(qint64(0)));
+    EXPECT_FALSE(enabled->isChecked());
+}
+
+TEST_F(Html5PaneTest, AnAddedRowIsStoredOnlyOnceItIsEdited)
+{
+    QTest::mouseClick(button(u"mAddButton"_s), Qt::LeftButton);
+    ASSERT_EQ(table()->count(), 1);
+    EXPECT_EQ(table()->item(0)->text(), u"newdomain.com"_s);
+    EXPECT_FALSE(saved(u"mDomainTableData"_s).isValid());
+
+    typeIntoEditor(u"example.com"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return savedDomains() == QStringList{u"example.com"_s}; }, 3000));
+    EXPECT_EQ(table()->item(0)->text(), u"example.com"_s);
+}
+
+TEST_F(Html5PaneTest, RowsAreEditedInPlaceAndRemovedWithTheSelection)
+{
+    storedDefaults().setObject(QVariantList{u"a.com"_s, u"b.org"_s, u"c.net"_s}, u"mDomainTableData"_s);
+    storedDefaults().synchronize();
+    ASSERT_EQ(table()->count(), 3);
+    EXPECT_FALSE(button(u"mDeleteButton"_s)->isEnabled());
+
+    table()->setFocus();
+    table()->setCurrentRow(1);
+    QTest::keyClick(table(), Qt::Key_F2);
+    typeIntoEditor(u"kept.org"_s);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+            return savedDomains() == QStringList{u"a.com"_s, u"kept.org"_s, u"c.net"_s};
+        },
+        3000));
+
+    table()->setCurrentRow(0);
+    ASSERT_TRUE(button(u"mDeleteButton"_s)->isEnabled());
+    QTest::mouseClick(button(u"mDeleteButton"_s), Qt::LeftButton);
+    EXPECT_EQ(savedDomains(), (QStringList{u"kept.org"_s, u"c.net"_s}));
+    EXPECT_EQ(table()->count(), 2);
+    EXPECT_EQ(table()->item(0)->text(), u"kept.org"_s);
+}
