@@ -274,8 +274,9 @@ QString MozillaCleaners::signonFileName(const QByteArray& prefs)
 QString MozillaCleaners::passwordFileName(const QByteArray& prefs)
 {
     const QString name = signonFileName(prefs);
-    // A file of the profile folder itself: never a path leading out of it.
-    if (name.isEmpty() || name.contains(u'/') || name == u"."_s || name == u".."_s)
+    // A file of the profile folder itself: never a path leading out of it, nor a
+    // name holding a NUL, which the system would read cut short as another file.
+    if (name.isEmpty() || name.contains(u'/') || name.contains(QChar::Null) || name == u"."_s || name == u".."_s)
         return {};
     return name;
 }

@@ -182,3 +182,22 @@ TEST_F(MozillaCleanersTest, APasswordFileNamedOutsideTheProfileIsRefusedAndSaidS
     for (const QString& path : paths)
         EXPECT_FALSE(path.contains(u"Documents"_s)) << qPrintable(path);
 }
+
+TEST_F(MozillaCleanersTest, APasswordFileNameHoldingANulNamesNoFile)
+{
+    // The system would read "key3.db\0.txt" as "key3.db": the log would name one
+    // file and the erase hit another.
+    static const char prefs[] = "user_pref(\"signon.SignonFileName\", \"key3.db\0.txt\");\n";
+    home.write(kFirefox + u"a1.default/prefs.js"_s, QByteArray(prefs, sizeof(prefs) - 1));
+    home.write(kFirefox + u"a1.default/key3.db"_s, "kept");
+    select(kFirefox.chopped(1), {u"a1.default"_s});
+    setAllKeys(true);
+
+    const QStringList lines = run([&] { cleaners.Firefox20(); });
+    EXPECT_EQ(lines.filter(u"Skip: Passwords file named in prefs.js is not a file of the profile folder: "_s).size(),
+              1);
+    for (const QString& path : paths)
+        EXPECT_FALSE(path.contains(u"key3.db"_s)) << qPrintable(path);
+    static const char onlyNul[] = "signon.SignonFileName, \"\0\"";
+    EXPECT_TRUE(MozillaCleaners::passwordFileName(QByteArray(onlyNul, sizeof(onlyNul) - 1)).isNull());
+}
