@@ -1,0 +1,1 @@
+user_pref( "signon.SignonFileName" ,   "key3 copy.db" );
