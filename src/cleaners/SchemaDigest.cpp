@@ -1,7 +1,6 @@
 #include "cleaners/SchemaDigest.h"
 
 #include <QCryptographicHash>
-#include <QRegularExpression>
 
 namespace SchemaDigest {
 
@@ -12,8 +11,15 @@ QString md5Hex(const QString& text)
 
 QString removeWhiteSpace(const QString& text)
 {
-    static const QRegularExpression whiteSpace(QStringLiteral("\\s+"));
-    return text.trimmed().split(whiteSpace, Qt::SkipEmptyParts).join(QString());
+    // Every white-space and newline character in Unicode's sense (no-break and
+    // ideographic spaces, line and paragraph separators, NEL), not ASCII alone.
+    QString compact;
+    compact.reserve(text.size());
+    for (const QChar c : text) {
+        if (!c.isSpace())
+            compact.append(c);
+    }
+    return compact;
 }
 
 QString raw(const QString& schema)

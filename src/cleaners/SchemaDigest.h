@@ -9,7 +9,8 @@
 namespace SchemaDigest {
 
 QString md5Hex(const QString& text);
-// Trims, splits at white space and newlines and joins the pieces with nothing.
+// The text without any white-space or newline character: trimmed, split at white
+// space and newlines, and the pieces joined with nothing.
 QString removeWhiteSpace(const QString& text);
 
 QString raw(const QString& schema);
