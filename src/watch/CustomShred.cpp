@@ -5,10 +5,8 @@
 #include "log/ActivityLog.h"
 #include "settings/UserDefaults.h"
 
-#include <QDataStream>
 #include <QFile>
 #include <QFileInfo>
-#include <QIODevice>
 
 #include <sys/stat.h>
 
@@ -23,7 +21,6 @@ const QString kPath = u"path"_s;
 const QString kKeep = u"keep"_s;
 const QString kIsRunning = u"isrunning"_s;
 const QString kWasRunning = u"wasrunning"_s;
-constexpr QDataStream::Version kArchiveVersion = QDataStream::Qt_6_4;
 
 std::mutex gSharedMutex;
 std::unique_ptr<CustomShred> gShared;
@@ -87,43 +84,6 @@ void CustomShred::resetSharedInstanceForTesting()
 {
     std::lock_guard lock(gSharedMutex);
     gShared.reset();
-}
-
-QByteArray CustomShred::archive(const QVariantMap& dictionary)
-{
-    QByteArray data;
-    QDataStream out(&data, QIODevice::WriteOnly);
-    out.setVersion(kArchiveVersion);
-    out << dictionary;
-    return data;
-}
-
-QVariantMap CustomShred::unarchive(const QByteArray& data)
-{
-    if (data.isEmpty())
-        return {};
-    QDataStream in(data);
-    in.setVersion(kArchiveVersion);
-    QVariantMap dictionary;
-    in >> dictionary;
-    if (in.status() != QDataStream::Ok || !in.atEnd())
-        return {};
-    // Only the shape the program writes: process -> list of {path, keep}.
-    QVariantMap clean;
-    for (auto it = dictionary.cbegin(); it != dictionary.cend(); ++it) {
-        QVariantList entries;
-        for (const QVariant& item : it.value().toList()) {
-            const QVariantMap entry = item.toMap();
-            if (entry.value(kPath).typeId() != QMetaType::QString)
-                continue;
-            QVariantMap kept{{kPath, entry.value(kPath)}};
-            if (entry.contains(kKeep))
-                kept.insert(kKeep, entry.value(kKeep).toBool());
-            entries.append(kept);
-        }
-        clean.insert(it.key(), entries);
-    }
-    return clean;
 }
 
 void CustomShred::save()

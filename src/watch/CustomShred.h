@@ -39,7 +39,8 @@ public:
     // Disabling is not offered: the answer is always a beep, after saving.
     bool disableProcess();
 
-    // The stored form of a process dictionary, and back (empty for damaged data).
+    // The stored form of a process dictionary, and back: empty for damaged data or
+    // data of any other shape (CustomShredArchive.cpp).
     static QByteArray archive(const QVariantMap& dictionary);
     static QVariantMap unarchive(const QByteArray& data);
 

@@ -7,8 +7,10 @@
 #include "support/QtPrinters.h"
 #include "support/TempHome.h"
 
+#include <QDataStream>
 #include <QDir>
 #include <QFileInfo>
+#include <QUrl>
 
 #include <gtest/gtest.h>
 
@@ -119,4 +121,35 @@ TEST_F(CustomShredTest, DamagedStoredDataReadsAsNoProcesses)
     EXPECT_TRUE(CustomShred::unarchive(good + "trailing").isEmpty());
     defaults.setObject(QByteArray("\xff\xff\xff\xff"), u"mProcessDictionary"_s);
     EXPECT_TRUE(CustomShred(defaults).processes().isEmpty());
+}
+
+TEST_F(CustomShredTest, StoredDataOfAnotherShapeReadsAsNoProcessesWithoutTrustingItsCounts)
+{
+    // The settings file is anyone's to rewrite: a list claiming four billion
+    // entries is read entry by entry, and ends where the data does.
+    QByteArray huge;
+    QDataStream out(&huge, QIODevice::WriteOnly);
+    out.setVersion(QDataStream::Qt_6_4);
+    out << quint32(1) << editor << quint32(QMetaType::QVariantList) << qint8(0) << quint32(0xffffffff);
+    EXPECT_TRUE(CustomShred::unarchive(huge).isEmpty());
+
+    // Only the shape the program writes is read; any other type, even one Qt could
+    // build, makes the data damaged as a whole.
+    const auto archiveOf = [](const QVariant& entries) {
+        QByteArray data;
+        QDataStream stream(&data, QIODevice::WriteOnly);
+        stream.setVersion(QDataStream::Qt_6_4);
+        stream << QVariantMap{{u"/Applications/Editor.app"_s, entries}};
+        return data;
+    };
+    EXPECT_TRUE(CustomShred::unarchive(archiveOf(QVariantList{QUrl(u"file:///tmp/x"_s)})).isEmpty());
+    EXPECT_TRUE(CustomShred::unarchive(archiveOf(QVariantList{QVariantMap{{u"path"_s, 3}}})).isEmpty());
+    EXPECT_TRUE(CustomShred::unarchive(archiveOf(u"/tmp/x"_s)).isEmpty());
+    EXPECT_TRUE(
+        CustomShred::unarchive(archiveOf(QVariantList{QVariantMap{{u"path"_s, u"/tmp/x"_s}, {u"keep"_s, u"yes"_s}}}))
+            .isEmpty());
+
+    const QVariantMap written{{editor, QVariantList{QVariantMap{{u"path"_s, u"/tmp/kept"_s}, {u"keep"_s, true}},
+                                                    QVariantMap{{u"path"_s, u"/tmp/x"_s}}}}};
+    EXPECT_EQ(CustomShred::unarchive(archiveOf(written.value(editor))), written);
 }
