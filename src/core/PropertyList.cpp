@@ -44,11 +44,12 @@ QVariant toVariant(plist_t node)
         return value;
     }
     case PLIST_STRING: {
-        char* value = nullptr;
-        plist_get_string_val(node, &value);
-        QString text = QString::fromUtf8(value);
-        std::free(value);
-        return text;
+        // Not plist_get_string_val: it aborts the program on a string holding a
+        // NUL. Such a string reads up to the NUL, as the XML reader keeps nothing
+        // after it anyway.
+        uint64_t length = 0;
+        const char* value = plist_get_string_ptr(node, &length);
+        return QString::fromUtf8(value, qsizetype(qstrnlen(value, std::size_t(length))));
     }
     case PLIST_DATA: {
         char* value = nullptr;

@@ -39,3 +39,16 @@ TEST(PropertyList, GarbageAndDamagedInputGiveNothing)
     EXPECT_FALSE(PropertyList::parse(xml.left(xml.size() / 2)).has_value());
     EXPECT_FALSE(PropertyList::parse("bplist00\x01\x02").has_value());
 }
+
+TEST(PropertyList, AStringHoldingANulReadsUpToIt)
+{
+    // Any program can write the settings file; such a string once stopped the program.
+    static const char xml[] = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>"
+                              "<key>text</key><string>before\0after</string><key>count</key><integer>3</integer>"
+                              "</dict></plist>";
+    const auto parsed = PropertyList::parse(QByteArray(xml, sizeof(xml) - 1));
+    ASSERT_TRUE(parsed.has_value());
+    const QVariantMap values = parsed->toMap();
+    EXPECT_EQ(values.value(u"text"_s).toString(), u"before"_s);
+    EXPECT_EQ(values.value(u"count"_s).toLongLong(), 3);
+}
