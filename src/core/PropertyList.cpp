@@ -145,6 +145,16 @@ plist_t toNode(const QVariant& value)
     }
 }
 
+QByteArray xmlOf(plist_t root)
+{
+    char* xml = nullptr;
+    uint32_t length = 0;
+    plist_to_xml(root, &xml, &length);
+    QByteArray text(xml, qsizetype(length));
+    plist_to_xml_free(xml);
+    return text;
+}
+
 } // namespace
 
 namespace PropertyList {
@@ -158,20 +168,18 @@ std::optional<QVariant> parse(const QByteArray& bytes)
     if (root == nullptr)
         return std::nullopt;
     PlistPtr owner(root);
+    // libplist aborts the program when asked for a dictionary key holding a NUL,
+    // which its binary reader lets through (its XML reader cuts such a key at the
+    // NUL): a binary list is read through its XML form.
+    if (plist_is_binary(bytes.constData(), uint32_t(bytes.size())))
+        return parse(xmlOf(root));
     return toVariant(root);
 }
 
 QByteArray toXml(const QVariant& value)
 {
     PlistPtr root(toNode(value));
-    if (!root)
-        return {};
-    char* xml = nullptr;
-    uint32_t length = 0;
-    plist_to_xml(root.get(), &xml, &length);
-    QByteArray text(xml, qsizetype(length));
-    plist_to_xml_free(xml);
-    return text;
+    return root ? xmlOf(root.get()) : QByteArray();
 }
 
 } // namespace PropertyList

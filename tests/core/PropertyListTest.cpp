@@ -52,3 +52,40 @@ TEST(PropertyList, AStringHoldingANulReadsUpToIt)
     EXPECT_EQ(values.value(u"text"_s).toString(), u"before"_s);
     EXPECT_EQ(values.value(u"count"_s).toLongLong(), 3);
 }
+
+TEST(PropertyList, ABinaryDictionaryKeyHoldingANulReadsUpToIt)
+{
+    // A binary list of {"é\0x": 1}, the key in UTF-16: libplist aborted the
+    // program when asked for such a key.
+    const QByteArray binary = QByteArray::fromHex("62706c6973743030d101026300e9000000781001"
+                                                  "080b120000000000000101000000000000000300"
+                                                  "000000000000000000000000000014");
+    const auto parsed = PropertyList::parse(binary);
+    ASSERT_TRUE(parsed.has_value());
+    EXPECT_EQ(parsed->toMap(), (QVariantMap{{u"\u00e9"_s, qint64(1)}}));
+}
+
+TEST(PropertyList, ABinaryListReadsWithEveryValue)
+{
+    // Written by another program's writer: {when: 2010-05-04 03:02:01 UTC, ratio: 0.1,
+    // big: 2^62, neg: -7, text: "café", bytes: 00 01, yes: true, list: [{}]}.
+    const QByteArray binary =
+        QByteArray::fromHex("62706c6973743030d80102030405060708090a0b0d0e0f101153626967556279746573546c697374"
+                            "536e656755726174696f5474657874547768656e53796573134000000000000000420001a10cd013"
+                            "fffffffffffffff9233fb999999999999a6400630061006600e93341b18fc5a90000000908191d23"
+                            "282c32373c40494c4e4f58616a730000000000000101000000000000001200000000000000000000"
+                            "000000000074");
+    const auto parsed = PropertyList::parse(binary);
+    ASSERT_TRUE(parsed.has_value());
+    const QVariantMap expected{
+        {u"when"_s, QDateTime(QDate(2010, 5, 4), QTime(3, 2, 1), Qt::UTC)},
+        {u"ratio"_s, 0.1},
+        {u"big"_s, qint64(1) << 62},
+        {u"neg"_s, qint64(-7)},
+        {u"text"_s, u"caf\u00e9"_s},
+        {u"bytes"_s, QByteArray("\x00\x01", 2)},
+        {u"yes"_s, true},
+        {u"list"_s, QVariantList{QVariantMap{}}},
+    };
+    EXPECT_EQ(parsed->toMap(), expected);
+}
