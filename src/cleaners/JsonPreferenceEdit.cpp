@@ -23,8 +23,18 @@ std::optional<Json> readObject(const QString& file)
     if (!QFileInfo(file).isFile() || QFileInfo(file).size() > kMaximumFileSize || !in.open(QIODevice::ReadOnly))
         return std::nullopt;
     const QByteArray bytes = in.readAll();
-    Json parsed = Json::parse(bytes.cbegin(), bytes.cend(), nullptr, /*allow_exceptions*/ false);
-    if (parsed.is_discarded() || !parsed.is_object())
+    // Copying or writing a value recurses once per level: a file nested far deeper
+    // than any browser writes would overflow the stack. Nothing below the limit
+    // is even built.
+    bool tooDeep = false;
+    const Json::parser_callback_t checkDepth = [&tooDeep](int depth, Json::parse_event_t, Json&) {
+        if (depth <= kMaximumDepth)
+            return true;
+        tooDeep = true;
+        return false;
+    };
+    Json parsed = Json::parse(bytes.cbegin(), bytes.cend(), checkDepth, /*allow_exceptions*/ false);
+    if (tooDeep || parsed.is_discarded() || !parsed.is_object())
         return std::nullopt;
     return parsed;
 }

@@ -13,15 +13,17 @@ namespace JsonPreferenceEdit {
 
 enum class Result {
     Done,
-    ReadFailed,    // missing, unreadable, too large, not UTF-8 JSON, or not an object
-    KeyNotFound,   // only when the key is required
+    ReadFailed,  // missing, unreadable, too large or too deep, not UTF-8 JSON, or not an object
+    KeyNotFound, // only when the key is required
     EncodeFailed,
-    RenameFailed,  // the old copy could not be made (or the file is read-only)
-    WriteFailed,   // the new text could not be written; the original is back in place
+    RenameFailed, // the old copy could not be made (or the file is read-only)
+    WriteFailed,  // the new text could not be written; the original is back in place
 };
 
 // Files larger than this are not browser preferences; they are left alone.
 inline constexpr qint64 kMaximumFileSize = 16 * 1024 * 1024;
+// Nor are files nested deeper than this (Chrome itself reads no more than 200 levels).
+inline constexpr int kMaximumDepth = 512;
 
 QString oldCopyPath(const QString& file);
 

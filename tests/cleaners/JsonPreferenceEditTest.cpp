@@ -99,6 +99,28 @@ TEST_F(JsonEditTest, FilesThatAreNotAJsonObjectAreLeftAsTheyWere)
     expectUntouched(huge);
 }
 
+TEST_F(JsonEditTest, AFileNestedDeeperThanAnyBrowserWritesIsLeftAsItWas)
+{
+    // A few hundred KB of brackets once overflowed the stack and ended the whole
+    // run, the deeper the sooner (a key after the deep value copies it).
+    const auto nested = [](int depth) {
+        return "{\"StartupDNSPrefetchList\":[],\"deep\":" + QByteArray(depth, '[') + QByteArray(depth, ']') +
+               ",\"after\":1}";
+    };
+    for (const int depth : {100000, 1000000}) {
+        const QByteArray deep = nested(depth);
+        home.write(u"Chrome/Local State"_s, deep);
+        EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, false, false), Result::ReadFailed);
+        expectUntouched(deep);
+    }
+
+    // As deep as a browser's own reader goes, and then some: edited as usual.
+    home.write(u"Chrome/Local State"_s, nested(500));
+    EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, true, false), Result::Done);
+    EXPECT_EQ(home.read(u"Chrome/Local State"_s),
+              "{\"deep\":" + QByteArray(500, '[') + QByteArray(500, ']') + ",\"after\":1}");
+}
+
 TEST_F(JsonEditTest, AMissingRequiredKeyAReadOnlyFileAndADryRunChangeNothing)
 {
     const QByteArray withoutKey = R"({"profile":{"name":"me"}})";
