@@ -2,9 +2,11 @@
 
 #include <QDateTime>
 #include <QStringList>
+#include <QtEndian>
 
 #include <plist/plist.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <limits>
 #include <memory>
@@ -23,8 +25,20 @@ struct PlistDeleter {
 };
 using PlistPtr = std::unique_ptr<void, PlistDeleter>;
 
-QVariant toVariant(plist_t node)
+// Deeper than anything the program stores, and shallow enough for libplist's
+// recursion and ours.
+constexpr int kMaximumDepth = 512;
+// A binary list nests no deeper than it has objects; this many keeps libplist's
+// recursive binary reader within the stack and is far more than settings hold.
+constexpr quint64 kMaximumBinaryObjects = 16384;
+
+// tooDeep is set, and the deeper part left out, below kMaximumDepth levels.
+QVariant toVariant(plist_t node, int depth, bool& tooDeep)
 {
+    if (depth > kMaximumDepth) {
+        tooDeep = true;
+        return {};
+    }
     switch (plist_get_node_type(node)) {
     case PLIST_BOOLEAN: {
         uint8_t value = 0;
@@ -69,7 +83,7 @@ QVariant toVariant(plist_t node)
         QVariantList list;
         const uint32_t size = plist_array_get_size(node);
         for (uint32_t i = 0; i < size; ++i)
-            list.append(toVariant(plist_array_get_item(node, i)));
+            list.append(toVariant(plist_array_get_item(node, i), depth + 1, tooDeep));
         return list;
     }
     case PLIST_DICT: {
@@ -82,7 +96,7 @@ QVariant toVariant(plist_t node)
             plist_dict_next_item(node, iter, &key, &item);
             if (key == nullptr)
                 break;
-            map.insert(QString::fromUtf8(key), toVariant(item));
+            map.insert(QString::fromUtf8(key), toVariant(item, depth + 1, tooDeep));
             std::free(key);
         }
         std::free(iter);
@@ -145,6 +159,44 @@ plist_t toNode(const QVariant& value)
     }
 }
 
+bool startsWithElement(QByteArrayView text, QByteArrayView name)
+{
+    if (!text.startsWith(name) || text.size() == name.size())
+        return false;
+    const char next = text[name.size()];
+    return next == '>' || next == '/' || next == ' ' || next == '\t' || next == '\n' || next == '\r';
+}
+
+// The deepest nesting of array and dict elements in an XML list, counted on the
+// text (never less than the real one). libplist builds and frees its trees
+// recursively, so a list nested deeply enough overflows the stack inside it.
+int xmlNesting(QByteArrayView xml)
+{
+    int depth = 0;
+    int deepest = 0;
+    for (qsizetype at = xml.indexOf('<'); at >= 0 && at + 1 < xml.size(); at = xml.indexOf('<', at + 1)) {
+        const QByteArrayView tag = xml.sliced(at + 1);
+        if (tag.startsWith('/')) {
+            if (startsWithElement(tag.sliced(1), "array") || startsWithElement(tag.sliced(1), "dict"))
+                --depth;
+        } else if (startsWithElement(tag, "array") || startsWithElement(tag, "dict")) {
+            const qsizetype end = tag.indexOf('>');
+            if (end <= 0 || tag[end - 1] != '/')
+                deepest = std::max(deepest, ++depth);
+        }
+    }
+    return deepest;
+}
+
+// The object count a binary list's trailer states (its last 32 bytes).
+quint64 binaryObjectCount(const QByteArray& bytes)
+{
+    constexpr qsizetype kTrailerSize = 32;
+    if (bytes.size() < kTrailerSize)
+        return 0;
+    return qFromBigEndian<quint64>(bytes.constData() + bytes.size() - kTrailerSize + 8);
+}
+
 QByteArray xmlOf(plist_t root)
 {
     char* xml = nullptr;
@@ -163,6 +215,9 @@ std::optional<QVariant> parse(const QByteArray& bytes)
 {
     if (bytes.isEmpty() || bytes.size() > std::numeric_limits<uint32_t>::max())
         return std::nullopt;
+    const bool binary = plist_is_binary(bytes.constData(), uint32_t(bytes.size()));
+    if (binary ? binaryObjectCount(bytes) > kMaximumBinaryObjects : xmlNesting(bytes) > kMaximumDepth)
+        return std::nullopt;
     plist_t root = nullptr;
     plist_from_memory(bytes.constData(), uint32_t(bytes.size()), &root);
     if (root == nullptr)
@@ -171,9 +226,13 @@ std::optional<QVariant> parse(const QByteArray& bytes)
     // libplist aborts the program when asked for a dictionary key holding a NUL,
     // which its binary reader lets through (its XML reader cuts such a key at the
     // NUL): a binary list is read through its XML form.
-    if (plist_is_binary(bytes.constData(), uint32_t(bytes.size())))
+    if (binary)
         return parse(xmlOf(root));
-    return toVariant(root);
+    bool tooDeep = false;
+    QVariant value = toVariant(root, 1, tooDeep);
+    if (tooDeep)
+        return std::nullopt;
+    return value;
 }
 
 QByteArray toXml(const QVariant& value)

@@ -10,7 +10,8 @@
 // integer ↔ qint64, real ↔ double, date ↔ QDateTime (UTC).
 namespace PropertyList {
 
-// Nothing when the bytes are not a property list.
+// Nothing when the bytes are not a property list, or one nested deeper than
+// 512 levels.
 std::optional<QVariant> parse(const QByteArray& bytes);
 
 // XML form of value. Values with no property-list counterpart are left out of

@@ -1,6 +1,7 @@
 #include "core/PropertyList.h"
 
 #include <QDateTime>
+#include <QtEndian>
 
 #include <gtest/gtest.h>
 
@@ -88,4 +89,57 @@ TEST(PropertyList, ABinaryListReadsWithEveryValue)
         {u"list"_s, QVariantList{QVariantMap{}}},
     };
     EXPECT_EQ(parsed->toMap(), expected);
+}
+
+namespace {
+
+QByteArray nestedXml(int depth)
+{
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">" +
+           QByteArray("<array>").repeated(depth) + "<array/>" + QByteArray("</array>").repeated(depth) + "</plist>";
+}
+
+// A binary list of depth arrays, each holding the next (4-byte references and offsets).
+QByteArray nestedBinary(quint32 depth)
+{
+    QByteArray list = "bplist00";
+    QList<quint32> offsets;
+    for (quint32 i = 0; i <= depth; ++i) {
+        offsets.append(quint32(list.size()));
+        if (i == depth) {
+            list.append(char(0xa0));
+            break;
+        }
+        list.append(char(0xa1));
+        const quint32 next = qToBigEndian(i + 1);
+        list.append(reinterpret_cast<const char*>(&next), 4);
+    }
+    const quint64 tableOffset = quint64(list.size());
+    for (const quint32 offset : offsets) {
+        const quint32 big = qToBigEndian(offset);
+        list.append(reinterpret_cast<const char*>(&big), 4);
+    }
+    list.append(QByteArray(6, '\0'));
+    list.append(char(4)).append(char(4));
+    for (const quint64 field : {quint64(offsets.size()), quint64(0), tableOffset}) {
+        const quint64 big = qToBigEndian(field);
+        list.append(reinterpret_cast<const char*>(&big), 8);
+    }
+    return list;
+}
+
+} // namespace
+
+TEST(PropertyList, AListNestedDeeperThan512LevelsReadsAsNothing)
+{
+    // Reading such lists once overflowed the stack (ours, then libplist's) and
+    // ended the program at start-up.
+    EXPECT_TRUE(PropertyList::parse(nestedXml(500)).has_value());
+    EXPECT_FALSE(PropertyList::parse(nestedXml(600)).has_value());
+    EXPECT_FALSE(PropertyList::parse(nestedXml(1000000)).has_value());
+
+    const auto shallow = PropertyList::parse(nestedBinary(3));
+    ASSERT_TRUE(shallow.has_value());
+    EXPECT_EQ(*shallow, QVariant(QVariantList{QVariantList{QVariantList{QVariantList{}}}}));
+    EXPECT_FALSE(PropertyList::parse(nestedBinary(100000)).has_value());
 }
