@@ -34,6 +34,12 @@ void removeWorkFile(const QString& path)
     ::unlink(native.constData());
 }
 
+void removeWorkDatabase(const QString& path)
+{
+    removeWorkFile(path + QStringLiteral("-journal"));
+    removeWorkFile(path);
+}
+
 bool writeWorkFile(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);

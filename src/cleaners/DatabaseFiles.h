@@ -11,6 +11,11 @@ namespace DatabaseFiles {
 // the swap) keeps its permissions.
 void removeWorkFile(const QString& path);
 
+// Removes a work database an earlier run may have left, with the rollback
+// journal of a shell that was stopped inside a transaction: left beside the next
+// run's new work database, that journal would be played back into it.
+void removeWorkDatabase(const QString& path);
+
 // Writes a work script; a script cut short by a crash is simply written anew
 // by the next run.
 bool writeWorkFile(const QString& path, const QByteArray& bytes);

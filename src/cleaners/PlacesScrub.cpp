@@ -92,7 +92,8 @@ QString PlacesScrub::firefox3sqlite(const QString& placesFile)
 
     const WorkFiles work(folder);
     if (!mContext.dryRun) {
-        for (const QString& leftOver : {work.database, work.renamed, work.schema, work.source, work.destination})
+        DatabaseFiles::removeWorkDatabase(work.database);
+        for (const QString& leftOver : {work.renamed, work.schema, work.source, work.destination})
             DatabaseFiles::removeWorkFile(leftOver);
     }
 
@@ -123,7 +124,7 @@ QString PlacesScrub::firefox3sqlite(const QString& placesFile)
     copyRows(placesFile, work.database, folder.path());
     work.removeScripts();
     if (!keptRowsArrived(placesFile, work.database)) {
-        DatabaseFiles::removeWorkFile(work.database);
+        DatabaseFiles::removeWorkDatabase(work.database);
         return fail(u"Places Vantle X Database lost rows while it was rebuilt - not replaced."_s);
     }
     if (!DatabaseFiles::swap(placesFile, work.database, work.renamed))

@@ -85,7 +85,9 @@ public:
         const QString renamed = file(mStore.renamed);
         const QString schemaFile = file(mStore.schema);
         if (!mContext.dryRun) {
-            for (const QString& leftOver : {work, renamed, schemaFile, file(mStore.source), file(mStore.destination)})
+            DatabaseFiles::removeWorkDatabase(work);
+            for (const QString& leftOver :
+                 {renamed, schemaFile, file(mStore.source), file(mStore.destination)})
                 DatabaseFiles::removeWorkFile(leftOver);
         }
 
@@ -114,7 +116,7 @@ public:
         for (const QString& script : {schemaFile, file(mStore.source), file(mStore.destination)})
             DatabaseFiles::removeWorkFile(script);
         if (mShell.firefox3ExecuteSQL(u"PRAGMA quick_check;"_s, work).trimmed() != u"ok"_s) {
-            DatabaseFiles::removeWorkFile(work);
+            DatabaseFiles::removeWorkDatabase(work);
             return fail(u"Rebuilt database is damaged - not replaced."_s);
         }
         return DatabaseFiles::swap(mPath, work, renamed) ? renamed : QString();

@@ -237,6 +237,41 @@ TEST_F(PlacesScrubTest, LeftOversOfAnInterruptedRunAreRemoved)
     EXPECT_EQ(modeOf(renamed), mode_t(0600));
 }
 
+TEST_F(PlacesScrubTest, TheJournalOfAShellStoppedInsideATransactionIsNotPlayedIntoTheNextRebuild)
+{
+    makePlaces();
+    setKey(PreferenceKey::ShredHistory, true);
+    setKey(PreferenceKey::shredSafariFavicon, true);
+    // A run killed while a shell was changing rows of its work database: the
+    // rollback journal holds the pages as they were, here full of history.
+    const QString work = profile + u"/places.vantlex.sqlite"_s;
+    const QString interrupted = profile + u"/interrupted.sqlite"_s;
+    ASSERT_TRUE(QFile::copy(places, interrupted));
+    {
+        TestDatabase db(interrupted);
+        db.exec(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<2000)"
+                " INSERT INTO moz_places (url) SELECT 'http://erased.example/' || i FROM n;"_s);
+        db.exec(u"PRAGMA cache_size=1; BEGIN; DELETE FROM moz_places WHERE id > 10;"_s);
+        ASSERT_TRUE(QFile::copy(interrupted, work));
+        ASSERT_TRUE(QFile::copy(interrupted + u"-journal"_s, work + u"-journal"_s));
+    }
+    QFile::remove(interrupted);
+
+    QString renamed;
+    const QStringList lines = run([&] { renamed = scrub(); });
+
+    EXPECT_EQ(renamed, profile + u"/places.renamed.sqlite"_s);
+    EXPECT_EQ(lines, QStringList());
+    EXPECT_EQ(table(places, u"select id from moz_places order by id"_s),
+              QStringList({u"1"_s, u"2"_s, u"3"_s, u"5"_s, u"6"_s, u"7"_s}));
+    EXPECT_EQ(table(places, u"select count(*) from moz_historyvisits"_s), QStringList{u"0"_s});
+    EXPECT_EQ(table(places, u"select count(*) from moz_bookmarks"_s), QStringList{u"5"_s});
+    // Not even in free pages: the new database starts from the empty template.
+    EXPECT_FALSE(home.read(QDir(home.path()).relativeFilePath(places)).contains("erased.example"));
+    EXPECT_FALSE(QFileInfo::exists(work + u"-journal"_s));
+    EXPECT_EQ(leftOvers(), QStringList());
+}
+
 TEST_F(PlacesScrubTest, DryRunChangesNothing)
 {
     makePlaces();
