@@ -3,18 +3,19 @@
 #include "core/MainThread.h"
 #include "core/ProcessRandom.h"
 #include "erase/EraseDisplay.h"
+#include "erase/HoldingFolder.h"
 #include "erase/OverwriteSchedule.h"
 #include "log/ActivityLog.h"
 #include "settings/PreferenceKeys.h"
 #include "settings/Preferences.h"
 
 #include <QFile>
+#include <QSet>
 
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstring>
-#include <ctime>
 #include <memory>
 
 using namespace OverwriteSchedule;
@@ -28,9 +29,26 @@ struct StreamCloser {
     void operator()(FILE* stream) const { std::fclose(stream); }
 };
 
-QByteArray holdingFolderName()
+// Holding folders beside the paths of this run that an interrupted run left,
+// with what it had not finished erasing; not those the run itself was given.
+QList<QByteArray> leftOverHoldingFolders(const QList<QByteArray>& paths)
 {
-    return "Vantle X Items (" + QByteArray::number(qint64(std::time(nullptr))) + ')';
+    QSet<QByteArray> given;
+    for (const QByteArray& path : paths)
+        given.insert(FileTree::standardized(path));
+    QSet<QByteArray> parents;
+    QList<QByteArray> found;
+    for (const QByteArray& path : paths) {
+        const QByteArray parent = FileTree::parentOf(path);
+        if (parents.contains(parent))
+            continue;
+        parents.insert(parent);
+        for (const QByteArray& folder : HoldingFolder::foldersIn(parent)) {
+            if (!given.contains(folder))
+                found.append(folder);
+        }
+    }
+    return found;
 }
 
 } // namespace
@@ -186,7 +204,7 @@ quint64 FileAccess::sizeInBytes(const QByteArray& path) const
 QByteArray FileAccess::moveAndRename(const QByteArray& path)
 {
     const QByteArray source = FileTree::standardized(path);
-    const QByteArray holding = FileTree::join(FileTree::parentOf(source), holdingFolderName());
+    const QByteArray holding = FileTree::join(FileTree::parentOf(source), HoldingFolder::nameNow());
     ::mkdir(holding.constData(), 0777);
 
     const QByteArray moved = FileTree::join(holding, FileTree::lastComponent(source));
@@ -237,9 +255,15 @@ void FileAccess::shredNativePaths(const QList<QByteArray>& paths)
     showProgressOnMainThread(0);
     mDeepPathSize = 0;
     mDeepShreddedSize = 0;
-    for (const QByteArray& path : paths) {
+    const QList<QByteArray> leftOvers = leftOverHoldingFolders(paths);
+    for (const QByteArray& path : leftOvers + paths) {
         if (FileTree::exists(path))
             mDeepPathSize += sizeInBytes(path);
+    }
+    // Their items already bear random names: they are overwritten and removed where they are.
+    for (const QByteArray& folder : leftOvers) {
+        ActivityLog::writeLogLine("Shred (left by an interrupted run): " + folder);
+        FileTree::removeFileAtPath(folder, *this);
     }
     for (const QByteArray& path : paths) {
         if (!FileTree::exists(path))

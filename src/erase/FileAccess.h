@@ -17,7 +17,8 @@ class Preferences;
 // folder beside it ("Vantle X Items (<time>)"), every file and folder inside is
 // given a random name, and the holding folder is removed depth first, each file
 // being overwritten just before it is unlinked. Files thus lose their names
-// before their contents.
+// before their contents. Holding folders that an interrupted run left beside the
+// paths are erased first.
 //
 // Lives on the thread that shreds (one run at a time); shows progress through the
 // display on the main thread, waiting for it. Failures never stop a run: a file

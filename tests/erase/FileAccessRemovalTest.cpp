@@ -1,6 +1,8 @@
 #include "erase/EraseTestSupport.h"
 
 #include "erase/FileTree.h"
+#include "log/ActivityLog.h"
+#include "support/QtPrinters.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -145,6 +147,49 @@ TEST_F(RemovalTest, ReadOnlyItemsAreErasedAndLinksRemovedWithTheirTargetOverwrit
     EXPECT_FALSE(QFileInfo::exists(home.file(u"Cache"_s)));
     EXPECT_EQ(leftInHome(), (QStringList{u"outside"_s, u"outside/target.txt"_s}));
     EXPECT_EQ(home.read(u"outside/target.txt"_s), QByteArray(38, '\0'));  // overwritten, grown by its chunk
+    EXPECT_EQ(display.progress[display.progress.size() - 2], 100.0);
+}
+
+TEST_F(RemovalTest, HoldingFoldersAnInterruptedRunLeftBesideThePathsAreErasedFirst)
+{
+    // A run killed while it erased: its holding folders still hold random-named
+    // items, half overwritten or not at all.
+    home.write(u"Caches/Vantle X Items (1700000000)/Ab3dEf7hIj"_s, "not yet overwritten");
+    home.write(u"Caches/Vantle X Items (1700000000)/Kl9mNo1pQr/St5uVw7xYz"_s, "deeper");
+    home.write(u"Caches/site.db"_s, "queued");
+    home.write(u"Gone/Vantle X Items (42)/Zz1yXx2wVv"_s, "beside a path that is gone");
+    // Not holding folders, or not beside a path of the run.
+    home.write(u"Caches/Vantle X Items (12) copy/keep"_s, "1");
+    home.write(u"Caches/Vantle X Items ()/keep"_s, "2");
+    home.write(u"Caches/Vantle X Items (7)"_s, "a file");
+    home.write(u"Other/Vantle X Items (5)/keep"_s, "3");
+    ActivityLog::openLog(home.file(u"run.log"_s));
+
+    RecordingDisplay display;
+    FileAccess& access = engine({{u"NumberOfWrites"_s, qint64(2)}}, &display);
+    QList<QByteArray> overwritten;
+    access.setPassObserverForTesting([&](const QByteArray& file, qint64, std::size_t, quint16) {
+        overwritten.append(FileTree::lastComponent(file));
+    });
+    QStringList paths{home.file(u"Caches/site.db"_s), home.file(u"Gone/cache"_s)};
+    access.shredDroppedFile(paths);
+    ActivityLog::closeLog();
+
+    QStringList left = leftInHome();
+    left.sort();
+    EXPECT_EQ(left,
+              (QStringList{u"Caches"_s, u"Caches/Vantle X Items ()"_s, u"Caches/Vantle X Items ()/keep"_s,
+                           u"Caches/Vantle X Items (12) copy"_s, u"Caches/Vantle X Items (12) copy/keep"_s,
+                           u"Caches/Vantle X Items (7)"_s, u"Gone"_s, u"Other"_s,
+                           u"Other/Vantle X Items (5)"_s, u"Other/Vantle X Items (5)/keep"_s, u"run.log"_s}));
+    for (const QByteArray name : {"Ab3dEf7hIj", "St5uVw7xYz", "Zz1yXx2wVv"})
+        EXPECT_TRUE(overwritten.contains(name)) << name.constData();
+    const QByteArray written = home.read(u"run.log"_s);
+    EXPECT_TRUE(written.contains(
+        " Shred (left by an interrupted run): " + path(u"Caches/Vantle X Items (1700000000)"_s) + '\n'));
+    EXPECT_TRUE(written.contains(
+        " Shred (left by an interrupted run): " + path(u"Gone/Vantle X Items (42)"_s) + '\n'));
+    // They count in the progress, which ends at 100.
     EXPECT_EQ(display.progress[display.progress.size() - 2], 100.0);
 }
 
