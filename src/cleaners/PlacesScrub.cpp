@@ -92,6 +92,7 @@ QString PlacesScrub::firefox3sqlite(const QString& placesFile)
 
     const WorkFiles work(folder);
     if (!mContext.dryRun) {
+        mContext.queueLeftover(work.renamed);
         DatabaseFiles::removeWorkDatabase(work.database);
         for (const QString& leftOver : {work.renamed, work.schema, work.source, work.destination})
             DatabaseFiles::removeWorkFile(leftOver);

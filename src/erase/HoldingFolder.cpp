@@ -3,6 +3,7 @@
 #include "erase/FileTree.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cctype>
@@ -41,6 +42,19 @@ QList<QByteArray> foldersIn(const QByteArray& folder)
             found.append(path);
     }
     return found;
+}
+
+QByteArray setAside(const QByteArray& path)
+{
+    const QByteArray source = FileTree::standardized(path);
+    const QByteArray holding = FileTree::join(FileTree::parentOf(source), nameNow());
+    const bool made = ::mkdir(holding.constData(), 0777) == 0;
+    const QByteArray moved = FileTree::join(holding, FileTree::lastComponent(source));
+    if (::rename(source.constData(), moved.constData()) == 0)
+        return holding;
+    if (made)
+        ::rmdir(holding.constData());
+    return {};
 }
 
 } // namespace HoldingFolder

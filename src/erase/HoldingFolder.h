@@ -15,4 +15,8 @@ bool isHoldingFolderName(const QByteArray& name);
 // The holding folders directly inside folder.
 QList<QByteArray> foldersIn(const QByteArray& folder);
 
+// Moves path into a holding folder beside it and returns that folder; empty when
+// path could not be moved (and then nothing changed).
+QByteArray setAside(const QByteArray& path);
+
 } // namespace HoldingFolder

@@ -272,6 +272,26 @@ TEST_F(PlacesScrubTest, TheJournalOfAShellStoppedInsideATransactionIsNotPlayedIn
     EXPECT_EQ(leftOvers(), QStringList());
 }
 
+TEST_F(PlacesScrubTest, TheOldDatabaseAnInterruptedRunLeftIsErasedNotUnlinked)
+{
+    makePlaces();
+    setKey(PreferenceKey::ShredHistory, true);
+    // Killed after the swap, before the erase: the old database with all of the
+    // history waits under the work name.
+    const QString renamedPath = profile + u"/places.renamed.sqlite"_s;
+    home.write(QDir(home.path()).relativeFilePath(renamedPath), "the old database, every visit in it");
+
+    EXPECT_EQ(scrub(), renamedPath);
+
+    // Set aside beside it and queued for the erase, so that the new old copy can take its name.
+    ASSERT_EQ(paths.size(), 1);
+    EXPECT_TRUE(QFileInfo(paths[0]).fileName().startsWith(u"Vantle X Items ("_s)) << qPrintable(paths[0]);
+    EXPECT_EQ(QFileInfo(paths[0]).absolutePath(), profile);
+    EXPECT_EQ(home.read(QDir(home.path()).relativeFilePath(paths[0] + u"/places.renamed.sqlite"_s)),
+              "the old database, every visit in it");
+    EXPECT_EQ(table(renamedPath, u"select count(*) from moz_historyvisits"_s), QStringList{u"7"_s});
+}
+
 TEST_F(PlacesScrubTest, DryRunChangesNothing)
 {
     makePlaces();
