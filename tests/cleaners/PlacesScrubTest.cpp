@@ -292,6 +292,33 @@ TEST_F(PlacesScrubTest, TheOldDatabaseAnInterruptedRunLeftIsErasedNotUnlinked)
     EXPECT_EQ(table(renamedPath, u"select count(*) from moz_historyvisits"_s), QStringList{u"7"_s});
 }
 
+TEST_F(PlacesScrubTest, ARebuildThatLostABookmarkedPlaceDoesNotReplaceTheDatabase)
+{
+    makePlaces();
+    setKey(PreferenceKey::ShredHistory, true);
+    {
+        TestDatabase db(places);
+        db.exec(u"UPDATE moz_places SET title = printf('%.300000c', 'x') WHERE id IN (5, 6);"_s);
+    }
+    // A shell that may write no file past 400 KB: the disk fills up before the
+    // second bookmarked place is in, while every bookmark still arrives.
+    home.write(u"sqlite3"_s, "#!/bin/sh\nexec prlimit --fsize=409600 '" +
+                                 QFile::encodeName(SqliteShell::resourcePath()) + "' \"$@\"\n");
+    ::chmod(QFile::encodeName(home.file(u"sqlite3"_s)).constData(), 0755);
+    context.setSqliteShellForTesting(home.file(u"sqlite3"_s));
+    const QByteArray before = home.read(QDir(home.path()).relativeFilePath(places));
+
+    QString renamed;
+    const QStringList lines = run([&] { renamed = scrub(); });
+
+    EXPECT_TRUE(renamed.isNull());
+    const QStringList refused{u"Places Vantle X Database lost rows while it was rebuilt - not replaced."_s,
+                              QString()};
+    EXPECT_EQ(lines, refused);
+    EXPECT_EQ(home.read(QDir(home.path()).relativeFilePath(places)), before);
+    EXPECT_EQ(leftOvers(), QStringList());
+}
+
 TEST_F(PlacesScrubTest, DryRunChangesNothing)
 {
     makePlaces();
