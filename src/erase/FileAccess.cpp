@@ -15,6 +15,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstring>
 #include <memory>
 
@@ -119,14 +120,16 @@ void FileAccess::applyMethods(const Settings& settings, quint16 k)
     }
 }
 
-void FileAccess::writePass(FILE* stream, const QByteArray& path, std::size_t length, quint16 k)
+int FileAccess::writePass(FILE* stream, const QByteArray& path, std::size_t length, quint16 k)
 {
     const qint64 offset = mPassObserver ? qint64(::ftello(stream)) : 0;
     // A short or failed write does not stop the passes: there is nothing better to do with this file.
-    std::fwrite(mBuffer.data(), 1, length, stream);
-    std::fflush(stream);
+    errno = 0;
+    const bool written = std::fwrite(mBuffer.data(), 1, length, stream) == length && std::fflush(stream) == 0;
+    const int error = written ? 0 : (errno != 0 ? errno : EIO);
     if (mPassObserver)
         mPassObserver(path, offset, length, k);
+    return error;
 }
 
 void FileAccess::showRunProgress()
@@ -157,6 +160,7 @@ void FileAccess::shredOneFile(const QByteArray& path)
     randomize();
 
     std::size_t chunk = 0;
+    int failure = 0;
     do {
         randomizeName();
         chunk = remaining >= kChunkSize ? kChunkSize : std::size_t(remaining);
@@ -170,7 +174,9 @@ void FileAccess::shredOneFile(const QByteArray& path)
         quint16 k = passCount(settings);
         for (;;) {
             applyMethods(settings, k);
-            writePass(stream.get(), path, chunk, k);
+            const int error = writePass(stream.get(), path, chunk, k);
+            if (failure == 0)
+                failure = error;
             --k;
             if (isRandomPattern(settings.pattern)) {
                 mOverwritePattern = settings.pattern;
@@ -181,6 +187,9 @@ void FileAccess::shredOneFile(const QByteArray& path)
             std::fsetpos(stream.get(), &chunkStart);
         }
     } while (remaining > 0);
+    // The file is removed all the same; what could not be overwritten is said.
+    if (failure != 0)
+        ActivityLog::writeLogLine("Overwrite failed (" + QByteArray(std::strerror(failure)) + "): " + path);
 
     // Past the old end: the file grows by its last chunk, and that too is overwritten.
     fpos_t end;
@@ -245,8 +254,13 @@ void FileAccess::fileManagerWillProcessPath(const QByteArray& path)
 bool FileAccess::fileManagerShouldProceedAfterError(const QByteArray& path)
 {
     ::chmod(path.constData(), 0777);
-    ::rmdir(path.constData());
-    ::unlink(path.constData());
+    const int folderError = ::rmdir(path.constData()) == 0 ? 0 : errno;
+    const int fileError = ::unlink(path.constData()) == 0 ? 0 : errno;
+    struct stat info {};
+    if (::lstat(path.constData(), &info) == 0) {
+        const int error = S_ISDIR(info.st_mode) ? folderError : fileError;
+        ActivityLog::writeLogLine("Skip (Remove failed: " + QByteArray(std::strerror(error)) + "): " + path);
+    }
     return true;
 }
 

@@ -24,7 +24,8 @@ class Preferences;
 // display on the main thread, waiting for it. Failures never stop a run: a file
 // that cannot be opened is removed without being overwritten, an item that cannot
 // be renamed keeps its name, an item that resists removal is made writable and
-// removed again.
+// removed again. A write that fails within a file's contents and an item that
+// stays in place are written to the activity log with the reason.
 class FileAccess final : public FileTree::RemovalHandler {
 public:
     static constexpr std::size_t kChunkSize = 131072;
@@ -75,7 +76,8 @@ private:
     quint16 passCount(const Settings& settings) const;
     // Puts the DoD or NSA pattern of pass k in the buffer, as the methods ask.
     void applyMethods(const Settings& settings, quint16 k);
-    void writePass(FILE* stream, const QByteArray& path, std::size_t length, quint16 k);
+    // 0, or the error that cut the pass short.
+    int writePass(FILE* stream, const QByteArray& path, std::size_t length, quint16 k);
     void showRunProgress();
 
     Preferences& preferencesInstance;

@@ -169,6 +169,10 @@ TEST_F(WriteFailureCliTest, AFullDiskLeavesEveryRewriteUndoneAndSaysSo)
     EXPECT_EQ(home.read(kProfile + u"places.sqlite"_s), placesBytes);
     EXPECT_TRUE(hasLine(log, "Skip (Write new file failed): " + QFile::encodeName(home.file(kPreferences))));
     EXPECT_EQ(home.read(kPreferences), preferences);
+    // The cache past the limit could not be overwritten; it is removed all the same.
+    EXPECT_TRUE(log.contains(
+        " Overwrite failed (File too large): " +
+        QFile::encodeName(home.file(u"Library/Caches/Google/Chrome/Default/Vantle X Items ("_s))));
     EXPECT_FALSE(QFileInfo::exists(home.file(kCache)));
     EXPECT_EQ(home.read(u"Documents/thesis.txt"_s), "mine");
 }

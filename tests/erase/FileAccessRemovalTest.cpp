@@ -298,11 +298,18 @@ TEST_F(RemovalTest, WithoutPermissionItemsAreOverwrittenOrRemovedWherePossibleAn
     ASSERT_TRUE(::link(path(u"p/w/readonly.txt"_s).constData(), path(u"readonly witness"_s).constData()) == 0);
 
     FileAccess& access = engine({{u"NumberOfWrites"_s, qint64(2)}, {u"OverwritePattern"_s, qint64(3)}});
+    ActivityLog::openLog(home.file(u"log.txt"_s));
     EXPECT_EXIT(eraseAsUser(access, nobody, nogroup, {path(u"p/w"_s), path(u"r/writable.txt"_s)}),
                 ::testing::ExitedWithCode(0), "");
+    ActivityLog::closeLog();
 
     EXPECT_TRUE(QDir(home.file(u"p"_s)).isEmpty());
     EXPECT_EQ(home.read(u"theirs witness"_s), "owned by root");          // could not be opened: removed as it was
     EXPECT_EQ(home.read(u"readonly witness"_s), QByteArray(18, '\0'));  // made writable, overwritten, removed
     EXPECT_EQ(home.read(u"r/writable.txt"_s), QByteArray(46, '\0'));    // overwritten where it stands
+    // The one item left in place, with the reason.
+    const QByteArray log = home.read(u"log.txt"_s);
+    EXPECT_EQ(log.count("Skip ("), 1) << log.constData();
+    EXPECT_TRUE(
+        log.contains(" Skip (Remove failed: Permission denied): " + path(u"r/writable.txt"_s) + '\n'));
 }
