@@ -74,10 +74,19 @@ protected:
 
     QString places() const { return home.file(kProfile + u"places.sqlite"_s); }
 
-    void setMode(const QString& relative, mode_t mode) const
+    // A mode for the run; folders get theirs back at the end, so that the home can go.
+    void setMode(const QString& relative, mode_t mode)
     {
         ASSERT_EQ(::chmod(QFile::encodeName(home.file(relative)).constData(), mode), 0)
             << qPrintable(relative);
+        if (QFileInfo(home.file(relative)).isDir())
+            m_restrictedFolders.append(home.file(relative));
+    }
+
+    void TearDown() override
+    {
+        for (const QString& folder : m_restrictedFolders)
+            ::chmod(QFile::encodeName(folder).constData(), 0755);
     }
 
     // vantle-cli shred as a user the modes hold for, writing at most fileSizeLimit
@@ -142,6 +151,9 @@ protected:
         }
         return found;
     }
+
+private:
+    QStringList m_restrictedFolders;
 };
 
 bool hasLine(const QByteArray& log, const QByteArray& message)
@@ -173,6 +185,39 @@ TEST_F(WriteFailureCliTest, AFullDiskLeavesEveryRewriteUndoneAndSaysSo)
     EXPECT_TRUE(log.contains(
         " Overwrite failed (File too large): " +
         QFile::encodeName(home.file(u"Library/Caches/Google/Chrome/Default/Vantle X Items ("_s))));
+    EXPECT_FALSE(QFileInfo::exists(home.file(kCache)));
+    EXPECT_EQ(home.read(u"Documents/thesis.txt"_s), "mine");
+}
+
+TEST_F(WriteFailureCliTest, ReadOnlyFoldersAndFilesAreLeftWithTheReasonAndTheRunCompletes)
+{
+    // A profile folder nothing may be added to or removed from.
+    makePlaces(2000, 1995);
+    home.write(kProfile + u"sessionstore.js"_s, "the last session");
+    const QByteArray placesBytes = home.read(kProfile + u"places.sqlite"_s);
+    setMode(kProfile, 0555);
+    // Settings the user made read-only.
+    home.write(kLocalState,
+               R"({"StartupDNSPrefetchList":["a.example"],"browser":{"last_known_version":"30.0"}})");
+    const QByteArray localState = home.read(kLocalState);
+    setMode(kLocalState, 0444);
+    // A read-only cache: the engine makes it writable to erase it.
+    home.write(kCache + u"data_0"_s, QByteArray(300000, 'c'));
+    home.write(kCache + u"index"_s, "index");
+    setMode(kCache + u"data_0"_s, 0444);
+    setMode(kCache + u"index"_s, 0444);
+    setMode(kCache, 0555);
+
+    const QByteArray log = accountedShred();
+
+    EXPECT_TRUE(hasLine(log, "Places Vantle X Database was not created."));
+    EXPECT_EQ(home.read(kProfile + u"places.sqlite"_s), placesBytes);
+    // Overwritten where it stands, since it cannot go.
+    const QByteArray sessionStore = QFile::encodeName(home.file(kProfile + u"sessionstore.js"_s));
+    EXPECT_TRUE(hasLine(log, "Skip (Remove failed: Permission denied): " + sessionStore));
+    EXPECT_FALSE(home.read(kProfile + u"sessionstore.js"_s).contains("last session"));
+    EXPECT_TRUE(hasLine(log, "Skip: ~/Library/Application Support/Google/Chrome/Local State"));
+    EXPECT_EQ(home.read(kLocalState), localState);
     EXPECT_FALSE(QFileInfo::exists(home.file(kCache)));
     EXPECT_EQ(home.read(u"Documents/thesis.txt"_s), "mine");
 }
