@@ -15,6 +15,7 @@
 #include <nlohmann/json.hpp>
 
 #include <array>
+#include <cmath>
 #include <csignal>
 #include <cstdio>
 
@@ -29,20 +30,21 @@ const QString kOperaCache = u"Library/Caches/Opera/cache4/"_s;
 const QString kTracker = u"Library/Safari/LocalStorage/StorageTracker.db"_s;
 const QString kLog = u"Library/Logs/Vantle X Log.txt"_s;
 // Files a run rewrites by design; what must survive in them is checked by content.
-const QStringList kRewritten{kProfile + u"places.sqlite"_s, kLocalState, kTracker, u".config/"_s, u"Library/Logs/"_s};
+const QStringList kRewritten{kProfile + u"places.sqlite"_s, kLocalState, kTracker, u".config/"_s,
+                             u"Library/Logs/"_s};
 
 // Sizes that make each phase last long enough to be hit, and a whole run short
 // enough for the default number of tries to stay cheap.
 constexpr int kPlaces = 15000;
 constexpr int kBookmarks = 50;
-constexpr int kPrefetchHosts = 120000;  // a Local State of some 3 MB: the JSON edit
-constexpr qint64 kBigCacheFile = 64 << 20;  // the overwrite, 35 passes
-constexpr int kSmallCacheFiles = 800;  // the removal
+constexpr int kPrefetchHosts = 120000;     // a Local State of some 3 MB: the JSON edit
+constexpr qint64 kBigCacheFile = 64 << 20; // the overwrite, 35 passes
+constexpr int kSmallCacheFiles = 800;      // the removal
 
 enum Phase { DatabaseRewrite, JsonEdit, Overwrite, Removal, FindingOther, ShreddingOther, PhaseCount };
-constexpr std::array<const char*, PhaseCount> kPhaseNames{"database rewrite", "JSON edit", "overwrite",
-                                                          "removal",          "finding (other)", "shredding (other)"};
-constexpr int kTargetedPhases = 4;  // the first four are aimed at
+constexpr std::array<const char*, PhaseCount> kPhaseNames{
+    "database rewrite", "JSON edit", "overwrite", "removal", "finding (other)", "shredding (other)"};
+constexpr int kTargetedPhases = 4; // the first four are aimed at
 
 struct Window {
     qint64 start = -1;
@@ -67,8 +69,9 @@ protected:
         QByteArray hosts;
         for (int i = 0; i < kPrefetchHosts; ++i)
             hosts += (i ? ",\"" : "\"") + QByteArray::number(i) + ".prefetch.example\"";
-        home.write(kLocalState, "{\"StartupDNSPrefetchList\":[" + hosts +
-                                    R"(],"browser":{"last_known_version":"30.0"},"big":18446744073709551615})");
+        home.write(kLocalState,
+                   "{\"StartupDNSPrefetchList\":[" + hosts +
+                       R"(],"browser":{"last_known_version":"30.0"},"big":18446744073709551615})");
         home.write(kChromeCache + u"Cache/data_1"_s, QByteArray(kBigCacheFile, 'c'));
         for (int i = 0; i < kSmallCacheFiles; ++i)
             home.write(kOperaCache + u"opr%1.tmp"_s.arg(i, 5, 10, QLatin1Char('0')), QByteArray(1024, 'o'));
@@ -112,7 +115,8 @@ protected:
         }
         const auto settings = nlohmann::ordered_json::parse(home.read(kLocalState).toStdString(), nullptr, false);
         check(settings.is_object() &&
-                  settings.value("browser", nlohmann::ordered_json()).dump() == R"({"last_known_version":"30.0"})" &&
+                  settings.value("browser", nlohmann::ordered_json()).dump() ==
+                      R"({"last_known_version":"30.0"})" &&
                   settings.value("big", 0ULL) == 18446744073709551615ULL,
               "Local State's other settings");
         check(home.read(u"Documents/thesis.txt"_s) == "mine", "a document");
@@ -162,7 +166,8 @@ protected:
     {
         const QByteArray log = home.read(kLog);
         if (!log.contains(" Start Shredding Now\n")) {
-            if (exists(kProfile + u"places.vantlex.sqlite"_s) || exists(u"Library/Safari/LocalStorage/vantlex.sqlite"_s))
+            if (exists(kProfile + u"places.vantlex.sqlite"_s) ||
+                exists(u"Library/Safari/LocalStorage/vantlex.sqlite"_s))
                 return DatabaseRewrite;
             if (log.contains(" Chrome 5.0\n") && !log.contains("Google/Chrome/Local State\n"))
                 return JsonEdit;
@@ -179,11 +184,10 @@ protected:
         return holdingFolders(u"Library/Caches"_s).isEmpty() ? ShreddingOther : Removal;
     }
 
-    QProcess* startRun(QProcess& process) const
+    void startRun(QProcess& process) const
     {
         process.start(QStringLiteral(VANTLE_CLI_PATH), {u"--home"_s, home.path(), u"shred"_s, u"--yes"_s, u"--quiet"_s});
         EXPECT_TRUE(process.waitForStarted());
-        return &process;
     }
 
     // A whole run, looked at every millisecond or so: how long it takes and when
@@ -280,8 +284,9 @@ TEST_F(InterruptedRunCliTest, NothingKeptIsDamagedNothingElseIsGoneAndTheNextRun
         // Each aimed-at phase in turn, at points spread over its window.
         const Window window = windows[run % kTargetedPhases];
         const double fraction = std::fmod(0.5 + 0.618034 * (run / kTargetedPhases), 1.0);
-        const qint64 delay = window.start >= 0 ? window.start + qint64(fraction * double(window.end - window.start))
-                                               : whole * (run + 1) / (runs + 1);
+        const qint64 delay = window.start >= 0
+                                 ? window.start + qint64(fraction * double(window.end - window.start))
+                                 : whole * (run + 1) / (runs + 1);
         SCOPED_TRACE(u"try %1, %2 ms"_s.arg(run).arg(delay).toStdString());
         if (runKilledAfter(delay)) {
             ++killed;
@@ -317,14 +322,16 @@ TEST_F(InterruptedRunCliTest, NothingKeptIsDamagedNothingElseIsGoneAndTheNextRun
     EXPECT_GE(killed, runs / 3);
     QStringList perPhase;
     for (int phase = 0; phase < PhaseCount; ++phase)
-        perPhase << u"%1 %2"_s.arg(QString::fromLatin1(kPhaseNames[std::size_t(phase)])).arg(killedIn[std::size_t(phase)]);
+        perPhase << u"%1 %2"_s.arg(QString::fromLatin1(kPhaseNames[std::size_t(phase)]))
+                        .arg(killedIn[std::size_t(phase)]);
     QStringList aimedAt;
     for (int phase = 0; phase < kTargetedPhases; ++phase)
         aimedAt << u"%1 %2-%3"_s.arg(QString::fromLatin1(kPhaseNames[std::size_t(phase)]))
                        .arg(windows[std::size_t(phase)].start)
                        .arg(windows[std::size_t(phase)].end);
-    std::printf("whole run %lld ms (%s ms)\n", static_cast<long long>(whole), qPrintable(aimedAt.join(u", "_s)));
-    std::printf("interrupted runs: %d tried, %d killed (%s); kept files checked: %lld; damage found: %lld\n", runs,
-                killed, qPrintable(perPhase.join(u", "_s)), static_cast<long long>(keptChecked),
+    std::printf("whole run %lld ms (%s ms)\n", static_cast<long long>(whole),
+                qPrintable(aimedAt.join(u", "_s)));
+    std::printf("interrupted runs: %d tried, %d killed (%s); kept files checked: %lld; damage found: %lld\n",
+                runs, killed, qPrintable(perPhase.join(u", "_s)), static_cast<long long>(keptChecked),
                 static_cast<long long>(damage));
 }
