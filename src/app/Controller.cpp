@@ -352,6 +352,7 @@ void Controller::ShredOnMainThread()
         if (mShreddingThread.joinable())
             mShreddingThread.join();
         mShreddingThread = std::thread([this] { HandleThread(); });
+        emit shreddingStarted();
     } else {
         ActivityLog::writeLogLine(u"Nothing selected to shred"_s);
         v.setShredButtonEnabled(true);

@@ -94,6 +94,8 @@ public:
     void HandleThread();
 
 signals:
+    // Emitted on the main thread when the finding stage has handed its paths to the shredding thread.
+    void shreddingStarted();
     // Emitted on the main thread after every run's shredding stage (or when a run ends early).
     void runFinished();
 

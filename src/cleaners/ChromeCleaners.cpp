@@ -49,6 +49,7 @@ void ChromeCleaners::historyEntries(const QString& profile)
 void ChromeCleaners::editJsonWithDetails(const QString& file, const QString& key, bool requireKey)
 {
     using JsonPreferenceEdit::Result;
+    mContext.queueLeftover(JsonPreferenceEdit::oldCopyPath(file));
     switch (JsonPreferenceEdit::removeKey(file, key, requireKey, mContext.dryRun)) {
     case Result::Done:
         mContext.log(u"Shred: "_s + file);
@@ -103,6 +104,7 @@ void ChromeCleaners::Chrome50()
     const QString localState = u"~/Library/Application Support/Google/Chrome/Local State"_s;
     if (mContext.setting(ShredHistory)) {
         const QString file = CleanerContext::expandTilde(localState);
+        mContext.queueLeftover(JsonPreferenceEdit::oldCopyPath(file));
         if (JsonPreferenceEdit::removeKey(file, u"StartupDNSPrefetchList"_s, false, mContext.dryRun) ==
             JsonPreferenceEdit::Result::Done) {
             mContext.log(u"Shred: "_s + localState);

@@ -1,9 +1,13 @@
 #include "cleaners/CleanerContext.h"
 
+#include "erase/HoldingFolder.h"
 #include "log/ActivityLog.h"
 #include "settings/Preferences.h"
 
 #include <QDir>
+#include <QFile>
+
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -65,4 +69,17 @@ void CleanerContext::shredOrSkipFullPath(bool on, const QString& fullPath)
     log((on ? u"Shred: "_s : u"Skip: "_s) + fullPath);
     if (on)
         queue(fullPath);
+}
+
+void CleanerContext::queueLeftover(const QString& fullPath)
+{
+    if (dryRun)
+        return;
+    const QByteArray native = QFile::encodeName(fullPath);
+    struct stat status {};
+    if (::lstat(native.constData(), &status) != 0 || !S_ISREG(status.st_mode) || status.st_nlink > 1)
+        return;
+    const QByteArray holding = HoldingFolder::setAside(native);
+    if (!holding.isEmpty())
+        queue(QFile::decodeName(holding));
 }

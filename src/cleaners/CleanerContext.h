@@ -52,6 +52,11 @@ public:
     // "Shred: /full/path" and the path queued, or "Skip: /full/path".
     void shredOrSkipFullPath(bool on, const QString& fullPath);
     void queue(const QString& fullPath) { mPathArray.append(fullPath); }
+    // The old copy an interrupted run left of a file it rewrote (a database moved
+    // aside, the old settings of a JSON edit): when it holds contents of its own
+    // it is set aside and queued, to be erased rather than unlinked with its
+    // blocks left on the disk. A second name of the live file is left to the caller.
+    void queueLeftover(const QString& fullPath);
 
     // The shell through which browser databases are read and rebuilt.
     const SqliteShell& sqliteShell() const { return mSqliteShell; }

@@ -92,6 +92,7 @@ QString PlacesScrub::firefox3sqlite(const QString& placesFile)
 
     const WorkFiles work(folder);
     if (!mContext.dryRun) {
+        mContext.queueLeftover(work.renamed);
         DatabaseFiles::removeWorkDatabase(work.database);
         for (const QString& leftOver : {work.renamed, work.schema, work.source, work.destination})
             DatabaseFiles::removeWorkFile(leftOver);
@@ -176,6 +177,16 @@ bool PlacesScrub::keptRowsArrived(const QString& live, const QString& work) cons
     for (const QLatin1StringView table : tables) {
         const QString count = u"select count(*) from %1;"_s.arg(table);
         if (mShell.firefox3ExecuteSQL(count, live) != mShell.firefox3ExecuteSQL(count, work))
+            return false;
+    }
+    // Without the history, the places the bookmarks and annotations point at must
+    // all be there, or the kept bookmarks would lose their addresses.
+    if (mContext.setting(PreferenceKey::ShredHistory)) {
+        const QString needed =
+            u"select count(*) from moz_places where id < 4 or id in (select fk from moz_bookmarks)"
+            " or id in (select place_id from moz_annos);"_s;
+        if (mShell.firefox3ExecuteSQL(needed, live) !=
+            mShell.firefox3ExecuteSQL(u"select count(*) from moz_places;"_s, work))
             return false;
     }
     return mShell.firefox3ExecuteSQL(u"PRAGMA quick_check;"_s, work).trimmed() == u"ok"_s;

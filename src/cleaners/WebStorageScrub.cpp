@@ -85,8 +85,10 @@ public:
         const QString renamed = file(mStore.renamed);
         const QString schemaFile = file(mStore.schema);
         if (!mContext.dryRun) {
+            mContext.queueLeftover(renamed);
             DatabaseFiles::removeWorkDatabase(work);
-            for (const QString& leftOver : {renamed, schemaFile, file(mStore.source), file(mStore.destination)})
+            for (const QString& leftOver :
+                 {renamed, schemaFile, file(mStore.source), file(mStore.destination)})
                 DatabaseFiles::removeWorkFile(leftOver);
         }
 
@@ -115,6 +117,7 @@ public:
         for (const QString& script : {schemaFile, file(mStore.source), file(mStore.destination)})
             DatabaseFiles::removeWorkFile(script);
         if (mShell.firefox3ExecuteSQL(u"PRAGMA quick_check;"_s, work).trimmed() != u"ok"_s) {
+            mContext.queueLeftover(renamed);
             DatabaseFiles::removeWorkDatabase(work);
             return fail(u"Rebuilt database is damaged - not replaced."_s);
         }

@@ -3,6 +3,7 @@
 #include "app/ApplicationModels.h"
 #include "app/Controller.h"
 #include "cli/InterruptWatcher.h"
+#include "cli/RunTiming.h"
 #include "cli/TerminalView.h"
 #include "core/Bundle.h"
 #include "core/ChildProcess.h"
@@ -19,6 +20,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <cstdio>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -30,6 +33,7 @@ struct ShredOptions {
     bool restart = false;
     bool dryRun = false;
     bool quiet = false;
+    bool timing = false;
 };
 
 // The queued paths that exist (the cleaners queue paths unseen), with their sizes.
@@ -76,6 +80,9 @@ int shred(const ShredOptions& options)
             loop.quit();
     });
 
+    RunTiming timing;
+    QObject::connect(&controller, &Controller::shreddingStarted, &loop, [&] { timing.findingDone(); });
+    timing.start();
     if (options.logout)
         controller.shredAndLogout();
     else if (options.shutdown)
@@ -87,6 +94,8 @@ int shred(const ShredOptions& options)
     if (!finished)
         loop.exec();
 
+    if (options.timing && finished)
+        std::fprintf(stderr, "%s\n", qPrintable(timing.report()));
     if (options.dryRun && finished)
         printFoundPaths(controller.foundPaths());
     return finished && !view.userCancelled() ? 0 : 1;
@@ -107,5 +116,8 @@ void addShredCommand(CLI::App& app, CommandAction& action)
     command->add_flag("-n,--dry-run", options->dryRun,
                       "Show what would be erased, with sizes, and change nothing on disk");
     command->add_flag("-q,--quiet", options->quiet, "Show no progress bar");
+    command->add_flag(
+        "--timing", options->timing,
+        "Print each stage's wall time and peak memory (finding, shredding) on the standard error");
     command->callback([&action, options] { action = [options] { return shred(*options); }; });
 }

@@ -6,5 +6,5 @@ namespace CLI {
 class App;
 }
 
-// shred [--yes] [--logout | --shutdown | --restart] [--dry-run] [--quiet]
+// shred [--yes] [--logout | --shutdown | --restart] [--dry-run] [--quiet] [--timing]
 void addShredCommand(CLI::App& app, CommandAction& action);

@@ -8,6 +8,7 @@
 #include "cli/ProfilesCommands.h"
 #include "cli/ShredCommand.h"
 #include "cli/WatchCommand.h"
+#include "core/FileSizeSignal.h"
 #include "core/ProcessRandom.h"
 
 #include <QCoreApplication>
@@ -36,6 +37,7 @@ bool useHomeFolder(const std::string& folder)
 
 int main(int argc, char* argv[])
 {
+    FileSizeSignal::ignore();
     CLI::App app{"Vantle X: erases the traces that browsers and mail clients leave behind.", "vantle-cli"};
     app.require_subcommand(1);
     std::string home;

@@ -14,6 +14,8 @@ struct ProcessResult {
 
 // Runs a program with an argument vector (never through a shell), waits for it to
 // exit and captures what it printed. Usable from any thread; needs no event loop.
+// On Linux the child is killed when the program dies before it, so that nothing
+// it was doing carries on behind a killed run.
 class ChildProcess {
 public:
     static ProcessResult run(const QString& program, const QStringList& arguments);

@@ -3,18 +3,20 @@
 #include "core/MainThread.h"
 #include "core/ProcessRandom.h"
 #include "erase/EraseDisplay.h"
+#include "erase/HoldingFolder.h"
 #include "erase/OverwriteSchedule.h"
 #include "log/ActivityLog.h"
 #include "settings/PreferenceKeys.h"
 #include "settings/Preferences.h"
 
 #include <QFile>
+#include <QSet>
 
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstring>
-#include <ctime>
 #include <memory>
 
 using namespace OverwriteSchedule;
@@ -28,9 +30,26 @@ struct StreamCloser {
     void operator()(FILE* stream) const { std::fclose(stream); }
 };
 
-QByteArray holdingFolderName()
+// Holding folders beside the paths of this run that an interrupted run left,
+// with what it had not finished erasing; not those the run itself was given.
+QList<QByteArray> leftOverHoldingFolders(const QList<QByteArray>& paths)
 {
-    return "Vantle X Items (" + QByteArray::number(qint64(std::time(nullptr))) + ')';
+    QSet<QByteArray> given;
+    for (const QByteArray& path : paths)
+        given.insert(FileTree::standardized(path));
+    QSet<QByteArray> parents;
+    QList<QByteArray> found;
+    for (const QByteArray& path : paths) {
+        const QByteArray parent = FileTree::parentOf(path);
+        if (parents.contains(parent))
+            continue;
+        parents.insert(parent);
+        for (const QByteArray& folder : HoldingFolder::foldersIn(parent)) {
+            if (!given.contains(folder))
+                found.append(folder);
+        }
+    }
+    return found;
 }
 
 } // namespace
@@ -101,14 +120,16 @@ void FileAccess::applyMethods(const Settings& settings, quint16 k)
     }
 }
 
-void FileAccess::writePass(FILE* stream, const QByteArray& path, std::size_t length, quint16 k)
+int FileAccess::writePass(FILE* stream, const QByteArray& path, std::size_t length, quint16 k)
 {
     const qint64 offset = mPassObserver ? qint64(::ftello(stream)) : 0;
     // A short or failed write does not stop the passes: there is nothing better to do with this file.
-    std::fwrite(mBuffer.data(), 1, length, stream);
-    std::fflush(stream);
+    errno = 0;
+    const bool written = std::fwrite(mBuffer.data(), 1, length, stream) == length && std::fflush(stream) == 0;
+    const int error = written ? 0 : (errno != 0 ? errno : EIO);
     if (mPassObserver)
         mPassObserver(path, offset, length, k);
+    return error;
 }
 
 void FileAccess::showRunProgress()
@@ -139,6 +160,7 @@ void FileAccess::shredOneFile(const QByteArray& path)
     randomize();
 
     std::size_t chunk = 0;
+    int failure = 0;
     do {
         randomizeName();
         chunk = remaining >= kChunkSize ? kChunkSize : std::size_t(remaining);
@@ -152,7 +174,9 @@ void FileAccess::shredOneFile(const QByteArray& path)
         quint16 k = passCount(settings);
         for (;;) {
             applyMethods(settings, k);
-            writePass(stream.get(), path, chunk, k);
+            const int error = writePass(stream.get(), path, chunk, k);
+            if (failure == 0)
+                failure = error;
             --k;
             if (isRandomPattern(settings.pattern)) {
                 mOverwritePattern = settings.pattern;
@@ -163,6 +187,9 @@ void FileAccess::shredOneFile(const QByteArray& path)
             std::fsetpos(stream.get(), &chunkStart);
         }
     } while (remaining > 0);
+    // The file is removed all the same; what could not be overwritten is said.
+    if (failure != 0)
+        ActivityLog::writeLogLine("Overwrite failed (" + QByteArray(std::strerror(failure)) + "): " + path);
 
     // Past the old end: the file grows by its last chunk, and that too is overwritten.
     fpos_t end;
@@ -186,7 +213,7 @@ quint64 FileAccess::sizeInBytes(const QByteArray& path) const
 QByteArray FileAccess::moveAndRename(const QByteArray& path)
 {
     const QByteArray source = FileTree::standardized(path);
-    const QByteArray holding = FileTree::join(FileTree::parentOf(source), holdingFolderName());
+    const QByteArray holding = FileTree::join(FileTree::parentOf(source), HoldingFolder::nameNow());
     ::mkdir(holding.constData(), 0777);
 
     const QByteArray moved = FileTree::join(holding, FileTree::lastComponent(source));
@@ -227,8 +254,13 @@ void FileAccess::fileManagerWillProcessPath(const QByteArray& path)
 bool FileAccess::fileManagerShouldProceedAfterError(const QByteArray& path)
 {
     ::chmod(path.constData(), 0777);
-    ::rmdir(path.constData());
-    ::unlink(path.constData());
+    const int folderError = ::rmdir(path.constData()) == 0 ? 0 : errno;
+    const int fileError = ::unlink(path.constData()) == 0 ? 0 : errno;
+    struct stat info {};
+    if (::lstat(path.constData(), &info) == 0) {
+        const int error = S_ISDIR(info.st_mode) ? folderError : fileError;
+        ActivityLog::writeLogLine("Skip (Remove failed: " + QByteArray(std::strerror(error)) + "): " + path);
+    }
     return true;
 }
 
@@ -237,9 +269,15 @@ void FileAccess::shredNativePaths(const QList<QByteArray>& paths)
     showProgressOnMainThread(0);
     mDeepPathSize = 0;
     mDeepShreddedSize = 0;
-    for (const QByteArray& path : paths) {
+    const QList<QByteArray> leftOvers = leftOverHoldingFolders(paths);
+    for (const QByteArray& path : leftOvers + paths) {
         if (FileTree::exists(path))
             mDeepPathSize += sizeInBytes(path);
+    }
+    // Their items already bear random names: they are overwritten and removed where they are.
+    for (const QByteArray& folder : leftOvers) {
+        ActivityLog::writeLogLine("Shred (left by an interrupted run): " + folder);
+        FileTree::removeFileAtPath(folder, *this);
     }
     for (const QByteArray& path : paths) {
         if (!FileTree::exists(path))

@@ -17,13 +17,15 @@ class Preferences;
 // folder beside it ("Vantle X Items (<time>)"), every file and folder inside is
 // given a random name, and the holding folder is removed depth first, each file
 // being overwritten just before it is unlinked. Files thus lose their names
-// before their contents.
+// before their contents. Holding folders that an interrupted run left beside the
+// paths are erased first.
 //
 // Lives on the thread that shreds (one run at a time); shows progress through the
 // display on the main thread, waiting for it. Failures never stop a run: a file
 // that cannot be opened is removed without being overwritten, an item that cannot
 // be renamed keeps its name, an item that resists removal is made writable and
-// removed again.
+// removed again. A write that fails within a file's contents and an item that
+// stays in place are written to the activity log with the reason.
 class FileAccess final : public FileTree::RemovalHandler {
 public:
     static constexpr std::size_t kChunkSize = 131072;
@@ -74,7 +76,8 @@ private:
     quint16 passCount(const Settings& settings) const;
     // Puts the DoD or NSA pattern of pass k in the buffer, as the methods ask.
     void applyMethods(const Settings& settings, quint16 k);
-    void writePass(FILE* stream, const QByteArray& path, std::size_t length, quint16 k);
+    // 0, or the error that cut the pass short.
+    int writePass(FILE* stream, const QByteArray& path, std::size_t length, quint16 k);
     void showRunProgress();
 
     Preferences& preferencesInstance;

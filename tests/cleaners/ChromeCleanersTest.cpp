@@ -2,7 +2,12 @@
 
 #include "cleaners/CleanerFixture.h"
 
+#include <QDir>
 #include <QFileInfo>
+
+#include <unistd.h>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -122,6 +127,39 @@ TEST_F(ChromeCleanersTest, ChromeSeventeenNeedsTheKeyAndKeepsTopSitesWhenAsked)
     // History off: nothing at all is said about the preferences file.
     setAllKeys(false);
     EXPECT_EQ(run([&] { cleaners.Chrome170(); }).size(), 8);
+}
+
+TEST_F(ChromeCleanersTest, OldSettingsAnInterruptedEditLeftAreErasedNotUnlinked)
+{
+    setAllKeys(true);
+    // Killed after the new settings were written, before the erase: the old ones,
+    // host list and all, wait under the old-copy name.
+    const QString localState = u"Library/Application Support/Google/Chrome/Local State"_s;
+    home.write(localState, R"({"StartupDNSPrefetchList":["new.example"]})");
+    home.write(localState + u".vantlex"_s, R"({"StartupDNSPrefetchList":["old.example"]})");
+    run([&] { cleaners.Chrome50(); });
+
+    ASSERT_EQ(paths.size(), 4);
+    const QFileInfo holding(paths[1]);
+    EXPECT_TRUE(holding.fileName().startsWith(u"Vantle X Items ("_s)) << qPrintable(paths[1]);
+    EXPECT_EQ(holding.absolutePath(), QFileInfo(home.file(localState)).absolutePath());
+    EXPECT_EQ(home.read(QDir(home.path()).relativeFilePath(paths[1]) + u"/Local State.vantlex"_s),
+              R"({"StartupDNSPrefetchList":["old.example"]})");
+    EXPECT_EQ(paths[2], home.file(localState + u".vantlex"_s));
+    EXPECT_EQ(home.read(localState + u".vantlex"_s), R"({"StartupDNSPrefetchList":["new.example"]})");
+
+    // Killed between the two steps of the edit: the old copy is a second name of
+    // the settings themselves, which are edited as usual.
+    paths.clear();
+    home.write(kProfile + u"Preferences"_s, kPreferences);
+    ASSERT_EQ(::link(QFile::encodeName(profile(u"Preferences"_s)).constData(),
+                     QFile::encodeName(profile(u"Preferences.vantlex"_s)).constData()),
+              0);
+    run([&] { cleaners.Chrome170(); });
+    EXPECT_EQ(home.read(kProfile + u"Preferences"_s), R"({"homepage":"x"})");
+    EXPECT_EQ(home.read(kProfile + u"Preferences.vantlex"_s), kPreferences);
+    EXPECT_FALSE(std::any_of(paths.cbegin(), paths.cend(),
+                             [](const QString& path) { return path.contains(u"Vantle X Items"_s); }));
 }
 
 TEST_F(ChromeCleanersTest, ChromeThirtyAndTheGate)

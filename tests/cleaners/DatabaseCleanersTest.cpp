@@ -147,6 +147,8 @@ TEST_F(DatabaseCleanersTest, SafariFiveErasesTheStorageOfSitesNotKept)
 
     // A databases index of an unknown version ends the storage part: only the
     // local storage found before it is queued.
+    for (const QString& folder : {u"LocalStorage"_s, u"Databases"_s})
+        QFile::remove(home.file(u"Library/Safari/%1/renamed.sqlite"_s.arg(folder)));  // as the erase would
     paths.clear();
     QFile::remove(home.file(u"Library/Safari/Databases/Databases.db"_s));
     database(u"Library/Safari/Databases/Databases.db"_s, u"chrome-databases.sql"_s);

@@ -238,6 +238,88 @@ TEST_F(PlacesScrubTest, LeftOversOfAnInterruptedRunAreRemoved)
     EXPECT_EQ(modeOf(renamed), mode_t(0600));
 }
 
+TEST_F(PlacesScrubTest, TheJournalOfAShellStoppedInsideATransactionIsNotPlayedIntoTheNextRebuild)
+{
+    makePlaces();
+    setKey(PreferenceKey::ShredHistory, true);
+    setKey(PreferenceKey::shredSafariFavicon, true);
+    // A run killed while a shell was changing rows of its work database: the
+    // rollback journal holds the pages as they were, here full of history.
+    const QString work = profile + u"/places.vantlex.sqlite"_s;
+    const QString interrupted = profile + u"/interrupted.sqlite"_s;
+    ASSERT_TRUE(QFile::copy(places, interrupted));
+    {
+        TestDatabase db(interrupted);
+        db.exec(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<2000)"
+                " INSERT INTO moz_places (url) SELECT 'http://erased.example/' || i FROM n;"_s);
+        db.exec(u"PRAGMA cache_size=1; BEGIN; DELETE FROM moz_places WHERE id > 10;"_s);
+        ASSERT_TRUE(QFile::copy(interrupted, work));
+        ASSERT_TRUE(QFile::copy(interrupted + u"-journal"_s, work + u"-journal"_s));
+    }
+    QFile::remove(interrupted);
+
+    QString renamed;
+    const QStringList lines = run([&] { renamed = scrub(); });
+
+    EXPECT_EQ(renamed, profile + u"/places.renamed.sqlite"_s);
+    EXPECT_EQ(lines, QStringList());
+    EXPECT_EQ(table(places, u"select id from moz_places order by id"_s),
+              QStringList({u"1"_s, u"2"_s, u"3"_s, u"5"_s, u"6"_s, u"7"_s}));
+    EXPECT_EQ(table(places, u"select count(*) from moz_historyvisits"_s), QStringList{u"0"_s});
+    EXPECT_EQ(table(places, u"select count(*) from moz_bookmarks"_s), QStringList{u"5"_s});
+    // Not even in free pages: the new database starts from the empty template.
+    EXPECT_FALSE(home.read(QDir(home.path()).relativeFilePath(places)).contains("erased.example"));
+    EXPECT_FALSE(QFileInfo::exists(work + u"-journal"_s));
+    EXPECT_EQ(leftOvers(), QStringList());
+}
+
+TEST_F(PlacesScrubTest, TheOldDatabaseAnInterruptedRunLeftIsErasedNotUnlinked)
+{
+    makePlaces();
+    setKey(PreferenceKey::ShredHistory, true);
+    // Killed after the swap, before the erase: the old database with all of the
+    // history waits under the work name.
+    const QString renamedPath = profile + u"/places.renamed.sqlite"_s;
+    home.write(QDir(home.path()).relativeFilePath(renamedPath), "the old database, every visit in it");
+
+    EXPECT_EQ(scrub(), renamedPath);
+
+    // Set aside beside it and queued for the erase, so that the new old copy can take its name.
+    ASSERT_EQ(paths.size(), 1);
+    EXPECT_TRUE(QFileInfo(paths[0]).fileName().startsWith(u"Vantle X Items ("_s)) << qPrintable(paths[0]);
+    EXPECT_EQ(QFileInfo(paths[0]).absolutePath(), profile);
+    EXPECT_EQ(home.read(QDir(home.path()).relativeFilePath(paths[0] + u"/places.renamed.sqlite"_s)),
+              "the old database, every visit in it");
+    EXPECT_EQ(table(renamedPath, u"select count(*) from moz_historyvisits"_s), QStringList{u"7"_s});
+}
+
+TEST_F(PlacesScrubTest, ARebuildThatLostABookmarkedPlaceDoesNotReplaceTheDatabase)
+{
+    makePlaces();
+    setKey(PreferenceKey::ShredHistory, true);
+    {
+        TestDatabase db(places);
+        db.exec(u"UPDATE moz_places SET title = printf('%.300000c', 'x') WHERE id IN (5, 6);"_s);
+    }
+    // A shell that may write no file past 400 KB: the disk fills up before the
+    // second bookmarked place is in, while every bookmark still arrives.
+    home.write(u"sqlite3"_s, "#!/bin/sh\nexec prlimit --fsize=409600 '" +
+                                 QFile::encodeName(SqliteShell::resourcePath()) + "' \"$@\"\n");
+    ::chmod(QFile::encodeName(home.file(u"sqlite3"_s)).constData(), 0755);
+    context.setSqliteShellForTesting(home.file(u"sqlite3"_s));
+    const QByteArray before = home.read(QDir(home.path()).relativeFilePath(places));
+
+    QString renamed;
+    const QStringList lines = run([&] { renamed = scrub(); });
+
+    EXPECT_TRUE(renamed.isNull());
+    const QStringList refused{u"Places Vantle X Database lost rows while it was rebuilt - not replaced."_s,
+                              QString()};
+    EXPECT_EQ(lines, refused);
+    EXPECT_EQ(home.read(QDir(home.path()).relativeFilePath(places)), before);
+    EXPECT_EQ(leftOvers(), QStringList());
+}
+
 TEST_F(PlacesScrubTest, DryRunChangesNothing)
 {
     makePlaces();

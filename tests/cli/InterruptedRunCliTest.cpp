@@ -1,7 +1,9 @@
 // A run killed at any moment (rebuilding the places database, editing Chrome's
-// settings, overwriting, removing) damages nothing the user keeps, and the next
-// run finishes the work and leaves no work file behind.
+// settings, overwriting a large cache file, removing many small ones) damages
+// nothing the user keeps and erases nothing outside its path list, and the next
+// run finishes the work and leaves no work file or holding folder behind.
 #include "cli/CliFixture.h"
+#include "cli/RunAccounting.h"
 #include "support/TestDatabase.h"
 
 #include <QDirIterator>
@@ -12,7 +14,10 @@
 
 #include <nlohmann/json.hpp>
 
+#include <array>
+#include <cmath>
 #include <csignal>
+#include <cstdio>
 
 using namespace Qt::StringLiterals;
 
@@ -20,8 +25,31 @@ namespace {
 
 const QString kProfile = u"Library/Application Support/Firefox/Profiles/k1.default/"_s;
 const QString kLocalState = u"Library/Application Support/Google/Chrome/Local State"_s;
-constexpr int kPlaces = 20000;
+const QString kChromeCache = u"Library/Caches/Google/Chrome/Default/"_s;
+const QString kOperaCache = u"Library/Caches/Opera/cache4/"_s;
+const QString kTracker = u"Library/Safari/LocalStorage/StorageTracker.db"_s;
+const QString kLog = u"Library/Logs/Vantle X Log.txt"_s;
+// Files a run rewrites by design; what must survive in them is checked by content.
+const QStringList kRewritten{kProfile + u"places.sqlite"_s, kLocalState, kTracker, u".config/"_s,
+                             u"Library/Logs/"_s};
+
+// Sizes that make each phase last long enough to be hit, and a whole run short
+// enough for the default number of tries to stay cheap.
+constexpr int kPlaces = 15000;
 constexpr int kBookmarks = 50;
+constexpr int kPrefetchHosts = 120000;     // a Local State of some 3 MB: the JSON edit
+constexpr qint64 kBigCacheFile = 64 << 20; // the overwrite, 35 passes
+constexpr int kSmallCacheFiles = 800;      // the removal
+
+enum Phase { DatabaseRewrite, JsonEdit, Overwrite, Removal, FindingOther, ShreddingOther, PhaseCount };
+constexpr std::array<const char*, PhaseCount> kPhaseNames{
+    "database rewrite", "JSON edit", "overwrite", "removal", "finding (other)", "shredding (other)"};
+constexpr int kTargetedPhases = 4; // the first four are aimed at
+
+struct Window {
+    qint64 start = -1;
+    qint64 end = -1;
+};
 
 class InterruptedRunCliTest : public CliFixture {
 protected:
@@ -38,109 +66,272 @@ protected:
                 " INSERT INTO moz_bookmarks (id, type, fk, parent, position, title) SELECT i, 1, i * 7, 2, i, 'B' || i FROM n;"_s
                     .arg(kPlaces)
                     .arg(kBookmarks));
-        home.write(kLocalState, R"({"StartupDNSPrefetchList":["a.example","b.example"],"browser":{"last_known_version":"30.0"},"big":18446744073709551615})");
-        home.write(u"Library/Caches/Google/Chrome/Default/Cache/data_1"_s, QByteArray(3 << 20, 'c'));
+        QByteArray hosts;
+        for (int i = 0; i < kPrefetchHosts; ++i)
+            hosts += (i ? ",\"" : "\"") + QByteArray::number(i) + ".prefetch.example\"";
+        home.write(kLocalState,
+                   "{\"StartupDNSPrefetchList\":[" + hosts +
+                       R"(],"browser":{"last_known_version":"30.0"},"big":18446744073709551615})");
+        home.write(kChromeCache + u"Cache/data_1"_s, QByteArray(kBigCacheFile, 'c'));
+        for (int i = 0; i < kSmallCacheFiles; ++i)
+            home.write(kOperaCache + u"opr%1.tmp"_s.arg(i, 5, 10, QLatin1Char('0')), QByteArray(1024, 'o'));
         home.write(u"Documents/thesis.txt"_s, "mine");
         home.write(u"Library/Safari/Bookmarks.plist"_s, "kept");
         home.write(u"Library/Safari/LocalStorage/http_www.kept.org_0.localstorage"_s, "kept storage");
         home.write(u"Library/Safari/LocalStorage/http_gone.com_0.localstorage"_s, "gone storage");
         {
-            TestDatabase tracker(home.file(u"Library/Safari/LocalStorage/StorageTracker.db"_s));
+            TestDatabase tracker(home.file(kTracker));
             tracker.exec(QString::fromUtf8(testData(u"safari-storagetracker.sql"_s)));
             tracker.exec(u"INSERT INTO Origins VALUES ('http_www.kept.org_0', 'a'), ('http_gone.com_0', 'b');"_s);
         }
-        for (const char* key : {"ShredHistory", "shredSafariFavicon", "ShredCache", "ActivityLog"})
+        for (const char* key : {"ActivityLog", "ShredHistory", "shredSafariFavicon", "ShredCache"})
             ASSERT_EQ(cli({u"prefs"_s, u"set"_s, QString::fromLatin1(key), u"YES"_s}).exitCode, 0);
+        // 35 passes of zeros: the overwrite of one large file takes a while, that
+        // of a small one hardly longer than with one pass.
+        ASSERT_EQ(cli({u"prefs"_s, u"set"_s, u"NumberOfWrites"_s, u"16"_s}).exitCode, 0);
+        ASSERT_EQ(cli({u"prefs"_s, u"set"_s, u"OverwritePattern"_s, u"3"_s}).exitCode, 0);
         // Eudora 6 names its trash at the root of the disk, outside the test's home.
         ASSERT_EQ(cli({u"apps"_s, u"disable"_s, u"Eudora"_s}).exitCode, 0);
         ASSERT_EQ(cli({u"keep"_s, u"add"_s, u"kept.org"_s}).exitCode, 0);
         ASSERT_EQ(cli({u"keep"_s, u"on"_s}).exitCode, 0);
     }
 
-    // What the user keeps is whole, whatever moment the run was stopped at.
+    // What the user keeps is whole, whatever moment the run was stopped at. Each
+    // check is counted; the failed ones are the damage found.
     void expectKeptFilesWhole()
     {
-        TestDatabase db(home.file(kProfile + u"places.sqlite"_s));
-        EXPECT_EQ(db.value(u"PRAGMA integrity_check"_s), u"ok"_s);
-        EXPECT_EQ(db.value(u"select count(*) from moz_bookmarks"_s), QString::number(kBookmarks));
-        EXPECT_EQ(db.value(u"select count(*) from moz_places p, moz_bookmarks b where p.id = b.fk"_s),
-                  QString::number(kBookmarks));
+        const auto check = [this](bool whole, const char* what) {
+            ++keptChecked;
+            if (!whole)
+                ++damage;
+            EXPECT_TRUE(whole) << what;
+        };
+        {
+            TestDatabase db(home.file(kProfile + u"places.sqlite"_s));
+            check(db.value(u"PRAGMA integrity_check"_s) == u"ok"_s, "places.sqlite whole");
+            check(db.value(u"select count(*) from moz_places p, moz_bookmarks b where p.id = b.fk"_s) ==
+                      QString::number(kBookmarks),
+                  "every bookmark with its place");
+        }
         const auto settings = nlohmann::ordered_json::parse(home.read(kLocalState).toStdString(), nullptr, false);
-        ASSERT_TRUE(settings.is_object());
-        EXPECT_EQ(settings.value("browser", nlohmann::ordered_json()).dump(), R"({"last_known_version":"30.0"})");
-        EXPECT_EQ(settings.value("big", 0ULL), 18446744073709551615ULL);
-        EXPECT_EQ(home.read(u"Documents/thesis.txt"_s), "mine");
-        EXPECT_EQ(home.read(u"Library/Safari/Bookmarks.plist"_s), "kept");
-        EXPECT_EQ(home.read(u"Library/Safari/LocalStorage/http_www.kept.org_0.localstorage"_s), "kept storage");
-        TestDatabase tracker(home.file(u"Library/Safari/LocalStorage/StorageTracker.db"_s));
-        EXPECT_EQ(tracker.value(u"select count(*) from Origins where origin = 'http_www.kept.org_0'"_s), u"1"_s);
+        check(settings.is_object() &&
+                  settings.value("browser", nlohmann::ordered_json()).dump() ==
+                      R"({"last_known_version":"30.0"})" &&
+                  settings.value("big", 0ULL) == 18446744073709551615ULL,
+              "Local State's other settings");
+        check(home.read(u"Documents/thesis.txt"_s) == "mine", "a document");
+        check(home.read(u"Library/Safari/Bookmarks.plist"_s) == "kept", "Safari's bookmarks");
+        check(home.read(u"Library/Safari/LocalStorage/http_www.kept.org_0.localstorage"_s) == "kept storage",
+              "a kept domain's storage");
+        TestDatabase tracker(home.file(kTracker));
+        check(tracker.value(u"select count(*) from Origins where origin = 'http_www.kept.org_0'"_s) == u"1"_s,
+              "a kept domain in the storage tracker");
     }
 
-    QStringList workFiles() const
+    // Nothing outside the path list is gone or changed.
+    void expectNothingElseTouched(const HomeSnapshot& before, const QueuedPaths& queued)
+    {
+        const QStringList gone = before.goneOutside(queued);
+        const QStringList changed = before.changedOutside(queued, kRewritten);
+        keptChecked += before.keptEntries(queued);
+        damage += gone.size() + changed.size();
+        EXPECT_EQ(gone, QStringList());
+        EXPECT_EQ(changed, QStringList());
+    }
+
+    // Work files of the rewrites, holding folders of the erase: none may outlive a run.
+    QStringList leftOvers() const
     {
         QStringList found;
-        QDirIterator it(home.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+        QDirIterator it(home.path(), QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
+                        QDirIterator::Subdirectories);
         while (it.hasNext()) {
             const QString name = QFileInfo(it.next()).fileName();
-            if (name.contains(u"vantlex"_s) || name.contains(u"renamed"_s))
-                found.append(name);
+            if (name.contains(u"vantlex"_s) || name.contains(u"renamed"_s) || name.endsWith(u"-journal"_s) ||
+                name.startsWith(u"Vantle X Items ("_s))
+                found.append(QDir(home.path()).relativeFilePath(it.filePath()));
         }
         return found;
     }
 
-    qint64 runKilledAfter(qint64 milliseconds)
+    QStringList holdingFolders(const QString& relativeFolder) const
     {
-        QProcess process;
+        return QDir(home.file(relativeFolder)).entryList({u"Vantle X Items (*"_s}, QDir::Dirs);
+    }
+
+    bool exists(const QString& relative) const { return QFileInfo::exists(home.file(relative)); }
+
+    // Where a killed run was, from what it left: its log and its work files.
+    Phase leftBy() const
+    {
+        const QByteArray log = home.read(kLog);
+        if (!log.contains(" Start Shredding Now\n")) {
+            if (exists(kProfile + u"places.vantlex.sqlite"_s) ||
+                exists(u"Library/Safari/LocalStorage/vantlex.sqlite"_s))
+                return DatabaseRewrite;
+            if (log.contains(" Chrome 5.0\n") && !log.contains("Google/Chrome/Local State\n"))
+                return JsonEdit;
+            return FindingOther;
+        }
+        for (const QString& folder : holdingFolders(kChromeCache)) {
+            QDirIterator it(home.file(kChromeCache + folder), QDir::Files, QDirIterator::Subdirectories);
+            while (it.hasNext()) {
+                it.next();
+                if (it.fileInfo().size() >= kBigCacheFile)
+                    return Overwrite;
+            }
+        }
+        return holdingFolders(u"Library/Caches"_s).isEmpty() ? ShreddingOther : Removal;
+    }
+
+    void startRun(QProcess& process) const
+    {
         process.start(QStringLiteral(VANTLE_CLI_PATH), {u"--home"_s, home.path(), u"shred"_s, u"--yes"_s, u"--quiet"_s});
         EXPECT_TRUE(process.waitForStarted());
+    }
+
+    // A whole run, looked at every millisecond or so: how long it takes and when
+    // each aimed-at phase is under way.
+    qint64 watchWholeRun(std::array<Window, kTargetedPhases>& windows) const
+    {
+        QProcess process;
         QElapsedTimer timer;
+        startRun(process);
         timer.start();
+        while (!process.waitForFinished(1)) {
+            const qint64 now = timer.elapsed();
+            const QByteArray log = home.read(kLog);
+            const bool active[kTargetedPhases]{
+                exists(kProfile + u"places.vantlex.sqlite"_s),
+                log.contains(" Chrome 5.0\n") && !log.contains("Google/Chrome/Local State\n"),
+                !holdingFolders(kChromeCache).isEmpty(),
+                !holdingFolders(u"Library/Caches"_s).isEmpty(),
+            };
+            for (int phase = 0; phase < kTargetedPhases; ++phase) {
+                if (!active[phase])
+                    continue;
+                if (windows[phase].start < 0)
+                    windows[phase].start = now;
+                windows[phase].end = now;
+            }
+        }
+        return timer.elapsed();
+    }
+
+    // False when the run finished before the delay.
+    bool runKilledAfter(qint64 milliseconds) const
+    {
+        QProcess process;
+        startRun(process);
         if (process.waitForFinished(int(milliseconds)))
-            return timer.elapsed();
+            return false;
         ::kill(pid_t(process.processId()), SIGKILL);
         process.waitForFinished();
-        return -1;
+        return true;
     }
+
+    // The processes that work on this home: a killed run's child must not outlive it.
+    QList<int> processesInHome() const
+    {
+        QList<int> found;
+        for (const QString& entry : QDir(u"/proc"_s).entryList(QDir::Dirs)) {
+            QFile commandLine(u"/proc/%1/cmdline"_s.arg(entry));
+            if (entry.toInt() > 0 && commandLine.open(QIODevice::ReadOnly) &&
+                commandLine.readAll().contains(QFile::encodeName(home.path())))
+                found.append(entry.toInt());
+        }
+        return found;
+    }
+
+    qint64 keptChecked = 0;
+    qint64 damage = 0;
 };
 
 } // namespace
 
-TEST_F(InterruptedRunCliTest, NothingKeptIsDamagedAndTheNextRunCompletes)
+TEST_F(InterruptedRunCliTest, NothingKeptIsDamagedNothingElseIsGoneAndTheNextRunCompletes)
 {
     // Runs to try; more with VANTLE_KILL_RUNS for a longer search.
     const int runs = qEnvironmentVariableIntValue("VANTLE_KILL_RUNS") > 0 ? qEnvironmentVariableIntValue("VANTLE_KILL_RUNS") : 12;
     makeHome();
+    // What a run may erase: what a dry run lists, and what each run's log names.
+    QueuedPaths dryRun;
+    dryRun.addDryRun(cli({u"shred"_s, u"--dry-run"_s, u"--yes"_s}).out);
+    ASSERT_GT(dryRun.size(), 0);
+    const HomeSnapshot before(home.path(), dryRun);
+
     QTemporaryDir backup;
     ASSERT_EQ(QProcess::execute(u"cp"_s, {u"-a"_s, home.path() + u"/."_s, backup.path()}), 0);
     const auto restore = [&] {
         ASSERT_EQ(QProcess::execute(u"find"_s, {home.path(), u"-mindepth"_s, u"1"_s, u"-delete"_s}), 0);
         ASSERT_EQ(QProcess::execute(u"cp"_s, {u"-a"_s, backup.path() + u"/."_s, home.path()}), 0);
     };
-    // How long a whole run takes once the files are in the cache.
-    qint64 whole = runKilledAfter(60000);
+    // When each phase is under way once the files are in the cache: the quicker of two runs.
+    std::array<Window, kTargetedPhases> windows;
+    qint64 whole = watchWholeRun(windows);
     restore();
-    whole = std::min(whole, runKilledAfter(60000));
+    std::array<Window, kTargetedPhases> again;
+    if (const qint64 second = watchWholeRun(again); second < whole) {
+        whole = second;
+        windows = again;
+    }
     ASSERT_GT(whole, 0);
 
+    std::array<int, PhaseCount> killedIn{};
     int killed = 0;
     for (int run = 0; run < runs; ++run) {
         restore();
-        const qint64 delay = whole * (run + 1) / (runs + 1);
-        if (runKilledAfter(delay) < 0)
+        // Each aimed-at phase in turn, at points spread over its window.
+        const Window window = windows[run % kTargetedPhases];
+        const double fraction = std::fmod(0.5 + 0.618034 * (run / kTargetedPhases), 1.0);
+        const qint64 delay = window.start >= 0
+                                 ? window.start + qint64(fraction * double(window.end - window.start))
+                                 : whole * (run + 1) / (runs + 1);
+        SCOPED_TRACE(u"try %1, %2 ms"_s.arg(run).arg(delay).toStdString());
+        if (runKilledAfter(delay)) {
             ++killed;
-        SCOPED_TRACE(delay);
+            ++killedIn[leftBy()];
+        }
+        for (int i = 0; i < 100 && !processesInHome().isEmpty(); ++i)
+            QThread::msleep(10);
+        EXPECT_EQ(processesInHome(), QList<int>());
+
+        QueuedPaths queued = dryRun;
+        queued.addLog(home.read(kLog), home.path());
         expectKeptFilesWhole();
+        expectNothingElseTouched(before, queued);
 
         const CliRun next = cli({u"shred"_s, u"--yes"_s, u"--quiet"_s});
         EXPECT_EQ(next.exitCode, 0) << qPrintable(next.err);
+        const QByteArray log = home.read(kLog);
+        EXPECT_TRUE(log.endsWith(" Vantle Completed Successfully\n"));
+        queued.addLog(log, home.path());
         expectKeptFilesWhole();
-        EXPECT_EQ(workFiles(), QStringList());
+        expectNothingElseTouched(before, queued);
+
+        // The next run finished the work.
+        EXPECT_EQ(leftOvers(), QStringList());
         TestDatabase db(home.file(kProfile + u"places.sqlite"_s));
-        EXPECT_EQ(db.value(u"select count(*) from moz_historyvisits"_s), u"0"_s) << home.read(u"Library/Logs/Vantle X Log.txt"_s).right(4000).constData();
+        EXPECT_EQ(db.value(u"select count(*) from moz_historyvisits"_s), u"0"_s);
         EXPECT_FALSE(home.read(kLocalState).contains("StartupDNSPrefetchList"));
-        EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Safari/LocalStorage/http_gone.com_0.localstorage"_s)));
+        EXPECT_FALSE(exists(u"Library/Safari/LocalStorage/http_gone.com_0.localstorage"_s));
+        EXPECT_FALSE(exists(kChromeCache));
+        EXPECT_FALSE(exists(kOperaCache));
     }
     // Enough tries must really have cut a run short, or this proves little.
     EXPECT_GE(killed, runs / 3);
-    std::printf("interrupted runs: %d tried, %d killed, %d kept files checked twice each\n", runs, killed, 7);
+    QStringList perPhase;
+    for (int phase = 0; phase < PhaseCount; ++phase)
+        perPhase << u"%1 %2"_s.arg(QString::fromLatin1(kPhaseNames[std::size_t(phase)]))
+                        .arg(killedIn[std::size_t(phase)]);
+    QStringList aimedAt;
+    for (int phase = 0; phase < kTargetedPhases; ++phase)
+        aimedAt << u"%1 %2-%3"_s.arg(QString::fromLatin1(kPhaseNames[std::size_t(phase)]))
+                       .arg(windows[std::size_t(phase)].start)
+                       .arg(windows[std::size_t(phase)].end);
+    std::printf("whole run %lld ms (%s ms)\n", static_cast<long long>(whole),
+                qPrintable(aimedAt.join(u", "_s)));
+    std::printf("interrupted runs: %d tried, %d killed (%s); kept files checked: %lld; damage found: %lld\n",
+                runs, killed, qPrintable(perPhase.join(u", "_s)), static_cast<long long>(keptChecked),
+                static_cast<long long>(damage));
 }

@@ -3,6 +3,7 @@
 #include <QCryptographicHash>
 #include <QDirIterator>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -66,6 +67,25 @@ TEST_F(ShredCliTest, ARunErasesWhatTheLogSaysAndNothingElse)
     const QString log = QString::fromUtf8(home.read(u"Library/Logs/Vantle X Log.txt"_s));
     EXPECT_TRUE(log.contains(u" Shred: ~/Library/Safari/History.plist\n"_s));
     EXPECT_TRUE(log.endsWith(u" Vantle Completed Successfully\n"_s));
+}
+
+TEST_F(ShredCliTest, TimingReportsEachStageOnTheStandardErrorOnlyWhenAsked)
+{
+    ASSERT_EQ(cli({u"apps"_s, u"disable"_s, u"Eudora"_s}).exitCode, 0);
+    const QRegularExpression stages(
+        uR"(^finding: \d+\.\d{3} s, peak [1-9]\d* KiB \(children \d+ KiB\)\n)"
+        uR"(shredding: \d+\.\d{3} s, peak [1-9]\d* KiB \(children \d+ KiB\)\n$)"_s);
+    const CliRun timed = cli({u"shred"_s, u"--yes"_s, u"--quiet"_s, u"--timing"_s});
+    EXPECT_EQ(timed.exitCode, 0);
+    EXPECT_TRUE(stages.match(timed.err).hasMatch()) << qPrintable(timed.err);
+    EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Safari"_s)));
+
+    // A dry run ends with its finding stage.
+    const CliRun dry = cli({u"shred"_s, u"--yes"_s, u"--dry-run"_s, u"--timing"_s});
+    EXPECT_TRUE(stages.match(dry.err).hasMatch()) << qPrintable(dry.err);
+    EXPECT_TRUE(dry.err.contains(u"\nshredding: 0.000 s"_s)) << qPrintable(dry.err);
+
+    EXPECT_EQ(cli({u"shred"_s, u"--yes"_s, u"--quiet"_s}).err, QString());
 }
 
 TEST_F(ShredCliTest, WithoutATerminalToConfirmOnTheRunIsCancelled)

@@ -1,11 +1,12 @@
 #include "erase/EraseTestSupport.h"
-
 #include "log/ActivityLog.h"
 
 #include <QFileInfo>
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
+#include <csignal>
 #include <set>
 
 using namespace Qt::StringLiterals;
@@ -59,6 +60,19 @@ QString describe(const QList<Pass>& passes)
 }
 
 const QByteArray kOneChunk(131072, 'u');
+
+// Overwrites the files as a process that may write no file past limit bytes,
+// and whose writes past it fail instead of ending it. Exits 0.
+[[noreturn]] void overwriteWithFileSizeLimit(FileAccess& access, rlim_t limit, const QList<QByteArray>& files)
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit sizes{limit, limit};
+    if (::setrlimit(RLIMIT_FSIZE, &sizes) != 0)
+        std::_Exit(3);
+    for (const QByteArray& file : files)
+        access.shredOneFile(file);
+    std::_Exit(0);
+}
 
 } // namespace
 
@@ -214,6 +228,30 @@ TEST_F(OverwriteTest, EachOverwrittenFileIsNamedInTheActivityLog)
     shred(u"Caf\u00e9 \"quoted\".db"_s, "x", {{u"NumberOfWrites"_s, qint64(2)}});
     ActivityLog::closeLog();
     EXPECT_TRUE(home.read(u"log.txt"_s).endsWith(u" Caf\u00e9 \"quoted\".db\n"_s.toUtf8()));
+}
+
+TEST_F(OverwriteTest, AWriteThatFailsWithinTheContentsIsLoggedWithItsReason)
+{
+    // A disk that fills up after 200,000 bytes of a 300,000-byte file: the rest
+    // cannot be overwritten, and the tail past the end is not what matters.
+    home.write(u"cache.db"_s, QByteArray(300000, 'u'));
+    home.write(u"small.db"_s, QByteArray(1000, 's'));
+    ActivityLog::openLog(home.file(u"log.txt"_s));
+    FileAccess& access = engine({{u"NumberOfWrites"_s, qint64(2)}, {u"OverwritePattern"_s, qint64(3)}});
+    EXPECT_EXIT(overwriteWithFileSizeLimit(access, 200000, {path(u"cache.db"_s), path(u"small.db"_s)}),
+                ::testing::ExitedWithCode(0), "");
+    ActivityLog::closeLog();
+
+    const QByteArray contents = home.read(u"cache.db"_s);
+    EXPECT_EQ(contents.left(200000), QByteArray(200000, '\0'));
+    EXPECT_EQ(contents.mid(200000), QByteArray(100000, 'u'));
+    EXPECT_EQ(home.read(u"small.db"_s), QByteArray(2000, '\0'));
+    QList<QByteArray> lines = home.read(u"log.txt"_s).split('\n');
+    for (QByteArray& line : lines)
+        line = line.mid(25); // after the time stamp
+    EXPECT_EQ(lines,
+              (QList<QByteArray>{"cache.db", "Overwrite failed (File too large): " + path(u"cache.db"_s),
+                                 "small.db", ""}));
 }
 
 TEST(RandomNames, NineToThirtyTwoCharactersWithAAndBWeightedTwice)

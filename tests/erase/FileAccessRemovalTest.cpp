@@ -1,6 +1,8 @@
 #include "erase/EraseTestSupport.h"
 
 #include "erase/FileTree.h"
+#include "log/ActivityLog.h"
+#include "support/QtPrinters.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -148,6 +150,49 @@ TEST_F(RemovalTest, ReadOnlyItemsAreErasedAndLinksRemovedWithTheirTargetOverwrit
     EXPECT_EQ(display.progress[display.progress.size() - 2], 100.0);
 }
 
+TEST_F(RemovalTest, HoldingFoldersAnInterruptedRunLeftBesideThePathsAreErasedFirst)
+{
+    // A run killed while it erased: its holding folders still hold random-named
+    // items, half overwritten or not at all.
+    home.write(u"Caches/Vantle X Items (1700000000)/Ab3dEf7hIj"_s, "not yet overwritten");
+    home.write(u"Caches/Vantle X Items (1700000000)/Kl9mNo1pQr/St5uVw7xYz"_s, "deeper");
+    home.write(u"Caches/site.db"_s, "queued");
+    home.write(u"Gone/Vantle X Items (42)/Zz1yXx2wVv"_s, "beside a path that is gone");
+    // Not holding folders, or not beside a path of the run.
+    home.write(u"Caches/Vantle X Items (12) copy/keep"_s, "1");
+    home.write(u"Caches/Vantle X Items ()/keep"_s, "2");
+    home.write(u"Caches/Vantle X Items (7)"_s, "a file");
+    home.write(u"Other/Vantle X Items (5)/keep"_s, "3");
+    ActivityLog::openLog(home.file(u"run.log"_s));
+
+    RecordingDisplay display;
+    FileAccess& access = engine({{u"NumberOfWrites"_s, qint64(2)}}, &display);
+    QList<QByteArray> overwritten;
+    access.setPassObserverForTesting([&](const QByteArray& file, qint64, std::size_t, quint16) {
+        overwritten.append(FileTree::lastComponent(file));
+    });
+    QStringList paths{home.file(u"Caches/site.db"_s), home.file(u"Gone/cache"_s)};
+    access.shredDroppedFile(paths);
+    ActivityLog::closeLog();
+
+    QStringList left = leftInHome();
+    left.sort();
+    EXPECT_EQ(left,
+              (QStringList{u"Caches"_s, u"Caches/Vantle X Items ()"_s, u"Caches/Vantle X Items ()/keep"_s,
+                           u"Caches/Vantle X Items (12) copy"_s, u"Caches/Vantle X Items (12) copy/keep"_s,
+                           u"Caches/Vantle X Items (7)"_s, u"Gone"_s, u"Other"_s,
+                           u"Other/Vantle X Items (5)"_s, u"Other/Vantle X Items (5)/keep"_s, u"run.log"_s}));
+    for (const QByteArray name : {"Ab3dEf7hIj", "St5uVw7xYz", "Zz1yXx2wVv"})
+        EXPECT_TRUE(overwritten.contains(name)) << name.constData();
+    const QByteArray written = home.read(u"run.log"_s);
+    EXPECT_TRUE(written.contains(
+        " Shred (left by an interrupted run): " + path(u"Caches/Vantle X Items (1700000000)"_s) + '\n'));
+    EXPECT_TRUE(written.contains(
+        " Shred (left by an interrupted run): " + path(u"Gone/Vantle X Items (42)"_s) + '\n'));
+    // They count in the progress, which ends at 100.
+    EXPECT_EQ(display.progress[display.progress.size() - 2], 100.0);
+}
+
 TEST_F(RemovalTest, AnyNameSurvivesTheTrip)
 {
     const QList<QByteArray> names{"with space", "double\"quote", "single'quote", "new\nline", "caf\xc3\xa9",
@@ -253,11 +298,18 @@ TEST_F(RemovalTest, WithoutPermissionItemsAreOverwrittenOrRemovedWherePossibleAn
     ASSERT_TRUE(::link(path(u"p/w/readonly.txt"_s).constData(), path(u"readonly witness"_s).constData()) == 0);
 
     FileAccess& access = engine({{u"NumberOfWrites"_s, qint64(2)}, {u"OverwritePattern"_s, qint64(3)}});
+    ActivityLog::openLog(home.file(u"log.txt"_s));
     EXPECT_EXIT(eraseAsUser(access, nobody, nogroup, {path(u"p/w"_s), path(u"r/writable.txt"_s)}),
                 ::testing::ExitedWithCode(0), "");
+    ActivityLog::closeLog();
 
     EXPECT_TRUE(QDir(home.file(u"p"_s)).isEmpty());
     EXPECT_EQ(home.read(u"theirs witness"_s), "owned by root");          // could not be opened: removed as it was
     EXPECT_EQ(home.read(u"readonly witness"_s), QByteArray(18, '\0'));  // made writable, overwritten, removed
     EXPECT_EQ(home.read(u"r/writable.txt"_s), QByteArray(46, '\0'));    // overwritten where it stands
+    // The one item left in place, with the reason.
+    const QByteArray log = home.read(u"log.txt"_s);
+    EXPECT_EQ(log.count("Skip ("), 1) << log.constData();
+    EXPECT_TRUE(
+        log.contains(" Skip (Remove failed: Permission denied): " + path(u"r/writable.txt"_s) + '\n'));
 }

@@ -1,0 +1,12 @@
+#include "core/FileSizeSignal.h"
+
+#include <csignal>
+
+namespace FileSizeSignal {
+
+void ignore()
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+}
+
+} // namespace FileSizeSignal

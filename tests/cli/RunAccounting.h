@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+// What a run did to a home, held against what it was given to do: the paths
+// queued for erasure, and the entries of the home before the run.
+
+// The paths a run may erase: those a dry run lists and those the run's log names.
+// A path covers itself and everything below it.
+class QueuedPaths {
+public:
+    // The "Would erase:" list of vantle-cli shred --dry-run.
+    void addDryRun(const QString& output);
+    // The paths of a run log's "Shred: " lines ("~" is the home) and the holding
+    // folders it erased for an interrupted run.
+    void addLog(const QByteArray& log, const QString& home);
+
+    bool covers(const QString& path) const;
+    qsizetype size() const { return m_paths.size(); }
+
+private:
+    QStringList m_paths;
+};
+
+// Every entry of a home (files, folders, links), each file with a digest of its
+// contents unless the queue covers it.
+class HomeSnapshot {
+public:
+    HomeSnapshot(const QString& home, const QueuedPaths& queued);
+
+    // Entries no longer there that the queue does not cover.
+    QStringList goneOutside(const QueuedPaths& queued) const;
+    // Files the queue does not cover whose contents changed, but those below the
+    // rewritten prefixes (relative paths: the databases and settings a run rebuilds).
+    QStringList changedOutside(const QueuedPaths& queued, const QStringList& rewritten) const;
+    // How many entries the queue does not cover: those the two checks look at.
+    qsizetype keptEntries(const QueuedPaths& queued) const;
+
+private:
+    static QHash<QString, QByteArray> entries(const QString& home, const QueuedPaths* skipContents);
+
+    QString m_home;
+    QHash<QString, QByteArray> m_entries; // relative path -> digest ("" when not taken)
+};

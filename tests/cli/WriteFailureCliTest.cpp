@@ -1,0 +1,223 @@
+// Runs that cannot write where they mean to: read-only folders and files in the
+// cleaned areas, and a disk that fills up (a file-size limit on the run). The run
+// completes, keeps whole what the user keeps, says in its log why it left
+// something as it was, and erases nothing outside its path list.
+#include "cli/CliFixture.h"
+#include "cli/RunAccounting.h"
+#include "erase/FileTree.h"
+#include "support/TestDatabase.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QProcess>
+
+#include <grp.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kProfile = u"Library/Application Support/Firefox/Profiles/w1.default/"_s;
+const QString kChrome = u"Library/Application Support/Google/Chrome/"_s;
+const QString kLocalState = kChrome + u"Local State"_s;
+const QString kPreferences = kChrome + u"Default/Preferences"_s;
+const QString kCache = u"Library/Caches/Google/Chrome/Default/Cache/"_s;
+const QString kLog = u"Library/Logs/Vantle X Log.txt"_s;
+// Files a run rewrites by design; what must survive in them is checked by content.
+const QStringList kRewritten{kProfile + u"places.sqlite"_s, kLocalState, kPreferences, u".config/"_s,
+                             u"Library/Logs/"_s};
+// Who the run is when the tests run as root, to whom every mode is writable.
+constexpr uid_t kNobody = 65534;
+
+// Browser settings with a host list under key, and as many other settings as
+// asked, which stay when the list goes.
+QByteArray settingsWithHosts(const char* key, int otherSettings)
+{
+    QByteArray other;
+    for (int i = 0; i < otherSettings; ++i)
+        other += (i ? ",\"" : "\"") + QByteArray::number(i) + "\":{\"kept\":true}";
+    return "{\"" + QByteArray(key) + "\":[\"a.example\",\"b.example\"],\"extensions\":{" + other + "}}";
+}
+
+class WriteFailureCliTest : public CliFixture {
+protected:
+    void SetUp() override
+    {
+        for (const char* key : {"ActivityLog", "ShredHistory", "shredSafariFavicon", "ShredCache"})
+            ASSERT_EQ(cli({u"prefs"_s, u"set"_s, QString::fromLatin1(key), u"YES"_s}).exitCode, 0);
+        // Eudora 6 names its trash at the root of the disk, outside the test's home.
+        ASSERT_EQ(cli({u"apps"_s, u"disable"_s, u"Eudora"_s}).exitCode, 0);
+        home.write(u"Documents/thesis.txt"_s, "mine");
+    }
+
+    // A places database of places, bookmarks (every place from the first on)
+    // and a visit to each place.
+    void makePlaces(int places, int firstBookmarked)
+    {
+        QDir().mkpath(home.file(kProfile));
+        TestDatabase db(home.file(kProfile + u"places.sqlite"_s));
+        db.exec(QString::fromUtf8(testData(u"places-firefox-3.0.sql"_s)));
+        db.exec(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<%1)"
+                " INSERT INTO moz_places (id, url, title, visit_count)"
+                "  SELECT i, 'http://s' || i || '.example/', printf('%.200c', 't'), 1 FROM n;"
+                "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<%1)"
+                " INSERT INTO moz_historyvisits (id, place_id, visit_date) SELECT i, i, i FROM n;"
+                "INSERT INTO moz_bookmarks (id, type, fk, parent, position, title)"
+                " SELECT id, 1, id, 2, id, 'B' || id FROM moz_places WHERE id >= %2;"_s.arg(places)
+                    .arg(firstBookmarked));
+    }
+
+    QString places() const { return home.file(kProfile + u"places.sqlite"_s); }
+
+    // A mode for the run; folders get theirs back at the end, so that the home can go.
+    void setMode(const QString& relative, mode_t mode)
+    {
+        ASSERT_EQ(::chmod(QFile::encodeName(home.file(relative)).constData(), mode), 0)
+            << qPrintable(relative);
+        if (QFileInfo(home.file(relative)).isDir())
+            m_restrictedFolders.append(home.file(relative));
+    }
+
+    void TearDown() override
+    {
+        for (const QString& folder : m_restrictedFolders)
+            ::chmod(QFile::encodeName(folder).constData(), 0755);
+    }
+
+    // vantle-cli shred as a user the modes hold for, writing at most fileSizeLimit
+    // bytes into any file; SIGXFSZ as a freshly started program finds it.
+    CliRun restrictedShred(rlim_t fileSizeLimit = RLIM_INFINITY) const
+    {
+        const bool asNobody = ::geteuid() == 0;
+        if (asNobody) {
+            const QByteArray root = QFile::encodeName(home.path());
+            ::lchown(root.constData(), kNobody, kNobody);
+            for (const QByteArray& relative : FileTree::subpaths(root))
+                ::lchown(FileTree::join(root, relative).constData(), kNobody, kNobody);
+        }
+        QProcess process;
+        process.setProgram(QStringLiteral(VANTLE_CLI_PATH));
+        process.setArguments({u"--home"_s, home.path(), u"shred"_s, u"--yes"_s, u"--quiet"_s});
+        process.setChildProcessModifier([asNobody, fileSizeLimit] {
+            std::signal(SIGXFSZ, SIG_DFL);
+            const rlimit limit{fileSizeLimit, fileSizeLimit};
+            if (::setrlimit(RLIMIT_FSIZE, &limit) != 0)
+                ::_exit(120);
+            if (asNobody &&
+                (::setgroups(0, nullptr) != 0 || ::setgid(kNobody) != 0 || ::setuid(kNobody) != 0))
+                ::_exit(121);
+        });
+        process.start();
+        EXPECT_TRUE(process.waitForFinished(120000));
+        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+                QString::fromUtf8(process.readAllStandardOutput()),
+                QString::fromUtf8(process.readAllStandardError())};
+    }
+
+    // A restricted run, held against what a dry run says it may erase: it
+    // completes, and whatever is gone or changed lies within its path list.
+    // Returns the run's log.
+    QByteArray accountedShred(rlim_t fileSizeLimit = RLIM_INFINITY)
+    {
+        QueuedPaths queued;
+        queued.addDryRun(cli({u"shred"_s, u"--dry-run"_s, u"--yes"_s}).out);
+        const HomeSnapshot before(home.path(), queued);
+
+        const CliRun run = restrictedShred(fileSizeLimit);
+        EXPECT_EQ(run.exitCode, 0) << qPrintable(run.err);
+        const QByteArray log = home.read(kLog);
+        EXPECT_TRUE(log.endsWith(" Vantle Completed Successfully\n")) << log.right(400).constData();
+        queued.addLog(log, home.path());
+        EXPECT_EQ(before.goneOutside(queued), QStringList());
+        EXPECT_EQ(before.changedOutside(queued, kRewritten), QStringList());
+        EXPECT_EQ(workFiles(), QStringList());
+        return log;
+    }
+
+    // What a rewrite leaves while it works; none may stay after a run.
+    QStringList workFiles() const
+    {
+        QStringList found;
+        QDirIterator it(home.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            const QString name = QFileInfo(it.next()).fileName();
+            if (name.contains(u"vantlex"_s) || name.contains(u"renamed"_s) || name.endsWith(u"-journal"_s))
+                found.append(QDir(home.path()).relativeFilePath(it.filePath()));
+        }
+        return found;
+    }
+
+private:
+    QStringList m_restrictedFolders;
+};
+
+bool hasLine(const QByteArray& log, const QByteArray& message)
+{
+    return log.contains(' ' + message + '\n');
+}
+
+} // namespace
+
+TEST_F(WriteFailureCliTest, AFullDiskLeavesEveryRewriteUndoneAndSaysSo)
+{
+    // Every place bookmarked: the rebuilt database is as large as the old one.
+    makePlaces(4000, 1);
+    home.write(kPreferences, settingsWithHosts("dns_prefetching", 40000));
+    home.write(kCache + u"data_0"_s, QByteArray(1 << 20, 'c'));
+    const QByteArray preferences = home.read(kPreferences);
+    const QByteArray placesBytes = home.read(kProfile + u"places.sqlite"_s);
+    constexpr rlim_t kLimit = 512 << 10;
+    ASSERT_GT(quint64(placesBytes.size()), kLimit);
+    ASSERT_GT(quint64(preferences.size()), kLimit);
+
+    const QByteArray log = accountedShred(kLimit);
+
+    EXPECT_TRUE(hasLine(log, "Places Vantle X Database lost rows while it was rebuilt - not replaced."));
+    EXPECT_EQ(home.read(kProfile + u"places.sqlite"_s), placesBytes);
+    EXPECT_TRUE(hasLine(log, "Skip (Write new file failed): " + QFile::encodeName(home.file(kPreferences))));
+    EXPECT_EQ(home.read(kPreferences), preferences);
+    // The cache past the limit could not be overwritten; it is removed all the same.
+    EXPECT_TRUE(log.contains(
+        " Overwrite failed (File too large): " +
+        QFile::encodeName(home.file(u"Library/Caches/Google/Chrome/Default/Vantle X Items ("_s))));
+    EXPECT_FALSE(QFileInfo::exists(home.file(kCache)));
+    EXPECT_EQ(home.read(u"Documents/thesis.txt"_s), "mine");
+}
+
+TEST_F(WriteFailureCliTest, ReadOnlyFoldersAndFilesAreLeftWithTheReasonAndTheRunCompletes)
+{
+    // A profile folder nothing may be added to or removed from.
+    makePlaces(2000, 1995);
+    home.write(kProfile + u"sessionstore.js"_s, "the last session");
+    const QByteArray placesBytes = home.read(kProfile + u"places.sqlite"_s);
+    setMode(kProfile, 0555);
+    // Settings the user made read-only.
+    home.write(kLocalState,
+               R"({"StartupDNSPrefetchList":["a.example"],"browser":{"last_known_version":"30.0"}})");
+    const QByteArray localState = home.read(kLocalState);
+    setMode(kLocalState, 0444);
+    // A read-only cache: the engine makes it writable to erase it.
+    home.write(kCache + u"data_0"_s, QByteArray(300000, 'c'));
+    home.write(kCache + u"index"_s, "index");
+    setMode(kCache + u"data_0"_s, 0444);
+    setMode(kCache + u"index"_s, 0444);
+    setMode(kCache, 0555);
+
+    const QByteArray log = accountedShred();
+
+    EXPECT_TRUE(hasLine(log, "Places Vantle X Database was not created."));
+    EXPECT_EQ(home.read(kProfile + u"places.sqlite"_s), placesBytes);
+    // Overwritten where it stands, since it cannot go.
+    const QByteArray sessionStore = QFile::encodeName(home.file(kProfile + u"sessionstore.js"_s));
+    EXPECT_TRUE(hasLine(log, "Skip (Remove failed: Permission denied): " + sessionStore));
+    EXPECT_FALSE(home.read(kProfile + u"sessionstore.js"_s).contains("last session"));
+    EXPECT_TRUE(hasLine(log, "Skip: ~/Library/Application Support/Google/Chrome/Local State"));
+    EXPECT_EQ(home.read(kLocalState), localState);
+    EXPECT_FALSE(QFileInfo::exists(home.file(kCache)));
+    EXPECT_EQ(home.read(u"Documents/thesis.txt"_s), "mine");
+}
