@@ -190,6 +190,18 @@ protected:
         EXPECT_TRUE(process.waitForStarted());
     }
 
+    // Which of the aimed-at phases are under way, by the log and the files a run makes.
+    std::array<bool, kTargetedPhases> activePhases() const
+    {
+        const QByteArray log = home.read(kLog);
+        return {
+            exists(kProfile + u"places.vantlex.sqlite"_s),
+            log.contains(" Chrome 5.0\n") && !log.contains("Google/Chrome/Local State\n"),
+            !holdingFolders(kChromeCache).isEmpty(),
+            !holdingFolders(u"Library/Caches"_s).isEmpty(),
+        };
+    }
+
     // A whole run, looked at every millisecond or so: how long it takes and when
     // each aimed-at phase is under way.
     qint64 watchWholeRun(std::array<Window, kTargetedPhases>& windows) const
@@ -200,14 +212,8 @@ protected:
         timer.start();
         while (!process.waitForFinished(1)) {
             const qint64 now = timer.elapsed();
-            const QByteArray log = home.read(kLog);
-            const bool active[kTargetedPhases]{
-                exists(kProfile + u"places.vantlex.sqlite"_s),
-                log.contains(" Chrome 5.0\n") && !log.contains("Google/Chrome/Local State\n"),
-                !holdingFolders(kChromeCache).isEmpty(),
-                !holdingFolders(u"Library/Caches"_s).isEmpty(),
-            };
-            for (int phase = 0; phase < kTargetedPhases; ++phase) {
+            const std::array<bool, kTargetedPhases> active = activePhases();
+            for (std::size_t phase = 0; phase < active.size(); ++phase) {
                 if (!active[phase])
                     continue;
                 if (windows[phase].start < 0)
@@ -218,16 +224,25 @@ protected:
         return timer.elapsed();
     }
 
-    // False when the run finished before the delay.
-    bool runKilledAfter(qint64 milliseconds) const
+    // Kills a run once the phase has been under way for the given time, however
+    // slow or quick the machine is today. False when the run ended first.
+    bool runKilledIn(std::size_t phase, qint64 milliseconds) const
     {
         QProcess process;
+        QElapsedTimer timer;
         startRun(process);
-        if (process.waitForFinished(int(milliseconds)))
-            return false;
-        ::kill(pid_t(process.processId()), SIGKILL);
-        process.waitForFinished();
-        return true;
+        timer.start();
+        qint64 seen = -1;
+        while (!process.waitForFinished(1)) {
+            if (seen < 0 && activePhases()[phase])
+                seen = timer.elapsed();
+            if (seen >= 0 && timer.elapsed() - seen >= milliseconds) {
+                ::kill(pid_t(process.processId()), SIGKILL);
+                process.waitForFinished();
+                return true;
+            }
+        }
+        return false;
     }
 
     // The processes that work on this home: a killed run's child must not outlive it.
@@ -252,7 +267,9 @@ protected:
 TEST_F(InterruptedRunCliTest, NothingKeptIsDamagedNothingElseIsGoneAndTheNextRunCompletes)
 {
     // Runs to try; more with VANTLE_KILL_RUNS for a longer search.
-    const int runs = qEnvironmentVariableIntValue("VANTLE_KILL_RUNS") > 0 ? qEnvironmentVariableIntValue("VANTLE_KILL_RUNS") : 12;
+    const int runs = qEnvironmentVariableIntValue("VANTLE_KILL_RUNS") > 0
+                         ? qEnvironmentVariableIntValue("VANTLE_KILL_RUNS")
+                         : 8;
     makeHome();
     // What a run may erase: what a dry run lists, and what each run's log names.
     QueuedPaths dryRun;
@@ -281,14 +298,16 @@ TEST_F(InterruptedRunCliTest, NothingKeptIsDamagedNothingElseIsGoneAndTheNextRun
     int killed = 0;
     for (int run = 0; run < runs; ++run) {
         restore();
-        // Each aimed-at phase in turn, at points spread over its window.
-        const Window window = windows[run % kTargetedPhases];
+        // Each aimed-at phase in turn, at points spread over its length.
+        const std::size_t phase = std::size_t(run % kTargetedPhases);
+        const Window window = windows[phase];
         const double fraction = std::fmod(0.5 + 0.618034 * (run / kTargetedPhases), 1.0);
-        const qint64 delay = window.start >= 0
-                                 ? window.start + qint64(fraction * double(window.end - window.start))
-                                 : whole * (run + 1) / (runs + 1);
-        SCOPED_TRACE(u"try %1, %2 ms"_s.arg(run).arg(delay).toStdString());
-        if (runKilledAfter(delay)) {
+        const qint64 after = window.start >= 0 ? qint64(fraction * double(window.end - window.start)) : 0;
+        SCOPED_TRACE(u"try %1: %2 after %3 ms"_s.arg(run)
+                         .arg(QString::fromLatin1(kPhaseNames[phase]))
+                         .arg(after)
+                         .toStdString());
+        if (runKilledIn(phase, after)) {
             ++killed;
             ++killedIn[leftBy()];
         }
