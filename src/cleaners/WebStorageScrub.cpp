@@ -117,7 +117,6 @@ public:
         for (const QString& script : {schemaFile, file(mStore.source), file(mStore.destination)})
             DatabaseFiles::removeWorkFile(script);
         if (mShell.firefox3ExecuteSQL(u"PRAGMA quick_check;"_s, work).trimmed() != u"ok"_s) {
-            mContext.queueLeftover(renamed);
             DatabaseFiles::removeWorkDatabase(work);
             return fail(u"Rebuilt database is damaged - not replaced."_s);
         }

@@ -1,6 +1,7 @@
 #include "app/ApplicationModels.h"
 #include "core/Bundle.h"
 #include "core/ChildProcess.h"
+#include "core/FileSizeSignal.h"
 #include "core/ProcessRandom.h"
 #include "gui/DesktopApplication.h"
 #include "platform/SessionEnd.h"
@@ -17,6 +18,7 @@ using namespace Qt::StringLiterals;
 
 int main(int argc, char* argv[])
 {
+    FileSizeSignal::ignore();
     ProcessRandom::seedFromEntropy();
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"Vantle X"_s);
