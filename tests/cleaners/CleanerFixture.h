@@ -8,6 +8,7 @@
 #include "settings/SettingsPanelState.h"
 #include "settings/UserDefaults.h"
 #include "support/FakeLoginItem.h"
+#include "support/LogLines.h"
 #include "support/QtPrinters.h"
 #include "support/TempHome.h"
 
@@ -61,15 +62,8 @@ protected:
         ActivityLog::openLog(logPath);
         cleaner();
         ActivityLog::closeLog();
-        QStringList lines;
         QFile log(logPath);
-        if (log.open(QIODevice::ReadOnly)) {
-            for (const QByteArray& line : log.readAll().split('\n'))
-                lines.append(QString::fromUtf8(line.mid(25)));  // after "Sun Nov 22 14:15:17 2026 "
-        }
-        if (!lines.isEmpty() && lines.last().isEmpty())
-            lines.removeLast();  // the split's piece after the final newline
-        return lines;
+        return log.open(QIODevice::ReadOnly) ? logLinesOf(log.readAll()) : QStringList();
     }
 
     QString expanded(const QString& tildePath) const { return home.path() + tildePath.mid(1); }

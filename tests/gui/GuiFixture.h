@@ -13,6 +13,7 @@
 #include "settings/UserDefaults.h"
 #include "support/FakeLoginItem.h"
 #include "support/FakePlatform.h"
+#include "support/LogLines.h"
 #include "support/QtPrinters.h"
 #include "support/TempHome.h"
 
@@ -175,15 +176,7 @@ protected:
     }
 
     // The activity log without its time stamps.
-    QStringList logLines() const
-    {
-        QStringList lines;
-        for (const QByteArray& line : home.read(QStringLiteral("Library/Logs/Vantle X Log.txt")).split('\n'))
-            lines.append(QString::fromUtf8(line.mid(25)));
-        if (!lines.isEmpty() && lines.last().isEmpty())
-            lines.removeLast();
-        return lines;
-    }
+    QStringList logLines() const { return logLinesOf(home.read(QStringLiteral("Library/Logs/Vantle X Log.txt"))); }
 
     TempHome home;
     FakeQuitter quitter;
