@@ -36,8 +36,10 @@ void RunTiming::findingDone()
 
 QString RunTiming::report()
 {
-    // A run with nothing to shred ends with its finding stage.
-    if (m_findingMilliseconds < 0)
+    // A run with nothing to shred ends with its finding stage: its shredding stage took no time at all.
+    if (m_findingMilliseconds < 0) {
         findingDone();
+        return m_finding + u'\n' + stage("shredding", 0);
+    }
     return m_finding + u'\n' + stage("shredding", m_timer.elapsed() - m_findingMilliseconds);
 }
