@@ -6,5 +6,5 @@ namespace CLI {
 class App;
 }
 
-// erase [--quiet] PATH...
+// erase [--quiet] [--timing] PATH...
 void addEraseCommand(CLI::App& app, CommandAction& action);

@@ -22,10 +22,12 @@ void RunTiming::start()
 
 QString RunTiming::stage(const char* name, qint64 milliseconds) const
 {
-    return u"%1: %2 s, peak %3 KiB (children %4 KiB)"_s.arg(QLatin1StringView(name))
-        .arg(double(milliseconds) / 1000.0, 0, 'f', 3)
-        .arg(peakKib(RUSAGE_SELF))
-        .arg(peakKib(RUSAGE_CHILDREN));
+    return u"%1: %2 s, %3"_s.arg(QLatin1StringView(name)).arg(double(milliseconds) / 1000.0, 0, 'f', 3).arg(peaks());
+}
+
+QString RunTiming::peaks()
+{
+    return u"peak %1 KiB (children %2 KiB)"_s.arg(peakKib(RUSAGE_SELF)).arg(peakKib(RUSAGE_CHILDREN));
 }
 
 void RunTiming::findingDone()

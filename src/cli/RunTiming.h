@@ -16,6 +16,9 @@ public:
     // The run ended now; the lines to print, one per stage.
     QString report();
 
+    // "peak N KiB (children N KiB)": the highest resident sizes so far.
+    static QString peaks();
+
 private:
     QString stage(const char* name, qint64 milliseconds) const;
 

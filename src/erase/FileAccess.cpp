@@ -9,6 +9,7 @@
 #include "settings/PreferenceKeys.h"
 #include "settings/Preferences.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QSet>
 
@@ -247,8 +248,12 @@ void FileAccess::fileManagerWillProcessPath(const QByteArray& path)
 {
     const bool isDirectory = FileTree::isDirectory(path);
     ::chmod(path.constData(), 0777);
-    if (!isDirectory)
+    if (!isDirectory) {
+        QElapsedTimer overwrite;
+        overwrite.start();
         shredOneFile(path);
+        mOverwriteNanoseconds += overwrite.nsecsElapsed();
+    }
 }
 
 bool FileAccess::fileManagerShouldProceedAfterError(const QByteArray& path)

@@ -40,6 +40,10 @@ public:
     // Overwrites the file's contents in place; the file stays where it is.
     void shredOneFile(const QByteArray& path);
 
+    // Wall time spent overwriting file contents so far, in nanoseconds; the rest
+    // of an erase is moving, renaming and removal.
+    qint64 overwriteNanoseconds() const { return mOverwriteNanoseconds; }
+
     // Bytes of every file at or below path, symbolic links followed.
     quint64 sizeInBytes(const QByteArray& path) const;
 
@@ -89,6 +93,7 @@ private:
     quint64 mDeepPathSize = 0;
     quint64 mDeepShreddedSize = 0;
     quint32 mOverwritePattern = 0;
+    qint64 mOverwriteNanoseconds = 0;
 
     PassObserver mPassObserver;
 };

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
@@ -72,4 +73,28 @@ TEST_F(EraseCliTest, UsesTheStoredSettings)
     EXPECT_EQ(cli({u"erase"_s, home.file(u"link"_s)}).exitCode, 0);
     EXPECT_FALSE(QFileInfo(home.file(u"link"_s)).isSymLink());
     EXPECT_EQ(home.read(u"target"_s), QByteArray(16, 0x55));
+}
+
+TEST_F(EraseCliTest, TimingSeparatesTheOverwritingFromTheWholeEraseOnlyWhenAsked)
+{
+    home.write(u"big.bin"_s, QByteArray(3 * 131072 + 5, 'b'));
+    home.write(u"folder/a"_s, "a");
+    home.write(u"folder/b"_s, "b");
+
+    const CliRun timed = cli({u"erase"_s, u"--quiet"_s, u"--timing"_s, home.file(u"big.bin"_s),
+                              home.file(u"folder"_s)});
+    EXPECT_EQ(timed.exitCode, 0);
+    const QRegularExpressionMatch lines =
+        QRegularExpression(uR"(^overwriting: (\d+\.\d{3}) s\nerasing: (\d+\.\d{3}) s, peak [1-9]\d* KiB \(children \d+ KiB\)\n$)"_s)
+            .match(timed.err);
+    ASSERT_TRUE(lines.hasMatch()) << qPrintable(timed.err);
+    // The overwriting happens within the erase.
+    EXPECT_LE(lines.captured(1).toDouble(), lines.captured(2).toDouble());
+    EXPECT_FALSE(QFileInfo::exists(home.file(u"big.bin"_s)));
+    EXPECT_FALSE(QFileInfo::exists(home.file(u"folder"_s)));
+
+    home.write(u"again"_s, "again");
+    const CliRun quiet = cli({u"erase"_s, u"--quiet"_s, home.file(u"again"_s)});
+    EXPECT_EQ(quiet.exitCode, 0);
+    EXPECT_EQ(quiet.err, QString());
 }
