@@ -1,5 +1,6 @@
 #include "cli/CustomCommands.h"
 
+#include "erase/FileTree.h"
 #include "watch/CustomShred.h"
 
 #include <QDir>
@@ -19,7 +20,7 @@ struct CustomOptions {
 
 QString absolute(const std::string& path)
 {
-    return QFileInfo(QString::fromStdString(path)).absoluteFilePath();
+    return QFile::decodeName(FileTree::absolute(QByteArray::fromStdString(path)));
 }
 
 int listCustom()

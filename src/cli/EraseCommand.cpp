@@ -30,17 +30,6 @@ struct EraseOptions {
     bool timing = false;
 };
 
-QByteArray absolutePath(const std::string& argument)
-{
-    const QByteArray path = QByteArray::fromStdString(argument);
-    if (path.startsWith('/'))
-        return FileTree::standardized(path);
-    char cwd[PATH_MAX];
-    if (::getcwd(cwd, sizeof cwd) == nullptr)
-        return FileTree::standardized(path);
-    return FileTree::standardized(FileTree::join(cwd, path));
-}
-
 std::optional<QByteArray> canonicalPath(const QByteArray& path)
 {
     char resolved[PATH_MAX];
@@ -68,7 +57,7 @@ int erase(const EraseOptions& options)
 
     QList<QByteArray> paths;
     for (const std::string& argument : options.paths) {
-        const QByteArray path = absolutePath(argument);
+        const QByteArray path = FileTree::absolute(QByteArray::fromStdString(argument));
         const auto resolved = canonicalPath(path);
         if (holdsTheHome(path, homes) || (resolved && holdsTheHome(*resolved, homes)))
             return refuse(u"refusing to erase \"%1\": it is or holds the home folder"_s.arg(QFile::decodeName(path)));

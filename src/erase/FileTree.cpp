@@ -1,6 +1,8 @@
 #include "erase/FileTree.h"
 
 #include <dirent.h>
+#include <limits.h>
+#include <stdlib.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -70,19 +72,37 @@ QByteArray join(const QByteArray& folder, const QByteArray& name)
 
 QByteArray standardized(const QByteArray& path)
 {
+    const bool absolute = path.startsWith('/');
     QList<QByteArray> parts;
     for (const QByteArray& part : path.split('/')) {
         if (part.isEmpty() || part == ".")
             continue;
         if (part == "..") {
-            if (!parts.isEmpty())
+            // "link/.." is the parent of where the link points, not the folder
+            // that holds the link: an absolute path is resolved up to there.
+            char resolved[PATH_MAX];
+            if (absolute && !parts.isEmpty() && ::realpath(('/' + parts.join('/')).constData(), resolved) != nullptr)
+                parts = QByteArray(resolved).split('/').mid(1);
+            if (!parts.isEmpty() && !parts.last().isEmpty())
                 parts.removeLast();
+            if (parts.size() == 1 && parts.first().isEmpty())
+                parts.clear();
             continue;
         }
         parts.append(part);
     }
     const QByteArray joined = parts.join('/');
-    return path.startsWith('/') ? '/' + joined : (joined.isEmpty() ? QByteArray(".") : joined);
+    return absolute ? '/' + joined : (joined.isEmpty() ? QByteArray(".") : joined);
+}
+
+QByteArray absolute(const QByteArray& path)
+{
+    if (path.startsWith('/'))
+        return standardized(path);
+    char cwd[PATH_MAX];
+    if (::getcwd(cwd, sizeof cwd) == nullptr)
+        return standardized(path);
+    return standardized(join(cwd, path));
 }
 
 QByteArray parentOf(const QByteArray& path)

@@ -24,8 +24,12 @@ QList<QByteArray> subpaths(const QByteArray& root);
 QByteArray join(const QByteArray& folder, const QByteArray& name);
 QByteArray parentOf(const QByteArray& path);
 QByteArray lastComponent(const QByteArray& path);
-// Without repeated or trailing slashes, "." or ".." components.
+// Without repeated or trailing slashes, "." or ".." components. In an absolute
+// path, a ".." goes up from where the path before it really is, links resolved.
 QByteArray standardized(const QByteArray& path);
+
+// path made absolute against the working folder, then standardized.
+QByteArray absolute(const QByteArray& path);
 
 // Bytes of every file at or below path, symbolic links followed, folders counting 0.
 quint64 sizeInBytes(const QByteArray& path);

@@ -62,6 +62,28 @@ TEST_F(EraseCliTest, RefusesTheRootTheHomeAndWhatHoldsItWithoutTouchingAnything)
     EXPECT_EQ(home.read(u"Library/Caches/x"_s), "x");
 }
 
+TEST_F(EraseCliTest, ADotDotAfterALinkGoesUpFromWhereTheLinkPoints)
+{
+    home.write(u"a/x"_s, "kept");
+    home.write(u"b/c/placeholder"_s, "");
+    home.write(u"b/x"_s, "to erase");
+    ASSERT_TRUE(QFile::link(home.file(u"b/c"_s), home.file(u"a/link"_s)));
+
+    EXPECT_EQ(cli({u"erase"_s, u"--quiet"_s, home.file(u"a/link/../x"_s)}).exitCode, 0);
+    EXPECT_FALSE(QFileInfo::exists(home.file(u"b/x"_s)));
+    EXPECT_EQ(home.read(u"a/x"_s), "kept");
+    EXPECT_TRUE(QFileInfo(home.file(u"a/link"_s)).isSymLink());
+
+    // A custom path is stored as the item it names.
+    home.write(u"Applications/Editor.app/Contents/MacOS/Editor"_s, "binary");
+    const QString editor = home.file(u"Applications/Editor.app"_s);
+    ASSERT_EQ(cli({u"custom"_s, u"add-process"_s, editor}).exitCode, 0);
+    ASSERT_EQ(cli({u"custom"_s, u"add-path"_s, editor, home.file(u"a/link/../c"_s)}).exitCode, 0);
+    const QString listing = cli({u"custom"_s, u"list"_s}).out;
+    EXPECT_TRUE(listing.contains(home.file(u"b/c"_s)) || listing.contains(u"~/b/c"_s)) << qPrintable(listing);
+    EXPECT_FALSE(listing.contains(u"/a/c"_s)) << qPrintable(listing);
+}
+
 TEST_F(EraseCliTest, UsesTheStoredSettings)
 {
     home.write(u"target"_s, "original");
