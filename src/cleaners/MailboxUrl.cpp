@@ -1,5 +1,6 @@
 #include "cleaners/MailboxUrl.h"
 
+#include <QRegularExpression>
 #include <QStringList>
 #include <QUrl>
 
@@ -37,6 +38,21 @@ QString mailboxPath(const QString& folder, const QString& subfolder, const QStri
     return folder + u'/' + subfolder + u'/' + components.join(u'/');
 }
 
+// The host as the url spells it: the parser lower-cases it, but Mail names the
+// account folder after the url's own spelling.
+QString hostAsWritten(const QString& url, const QString& parsedHost)
+{
+    const qsizetype start = url.indexOf(u"://"_s);
+    if (start < 0)
+        return parsedHost;
+    static const QRegularExpression authorityEnd(u"[/?#]"_s);
+    const QString authority = url.mid(start + 3).section(authorityEnd, 0, 0);
+    QString host = authority.mid(authority.lastIndexOf(u'@') + 1);
+    if (!host.startsWith(u'['))
+        host = host.section(u':', 0, 0);
+    return host.compare(parsedHost, Qt::CaseInsensitive) == 0 ? host : parsedHost;
+}
+
 } // namespace
 
 MailboxUrl parseMailboxUrl(const QString& mailFolder, const QString& url)
@@ -44,7 +60,7 @@ MailboxUrl parseMailboxUrl(const QString& mailFolder, const QString& url)
     const QUrl parsed(url, QUrl::TolerantMode);
     MailboxUrl result;
     result.path = orDefault(parsed.path(), u"unknown-path"_s);
-    result.host = orDefault(parsed.host(), u"unknown-host"_s);
+    result.host = orDefault(hostAsWritten(url, parsed.host()), u"unknown-host"_s);
     result.user = orDefault(parsed.userName(), u"unknown-user"_s);
 
     const QString scheme = parsed.scheme().toLower();

@@ -7,7 +7,7 @@
 // the mail folder.
 struct MailboxUrl {
     QString path;  // decoded; "unknown-path" when missing
-    QString host;  // as the URL parser gives it (lower-cased); "unknown-host" when missing
+    QString host;  // spelled as in the url; "unknown-host" when missing
     QString user;  // decoded ("me%40example.com" is "me@example.com"); "unknown-user" when missing
     // The mailbox below the mail folder, and its other spelling ("POP:" and
     // "IMAP:" account folders); null when the url names none.

@@ -23,6 +23,11 @@ TEST(MailboxUrlTest, EachSchemeNamesItsMailboxBelowTheMailFolder)
     EXPECT_EQ(imap.mailbox, kMail + u"/IMAP-me@example.com@imap.example.com/[Gmail]/All Mail.imapmbox"_s);
     EXPECT_EQ(imap.otherMailbox, kMail + u"/IMAP:me@example.com@imap.example.com/[Gmail]/All Mail.imapmbox"_s);
 
+    // The account folder bears the host as the url spells it, capitals and all.
+    EXPECT_EQ(parse(u"imap://me@Mail.Example.COM:993/%5BGmail%5D/Trash"_s).mailbox,
+              kMail + u"/IMAP-me@Mail.Example.COM/[Gmail]/Trash.imapmbox"_s);
+    EXPECT_EQ(parse(u"imap://Mail.Example.COM/INBOX"_s).host, u"Mail.Example.COM"_s);
+
     const MailboxUrl pop = parse(u"POP://bob@pop.example.com/INBOX"_s);
     EXPECT_EQ(pop.mailbox, kMail + u"/POP-bob@pop.example.com/INBOX.mbox"_s);
     EXPECT_EQ(pop.otherMailbox, kMail + u"/POP:bob@pop.example.com/INBOX.mbox"_s);
