@@ -365,14 +365,24 @@ void MozillaCleaners::Mozilla()
     mContext.header(u"Mozilla 1.x and Netscape 7"_s);
     if (!mContext.gate(u"Mozilla"_s) || !mContext.gate(u"Netscape"_s))
         return;
-    walkSelectedProfiles(u"~/Library/Mozilla/Profiles"_s, kNoneSelectedInMenu, [&](const QString& profile) {
+    // The salt-folder walk of the oldest browsers, over the selected profiles
+    // instead of "default": no line names the profile itself.
+    const QStringList names = selectedProfiles(u"~/Library/Mozilla/Profiles"_s);
+    if (names.isEmpty())
+        mContext.log(kNoneSelectedInMenu);
+    const QString folder = CleanerContext::expandTilde(u"~/Library/Mozilla/Profiles"_s);
+    for (const QString& name : names) {
+        const QString profile = join(folder, name);
+        if (!QFileInfo(profile).isDir())
+            continue;
         const QString salt = saltFolder(profile, kNotOneSalt);
         if (salt.isNull())
-            return;
+            continue;
         block(mContext.setting(ShredCache), salt, {u"Cache"_s});
         block(mContext.setting(ShredHistory), salt, {u"history.dat"_s, u"history.mab"_s, u"Netscape History"_s});
         block(mContext.setting(ShredIEDownloadCache), salt, {u"downloads.rdf"_s});
-    });
+    }
+    mContext.endCleaner();
 }
 
 void MozillaCleaners::SeaMonkey1()

@@ -106,13 +106,17 @@ TEST_F(MozillaCleanersTest, TheMozillaSuiteNeedsBothNamesEnabledAndItsOwnSelecti
     EXPECT_EQ(run([&] { cleaners.SeaMonkey1(); }),
               (QStringList{u"SeaMonkey 1.x"_s, u"No profiles selected in the Profiles menu"_s, u""_s}));
 
-    select(u"Library/Mozilla/Profiles"_s, {u"default"_s});
+    // The salt-folder walk over the selection: no profile line, one closing empty line; a
+    // selected profile that is gone is passed over, one without its salt folder is said.
+    makeFolder(u"Library/Mozilla/Profiles/other"_s);
+    select(u"Library/Mozilla/Profiles"_s, {u"gone"_s, u"default"_s, u"other"_s});
     makeFolder(u"Library/Caches/Mozilla/Profiles/default"_s);
     const QString salt = home.file(u"Library/Mozilla/Profiles/default/ab.slt"_s);
     EXPECT_EQ(run([&] { cleaners.Mozilla(); }),
-              (QStringList{u"Mozilla 1.x and Netscape 7"_s, home.file(u"Library/Mozilla/Profiles/default"_s), u"Shred:"_s,
-                           salt + u"/Cache"_s, u"Shred:"_s, salt + u"/history.dat"_s, salt + u"/history.mab"_s,
-                           salt + u"/Netscape History"_s, u"Shred:"_s, salt + u"/downloads.rdf"_s, u""_s, u""_s}));
+              (QStringList{u"Mozilla 1.x and Netscape 7"_s, u"Shred:"_s, salt + u"/Cache"_s, u"Shred:"_s,
+                           salt + u"/history.dat"_s, salt + u"/history.mab"_s, salt + u"/Netscape History"_s,
+                           u"Shred:"_s, salt + u"/downloads.rdf"_s, u"Not exactly 1 Salt folder.  Profile Skipped."_s,
+                           u""_s}));
     EXPECT_EQ(run([&] { cleaners.SeaMonkey1(); }),
               (QStringList{u"SeaMonkey 1.x"_s, u"Shred:"_s, home.file(u"Library/Caches/Mozilla/Profiles/default"_s), u""_s}));
 
