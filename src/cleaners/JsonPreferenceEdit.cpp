@@ -71,9 +71,8 @@ Result removeKey(const QString& file, const QString& key, bool requireKey, bool 
         return Result::EncodeFailed;
     }
 
+    // A read-only file is replaced all the same (its folder decides), and the new one stays read-only.
     const QFileDevice::Permissions permissions = QFileInfo(file).permissions();
-    if (!(permissions & QFileDevice::WriteOwner))
-        return Result::RenameFailed;  // the user made it read-only: not ours to replace
     if (dryRun)
         return Result::Done;
 

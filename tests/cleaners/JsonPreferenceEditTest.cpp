@@ -121,7 +121,7 @@ TEST_F(JsonEditTest, AFileNestedDeeperThanAnyBrowserWritesIsLeftAsItWas)
               "{\"deep\":" + QByteArray(500, '[') + QByteArray(500, ']') + ",\"after\":1}");
 }
 
-TEST_F(JsonEditTest, AMissingRequiredKeyAReadOnlyFileAndADryRunChangeNothing)
+TEST_F(JsonEditTest, AMissingRequiredKeyAndADryRunChangeNothing)
 {
     const QByteArray withoutKey = R"({"profile":{"name":"me"}})";
     home.write(u"Chrome/Local State"_s, withoutKey);
@@ -132,9 +132,19 @@ TEST_F(JsonEditTest, AMissingRequiredKeyAReadOnlyFileAndADryRunChangeNothing)
     EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, true, true), Result::Done);
     expectUntouched(kLocalState);
 
+}
+
+TEST_F(JsonEditTest, AReadOnlyFileIsRewrittenAndStaysReadOnly)
+{
+    home.write(u"Chrome/Local State"_s, kLocalState);
     ASSERT_EQ(::chmod(QFile::encodeName(file()).constData(), 0444), 0);
-    EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, true, false), Result::RenameFailed);
-    expectUntouched(kLocalState);
+    EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, true, false), Result::Done);
+    EXPECT_FALSE(home.read(u"Chrome/Local State"_s).contains("StartupDNSPrefetchList"));
+    const QFileDevice::Permissions everyone = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner |
+                                              QFileDevice::ReadGroup | QFileDevice::WriteGroup | QFileDevice::ExeGroup |
+                                              QFileDevice::ReadOther | QFileDevice::WriteOther | QFileDevice::ExeOther;
+    EXPECT_EQ(QFileInfo(file()).permissions() & everyone,
+              QFileDevice::ReadOwner | QFileDevice::ReadGroup | QFileDevice::ReadOther);
 }
 
 TEST_F(JsonEditTest, WithoutTheKeyTheFileIsStillRewrittenUnlessTheKeyIsRequired)

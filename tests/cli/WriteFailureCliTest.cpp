@@ -196,10 +196,9 @@ TEST_F(WriteFailureCliTest, ReadOnlyFoldersAndFilesAreLeftWithTheReasonAndTheRun
     home.write(kProfile + u"sessionstore.js"_s, "the last session");
     const QByteArray placesBytes = home.read(kProfile + u"places.sqlite"_s);
     setMode(kProfile, 0555);
-    // Settings the user made read-only.
+    // Settings the user made read-only, in a folder that lets them be replaced.
     home.write(kLocalState,
                R"({"StartupDNSPrefetchList":["a.example"],"browser":{"last_known_version":"30.0"}})");
-    const QByteArray localState = home.read(kLocalState);
     setMode(kLocalState, 0444);
     // A read-only cache: the engine makes it writable to erase it.
     home.write(kCache + u"data_0"_s, QByteArray(300000, 'c'));
@@ -216,8 +215,9 @@ TEST_F(WriteFailureCliTest, ReadOnlyFoldersAndFilesAreLeftWithTheReasonAndTheRun
     const QByteArray sessionStore = QFile::encodeName(home.file(kProfile + u"sessionstore.js"_s));
     EXPECT_TRUE(hasLine(log, "Skip (Remove failed: Permission denied): " + sessionStore));
     EXPECT_FALSE(home.read(kProfile + u"sessionstore.js"_s).contains("last session"));
-    EXPECT_TRUE(hasLine(log, "Skip: ~/Library/Application Support/Google/Chrome/Local State"));
-    EXPECT_EQ(home.read(kLocalState), localState);
+    EXPECT_TRUE(hasLine(log, "Shred: ~/Library/Application Support/Google/Chrome/Local State"));
+    EXPECT_EQ(home.read(kLocalState), R"({"browser":{"last_known_version":"30.0"}})");
+    EXPECT_FALSE(QFile::permissions(home.file(kLocalState)) & QFileDevice::WriteOwner);
     EXPECT_FALSE(QFileInfo::exists(home.file(kCache)));
     EXPECT_EQ(home.read(u"Documents/thesis.txt"_s), "mine");
 }
