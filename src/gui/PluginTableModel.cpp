@@ -52,8 +52,6 @@ QVariant PluginTableModel::data(const QModelIndex& index, int role) const
         return plugin.value(u"enabled"_s).toBool() ? Qt::Checked : Qt::Unchecked;
     if (index.column() == NameColumn && (role == Qt::DisplayRole || role == Qt::EditRole))
         return plugin.value(u"name"_s).toString();
-    if (index.column() == NameColumn && role == Qt::ToolTipRole && isDefaultPlugin(index.row()))
-        return u"Comes with Vantle X: untick it to leave its folders alone"_s;
     return {};
 }
 

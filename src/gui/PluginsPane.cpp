@@ -98,6 +98,12 @@ PluginsPane::PluginsPane(PluginManager& plugins, std::function<void()> beep, QWi
     connect(m_model, &QAbstractItemModel::modelReset, this, &PluginsPane::tableViewSelectionDidChange);
     connect(m_model, &QAbstractItemModel::dataChanged, this, &PluginsPane::tableViewSelectionDidChange);
     connect(m_pluginPath, &QListWidget::itemSelectionChanged, this, &PluginsPane::tableViewSelectionDidChange);
+    // Only a user plug-in's name can be edited; trying anywhere else beeps.
+    connect(m_pluginList, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex& index) {
+        if (index.column() == PluginTableModel::NameColumn && m_model->isDefaultPlugin(index.row()))
+            m_beep();
+    });
+    connect(m_pluginPath, &QListWidget::itemDoubleClicked, this, [this] { m_beep(); });
     tableViewSelectionDidChange();
 }
 

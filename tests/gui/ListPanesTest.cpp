@@ -108,8 +108,17 @@ TEST_F(ListPanesTest, PluginButtonsFollowTheSelectionAndDefaultPluginsCanOnlyBeU
     QTest::keyClick(table->viewport(), Qt::Key_Space);
     EXPECT_EQ(savedPlugin(flash).value(u"enabled"_s), QVariant(false));
     EXPECT_EQ(table->model()->rowCount(), saved(u"mPluginArray"_s).toList().size());
-    // Its name cannot be edited.
-    EXPECT_FALSE(table->model()->flags(table->model()->index(0, 1)).testFlag(Qt::ItemIsEditable));
+    // Its name cannot be edited: trying beeps, as does trying to edit a path. No cell has a tool tip.
+    const QModelIndex name = table->model()->index(0, 1);
+    EXPECT_FALSE(table->model()->flags(name).testFlag(Qt::ItemIsEditable));
+    EXPECT_FALSE(name.data(Qt::ToolTipRole).isValid());
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, table->visualRect(name).center());
+    QTest::mouseDClick(table->viewport(), Qt::LeftButton, {}, table->visualRect(name).center());
+    EXPECT_EQ(table->findChild<QLineEdit*>(), nullptr);
+    EXPECT_EQ(beeps, 1);
+    QTest::mouseClick(paths->viewport(), Qt::LeftButton, {}, paths->visualItemRect(paths->item(0)).center());
+    QTest::mouseDClick(paths->viewport(), Qt::LeftButton, {}, paths->visualItemRect(paths->item(0)).center());
+    EXPECT_EQ(beeps, 2);
 }
 
 TEST_F(ListPanesTest, PathsComeFromTheOpenDialogAndRestoreDefaultDropsThem)
