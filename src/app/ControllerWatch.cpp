@@ -45,7 +45,11 @@ void Controller::checkEnabled()
 
 bool Controller::CheckStatus()
 {
-    std::lock_guard lock(mStatusMutex);
+    // The poll runs on the main thread and on a run's finding thread; the lock
+    // keeps two polls from interleaving. The view is only called once it is
+    // released: a main thread waiting for the lock could not run a call the
+    // finding thread waits on.
+    std::unique_lock lock(mStatusMutex);
     bool result = false;
     // The custom-process manager moves each entry's running state into its
     // "was running" state, adding and removing entries as configured.
@@ -56,6 +60,7 @@ bool Controller::CheckStatus()
     const ProcessResult listing =
         mServices.runner.run(u"ps"_s, ProcessScan::psArguments(ProcessScan::loginName()));
     if (!listing.started) {
+        lock.unlock();
         view([](ControllerView& v) { v.beep(); });
         return false;
     }
@@ -69,10 +74,12 @@ bool Controller::CheckStatus()
         mIsRunning.set(watched.flag, 0);
     }
 
+    // Each label takes its colour in the order the listing shows the applications.
+    QList<WatchedApp> seenRunning;
     const bool mozillaEnabled = mServices.preferences.browserIsEnabled(u"Mozilla"_s);
-    const auto markRunning = [this](WatchedApp flag) {
+    const auto markRunning = [this, &seenRunning](WatchedApp flag) {
         mIsRunning.set(flag, 1);
-        view([flag](ControllerView& v) { v.setApplicationLabelColor(flag, Color::Red); });
+        seenRunning.append(flag);
     };
     int customRunning = 0;
     for (const QByteArray& line : ProcessScan::listingLines(listing.standardOutput)) {
@@ -101,14 +108,21 @@ bool Controller::CheckStatus()
     const int stopped = int(mCustomShredTHStatus.size()) - customRunning;
     const Color runningColor =
         customRunning > 0 ? Color::Red : (mCustomShredTHStatus.isEmpty() ? Color::LightGray : Color::Green);
-    view([customRunning, stopped, runningColor](ControllerView& v) {
-        v.setCustomRunningCount(customRunning, runningColor);
-        v.setCustomStoppedCount(stopped);
-    });
+    QList<WatchedApp> notRunning;
     for (const auto& watched : ProcessScan::watchedPatterns()) {
         if (mIsRunning[watched.flag] == 0)
-            view([flag = watched.flag](ControllerView& v) { v.setApplicationLabelColor(flag, Color::Green); });
+            notRunning.append(watched.flag);
     }
+    lock.unlock();
+
+    view([seenRunning, notRunning, customRunning, stopped, runningColor](ControllerView& v) {
+        for (const WatchedApp flag : seenRunning)
+            v.setApplicationLabelColor(flag, Color::Red);
+        v.setCustomRunningCount(customRunning, runningColor);
+        v.setCustomStoppedCount(stopped);
+        for (const WatchedApp flag : notRunning)
+            v.setApplicationLabelColor(flag, Color::Green);
+    });
     return result;
 }
 

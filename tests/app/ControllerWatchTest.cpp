@@ -3,6 +3,14 @@
 #include "watch/CustomShred.h"
 #include "watch/ProcessScan.h"
 
+#include <QCoreApplication>
+#include <QThread>
+
+#include <atomic>
+#include <cstdio>
+#include <cstdlib>
+#include <thread>
+
 using namespace Qt::StringLiterals;
 using Color = ControllerView::LabelColor;
 
@@ -110,6 +118,46 @@ TEST_F(ControllerWatchTest, CustomProcessesAreCountedPerLineAndKey)
     poll();
     EXPECT_EQ(runsStarted(), 1);  // the editor quit
     view.pendingConfirmation(1);
+}
+
+TEST_F(ControllerWatchTest, APollOnTheMainThreadDuringARunsPollDoesNotLockUp)
+{
+    controller().applicationDidFinishLaunching();
+    commands.processes = {"/Applications/Safari.app/Contents/MacOS/Safari"};
+
+    // The run's poll is still listing processes when the watch's timer polls on the main thread.
+    const Qt::HANDLE mainThread = QThread::currentThreadId();
+    std::atomic<bool> listing{false};
+    std::atomic<bool> workerDone{false};
+    commands.whileRunning = [&] {
+        if (QThread::currentThreadId() == mainThread)
+            return;
+        listing = true;
+        QThread::msleep(100);
+    };
+    // Both threads stuck waiting for each other would hang the test: fail it instead.
+    std::thread watchdog([&] {
+        for (int waited = 0; !workerDone && waited < 30000; waited += 10)
+            QThread::msleep(10);
+        if (!workerDone) {
+            std::fputs("the two polls locked each other up\n", stderr);
+            std::_Exit(1);
+        }
+    });
+    std::thread runPoll([&] {
+        controller().HandleTarnholdTimer(false);
+        workerDone = true;
+    });
+    while (!listing)
+        QThread::msleep(1);
+    controller().HandleTarnholdTimer(false);
+    while (!workerDone)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    runPoll.join();
+    watchdog.join();
+
+    EXPECT_EQ(view.labels[WatchedApp::safari], Color::Red);
+    EXPECT_EQ(controller().isRunning()[WatchedApp::safari], 1);
 }
 
 TEST(ProcessScanLines, TheListingIsReadThroughAFixedBuffer)

@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <atomic>
+#include <functional>
 #include <mutex>
 
 // The process listing the watch sees, and the other commands the run would start.
@@ -15,6 +16,8 @@ class FakeCommands final : public CommandRunner {
 public:
     ProcessResult run(const QString& program, const QStringList& arguments) override
     {
+        if (whileRunning)
+            whileRunning();
         std::lock_guard lock(mutex);
         calls.append(QStringList{program} + arguments);
         ProcessResult result;
@@ -26,6 +29,8 @@ public:
     }
 
     std::mutex mutex;
+    // Called as each command starts, on the calling thread: a command that takes its time.
+    std::function<void()> whileRunning;
     QList<QByteArray> processes; // one command line each
     QList<QStringList> calls;
 };
