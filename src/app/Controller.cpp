@@ -59,16 +59,19 @@ Controller::Controller(ControllerServices services, QObject* parent)
 
 Controller::~Controller()
 {
-    if (mFindingThread.joinable())
-        mFindingThread.join();
-    if (mShreddingThread.joinable())
-        mShreddingThread.join();
+    // A run under way may still wait on the main thread; no poll may start another,
+    // and a run still finding shreds nothing.
+    mTerminating = true;
+    mTimer.stop();
+    tarnholdTimer.stop();
+    joinServingMainThread(mFindingThread, mFindingDone);
+    joinServingMainThread(mShreddingThread, mShreddingDone);
 }
 
 void Controller::view(std::function<void(ControllerView&)> call, bool wait)
 {
     ControllerView& target = mServices.view;
-    runOnMainThread([call = std::move(call), &target] { call(target); }, wait);
+    runOnMainThread([call = std::move(call), &target] { call(target); }, wait, this);
 }
 
 QVariantMap Controller::customStatus() const
@@ -242,9 +245,12 @@ void Controller::confirmSheetDidEnd(int returnCode)
         emit runFinished();
         return;
     }
-    if (mFindingThread.joinable())
-        mFindingThread.join();
-    mFindingThread = std::thread([this] { HandleFindingThread(); });
+    joinServingMainThread(mFindingThread, mFindingDone);
+    mFindingDone = false;
+    mFindingThread = std::thread([this] {
+        HandleFindingThread();
+        mFindingDone = true;
+    });
 }
 
 void Controller::cancelRun()
@@ -273,8 +279,9 @@ void Controller::HandleFindingThread()
         break;
     }
 
-    if (mShutdownStatus != None) {
-        runOnMainThread([this] { stopWatchTimer(); }, true);
+    // A dry run changes nothing: it quits no application either.
+    if (mShutdownStatus != None && !mServices.dryRun) {
+        runOnMainThread([this] { stopWatchTimer(); }, true, this);
         showTHStatusOnMainThread(kWatchOff);
         disableProcessDisplay();
         HandleTarnholdTimer(false);
@@ -282,17 +289,19 @@ void Controller::HandleFindingThread()
         const int stillRunning = quitApplicationsAndWait(mServices.quitter, mServices.sleepMilliseconds);
         if (stillRunning != 0) {
             mUserDidCancel = 0;
-            runOnMainThread([this, stillRunning] { showFailedKillOnMainThread(stillRunning); }, true);
+            runOnMainThread([this, stillRunning] { showFailedKillOnMainThread(stillRunning); }, true, this);
             if (mUserDidCancel == 1) {
-                runOnMainThread([this] { emit runFinished(); }, false);
+                runOnMainThread([this] { emit runFinished(); }, false, this);
                 return;
             }
         }
     }
 
     HandleTarnholdTimer(false);
+    if (mTerminating)
+        return;
     callCleaners();
-    runOnMainThread([this] { ShredOnMainThread(); }, false);
+    runOnMainThread([this] { ShredOnMainThread(); }, false, this);
 }
 
 void Controller::callCleaners()
@@ -327,6 +336,8 @@ void Controller::showFailedKillOnMainThread(int count)
 
 void Controller::ShredOnMainThread()
 {
+    if (mTerminating)
+        return;
     ControllerView& v = mServices.view;
     v.setProgressValue(0);
     v.setProgressAnimating(false);
@@ -349,9 +360,12 @@ void Controller::ShredOnMainThread()
     } else if (anything) {
         ++mThreadCount;
         ActivityLog::writeLogLine(u"Start Shredding Now"_s);
-        if (mShreddingThread.joinable())
-            mShreddingThread.join();
-        mShreddingThread = std::thread([this] { HandleThread(); });
+        joinServingMainThread(mShreddingThread, mShreddingDone);
+        mShreddingDone = false;
+        mShreddingThread = std::thread([this] {
+            HandleThread();
+            mShreddingDone = true;
+        });
         emit shreddingStarted();
     } else {
         ActivityLog::writeLogLine(u"Nothing selected to shred"_s);
@@ -379,9 +393,9 @@ void Controller::HandleThread()
     }
 
     if (mThreadCount.fetch_sub(1) == 1) {
-        runOnMainThread([this] { enableShredButtonOnMainThread(); }, false);
+        runOnMainThread([this] { enableShredButtonOnMainThread(); }, false, this);
         if (mServices.preferences.valueForKey(PreferenceKey::HideAfterShredding).toBool())
-            runOnMainThread([this] { hideOnMainThread(); }, false);
+            runOnMainThread([this] { hideOnMainThread(); }, false, this);
         NotificationCenter::defaultCenter().post(Notifications::VantleShreddingDoneNotification);
     }
 
@@ -398,7 +412,7 @@ void Controller::HandleThread()
 
     if (mAppNeedsToTerminate == 1)
         view([](ControllerView& v) { v.replyToApplicationShouldTerminate(true); }, false);
-    runOnMainThread([this] { emit runFinished(); }, false);
+    runOnMainThread([this] { emit runFinished(); }, false, this);
 }
 
 void Controller::enableShredButtonOnMainThread()

@@ -145,4 +145,7 @@ private:
 
     std::thread mFindingThread;
     std::thread mShreddingThread;
+    std::atomic<bool> mFindingDone{true};
+    std::atomic<bool> mShreddingDone{true};
+    std::atomic<bool> mTerminating{false};
 };

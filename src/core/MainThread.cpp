@@ -49,12 +49,25 @@ bool isMainThread()
     return app == nullptr || QThread::currentThread() == app->thread();
 }
 
-void runOnMainThread(std::function<void()> fn, bool wait)
+void runOnMainThread(std::function<void()> fn, bool wait, QObject* context)
 {
     if (isMainThread()) {
         fn();
         return;
     }
-    QMetaObject::invokeMethod(QCoreApplication::instance(), QueuedCall(std::move(fn)),
+    QMetaObject::invokeMethod(context != nullptr ? context : QCoreApplication::instance(), QueuedCall(std::move(fn)),
                               wait ? Qt::BlockingQueuedConnection : Qt::QueuedConnection);
+}
+
+void joinServingMainThread(std::thread& thread, const std::atomic<bool>& done)
+{
+    if (!thread.joinable())
+        return;
+    if (QCoreApplication::instance() != nullptr && isMainThread()) {
+        while (!done.load(std::memory_order_acquire)) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents);
+            QThread::msleep(2);
+        }
+    }
+    thread.join();
 }

@@ -5,6 +5,12 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QThread>
+
+#include <atomic>
+#include <cstdio>
+#include <cstdlib>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -229,6 +235,42 @@ TEST_F(ControllerRunTest, ADryRunFindsButChangesNothing)
     EXPECT_TRUE(controller().foundPaths().contains(home.file(u"Library/Caches/Safari"_s)));
     EXPECT_EQ(home.read(u"Library/Caches/Safari/cache.db"_s), "cached");
     EXPECT_FALSE(logLines().contains(u"Start Shredding Now"_s));
+
+    // Nor does it quit the user's applications or end the session.
+    quitter.running = 1;
+    ASSERT_TRUE(runAndWait([](Controller& c) { c.shredAndLogout(); }));
+    EXPECT_EQ(quitter.quitRequests, 0);
+    EXPECT_TRUE(view.alerts.isEmpty());
+    EXPECT_TRUE(sessionEnd.events.isEmpty());
+    EXPECT_EQ(home.read(u"Library/Caches/Safari/cache.db"_s), "cached");
+}
+
+TEST_F(ControllerRunTest, QuittingWhileTheRunIsFindingQuitsAtOnceAndShredsNothing)
+{
+    quitter.running = 2;
+    view.quitAlertAnswer = 0;
+    home.write(u"Library/Caches/Safari/cache.db"_s, "cached");
+    controller().applicationDidFinishLaunching();
+    controller().shredAndShutdown();
+    // The finding thread soon waits on the main thread, which does not serve it here.
+    QThread::msleep(300);
+    EXPECT_EQ(controller().applicationShouldTerminate(), Controller::TerminateReply::Now);
+
+    std::atomic<bool> gone{false};
+    std::thread watchdog([&] {
+        for (int waited = 0; !gone && waited < 30000; waited += 10)
+            QThread::msleep(10);
+        if (!gone) {
+            std::fputs("the controller waited for good on its finding thread\n", stderr);
+            std::_Exit(1);
+        }
+    });
+    mController.reset();
+    gone = true;
+    watchdog.join();
+
+    EXPECT_EQ(home.read(u"Library/Caches/Safari/cache.db"_s), "cached");
+    EXPECT_TRUE(sessionEnd.events.isEmpty());
 }
 
 TEST_F(ControllerRunTest, QuittingWaitsForTheShreddingStage)
