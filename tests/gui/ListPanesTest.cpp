@@ -254,3 +254,34 @@ TEST_F(ListPanesTest, CustomProcessesAndTheirPathsComeFromTheOpenDialogs)
     EXPECT_TRUE(savedProcesses().isEmpty());
     EXPECT_EQ(window().findChild<QLabel*>(u"mTHCustomConfigured"_s)->text(), u"0"_s);
 }
+
+TEST_F(ListPanesTest, DisablingAProcessOrAPathIsRefusedWithABeepAndKeepsTheList)
+{
+    const QString editor = home.file(u"Applications/Editor.app"_s);
+    const QString drafts = home.file(u"Library/Caches/Editor"_s);
+    const QVariantMap stored{{editor, QVariantList{QVariantMap{{u"path"_s, drafts}, {u"keep"_s, true}}}}};
+    storedDefaults().setObject(CustomShred::archive(stored), u"mProcessDictionary"_s);
+    storedDefaults().synchronize();
+
+    auto* processes = child<QListWidget>(u"Custom Processes"_s, u"mProcessTableView"_s);
+    auto* paths = child<QListWidget>(u"Custom Processes"_s, u"mPathTableView"_s);
+    QPushButton* disableProcess = button(u"Custom Processes"_s, u"mDisableProcessButton"_s);
+    QPushButton* disablePath = button(u"Custom Processes"_s, u"mDisablePathButton"_s);
+    ASSERT_TRUE(processes && paths && disableProcess && disablePath);
+    EXPECT_EQ(disableProcess->text(), u"Disable"_s);
+    EXPECT_EQ(disablePath->text(), u"Disable"_s);
+
+    // With nothing selected, and with the process and its folder selected.
+    click(u"Custom Processes"_s, u"mDisableProcessButton"_s);
+    click(u"Custom Processes"_s, u"mDisablePathButton"_s);
+    EXPECT_EQ(beeps, 2);
+    select(processes, u"Editor.app"_s);
+    select(paths, u"~/Library/Caches/Editor"_s);
+    click(u"Custom Processes"_s, u"mDisableProcessButton"_s);
+    click(u"Custom Processes"_s, u"mDisablePathButton"_s);
+    EXPECT_EQ(beeps, 4);
+
+    EXPECT_EQ(savedProcesses(), stored);
+    EXPECT_EQ(rows(processes), QStringList{u"Editor.app"_s});
+    EXPECT_EQ(rows(paths), QStringList{u"~/Library/Caches/Editor"_s});
+}
