@@ -98,6 +98,8 @@ CustomProcessesPane::CustomProcessesPane(CustomShred& custom, std::function<void
     layout->addWidget(
         paneNote(u"The Tarnhold watch shreds these files and folders when the application quits."_s, this));
 
+    // The buttons stay enabled whatever is selected: a path action without the
+    // selection it needs beeps, and Remove with no process selected does nothing.
     connect(m_addProcess, &QPushButton::clicked, this, &CustomProcessesPane::addProcess);
     connect(m_deleteProcess, &QPushButton::clicked, this, &CustomProcessesPane::deleteProcess);
     connect(m_addPath, &QPushButton::clicked, this, &CustomProcessesPane::addPath);
@@ -210,11 +212,7 @@ void CustomProcessesPane::showPaths()
 
 void CustomProcessesPane::tableViewSelectionDidChange()
 {
-    const bool haveProcess = !selectedProcess().isEmpty();
     const QString path = selectedPath();
-    m_deleteProcess->setEnabled(haveProcess);
-    m_addPath->setEnabled(haveProcess);
-    m_deletePath->setEnabled(!path.isEmpty());
 
     // Only folders can be kept; a file's entry has no keep flag.
     QVariant keep;

@@ -205,7 +205,6 @@ TEST_F(ListPanesTest, CustomProcessesAndTheirPathsComeFromTheOpenDialogs)
     auto* paths = child<QListWidget>(u"Custom Processes"_s, u"mPathTableView"_s);
     auto* keep = child<QCheckBox>(u"Custom Processes"_s, u"mKeepThisPathCheckbox"_s);
     ASSERT_TRUE(processes && paths && keep);
-    EXPECT_FALSE(button(u"Custom Processes"_s, u"mAddPathButton"_s)->isEnabled());
 
     click(u"Custom Processes"_s, u"mAddProcessButton"_s);
     OpenPanel* panel = openPanel();
@@ -284,4 +283,44 @@ TEST_F(ListPanesTest, DisablingAProcessOrAPathIsRefusedWithABeepAndKeepsTheList)
     EXPECT_EQ(savedProcesses(), stored);
     EXPECT_EQ(rows(processes), QStringList{u"Editor.app"_s});
     EXPECT_EQ(rows(paths), QStringList{u"~/Library/Caches/Editor"_s});
+}
+
+TEST_F(ListPanesTest, CustomPathButtonsBeepWithoutTheSelectionTheyNeed)
+{
+    const QString editor = home.file(u"Applications/Editor.app"_s);
+    const QString notes = home.file(u"Documents/notes.txt"_s);
+    const QVariantMap stored{{editor, QVariantList{QVariantMap{{u"path"_s, notes}}}}};
+    storedDefaults().setObject(CustomShred::archive(stored), u"mProcessDictionary"_s);
+    storedDefaults().synchronize();
+    auto* processes = child<QListWidget>(u"Custom Processes"_s, u"mProcessTableView"_s);
+    auto* paths = child<QListWidget>(u"Custom Processes"_s, u"mPathTableView"_s);
+    ASSERT_TRUE(processes && paths);
+    const QStringList buttons{u"mAddPathButton"_s, u"mDeletePathButton"_s, u"mDeleteProcessButton"_s};
+    for (const QString& name : buttons)
+        EXPECT_TRUE(button(u"Custom Processes"_s, name)->isEnabled()) << name.toStdString();
+
+    // No process: adding a path beeps before any dialog, removing one beeps.
+    click(u"Custom Processes"_s, u"mAddPathButton"_s);
+    EXPECT_EQ(app().settingsWindow().findChild<OpenPanel*>(), nullptr);
+    EXPECT_EQ(beeps, 1);
+    click(u"Custom Processes"_s, u"mDeletePathButton"_s);
+    EXPECT_EQ(beeps, 2);
+    // Removing no process does nothing at all.
+    click(u"Custom Processes"_s, u"mDeleteProcessButton"_s);
+    EXPECT_EQ(beeps, 2);
+    EXPECT_EQ(savedProcesses(), stored);
+
+    // A process but no path row.
+    select(processes, u"Editor.app"_s);
+    for (const QString& name : buttons)
+        EXPECT_TRUE(button(u"Custom Processes"_s, name)->isEnabled()) << name.toStdString();
+    click(u"Custom Processes"_s, u"mDeletePathButton"_s);
+    EXPECT_EQ(beeps, 3);
+    EXPECT_EQ(savedProcesses(), stored);
+    EXPECT_EQ(rows(paths), QStringList{u"~/Documents/notes.txt"_s});
+
+    select(paths, u"~/Documents/notes.txt"_s);
+    click(u"Custom Processes"_s, u"mDeletePathButton"_s);
+    EXPECT_EQ(beeps, 3);
+    EXPECT_TRUE(savedProcesses().value(editor).toList().isEmpty());
 }
