@@ -62,26 +62,35 @@ TEST_F(ListPanesTest, ProfileMenusCheckTheSelectedProfilesAndAClickTogglesOne)
     auto* popUp = child<QPushButton>(u"Profiles"_s, u"mFirefoxPopup"_s);
     ASSERT_NE(popUp, nullptr);
     QMenu* menu = popUp->menu();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return menu->actions().size() == 2; }, 3000));
-    EXPECT_EQ(menu->actions()[0]->text(), u"default"_s);
-    EXPECT_EQ(menu->actions()[1]->text(), u"work"_s);
-    EXPECT_TRUE(menu->actions()[0]->isChecked() && menu->actions()[1]->isChecked());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return menu->actions().size() == 3; }, 3000));
+    // The pull-down's title item, then one item per profile.
+    EXPECT_EQ(menu->actions()[0]->text(), u"Profiles"_s);
+    EXPECT_FALSE(menu->actions()[0]->isCheckable());
+    EXPECT_FALSE(menu->actions()[0]->isEnabled());
+    EXPECT_EQ(menu->actions()[1]->text(), u"default"_s);
+    EXPECT_EQ(menu->actions()[2]->text(), u"work"_s);
+    EXPECT_TRUE(menu->actions()[1]->isChecked() && menu->actions()[2]->isChecked());
 
-    menu->actions()[1]->trigger();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return menu->actions().size() == 2 && !menu->actions()[1]->isChecked(); }, 3000));
-    EXPECT_TRUE(menu->actions()[0]->isChecked());
+    menu->actions()[2]->trigger();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return menu->actions().size() == 3 && !menu->actions()[2]->isChecked(); }, 3000));
+    EXPECT_TRUE(menu->actions()[1]->isChecked());
     const QString folder = home.file(firefox.chopped(1));
     EXPECT_EQ(saved(u"ProfilesMenuDict"_s).toMap().value(folder).toStringList(), QStringList{u"ab12cd34.default"_s});
 
-    menu->actions()[1]->trigger();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return menu->actions().size() == 2 && menu->actions()[1]->isChecked(); }, 3000));
+    menu->actions()[2]->trigger();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return menu->actions().size() == 3 && menu->actions()[2]->isChecked(); }, 3000));
     EXPECT_EQ(saved(u"ProfilesMenuDict"_s).toMap().value(folder).toStringList(),
               (QStringList{u"ab12cd34.default"_s, u"ef56gh78.work"_s}));
 
-    // An application without profiles offers nothing to check.
+    // An application without a profiles folder gets the title item alone and an empty selection.
     QMenu* thunderbird = child<QPushButton>(u"Profiles"_s, u"mThunderbirdPopup"_s)->menu();
     ASSERT_EQ(thunderbird->actions().size(), 1);
-    EXPECT_FALSE(thunderbird->actions()[0]->isEnabled());
+    EXPECT_EQ(thunderbird->actions()[0]->text(), u"Profiles"_s);
+    EXPECT_FALSE(thunderbird->actions()[0]->isCheckable());
+    const QVariantMap selection = saved(u"ProfilesMenuDict"_s).toMap();
+    const QString thunderbirdFolder = home.file(u"Library/Thunderbird/Profiles"_s);
+    ASSERT_TRUE(selection.contains(thunderbirdFolder));
+    EXPECT_TRUE(selection.value(thunderbirdFolder).toStringList().isEmpty());
 }
 
 TEST_F(ListPanesTest, PluginButtonsFollowTheSelectionAndDefaultPluginsCanOnlyBeUnticked)
