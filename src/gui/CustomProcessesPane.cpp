@@ -63,9 +63,11 @@ CustomProcessesPane::CustomProcessesPane(CustomShred& custom, std::function<void
     m_processTable->setObjectName(u"mProcessTableView"_s);
     m_addProcess = button(u"Add…"_s, "mAddProcessButton", this);
     m_deleteProcess = button(u"Remove"_s, "mDeleteProcessButton", this);
+    m_disableProcess = button(u"Disable"_s, "mDisableProcessButton", this);
     auto* processButtons = new QHBoxLayout;
     processButtons->addWidget(m_addProcess);
     processButtons->addWidget(m_deleteProcess);
+    processButtons->addWidget(m_disableProcess);
     processButtons->addStretch();
     auto* processGroup = new QGroupBox(u"Applications to watch"_s, this);
     auto* processLayout = new QVBoxLayout(processGroup);
@@ -76,11 +78,13 @@ CustomProcessesPane::CustomProcessesPane(CustomShred& custom, std::function<void
     m_pathTable->setObjectName(u"mPathTableView"_s);
     m_addPath = button(u"Add…"_s, "mAddPathButton", this);
     m_deletePath = button(u"Remove"_s, "mDeletePathButton", this);
+    m_disablePath = button(u"Disable"_s, "mDisablePathButton", this);
     m_keepThisPath = new QCheckBox(u"Keep the folder: re-create it empty after shredding"_s, this);
     m_keepThisPath->setObjectName(u"mKeepThisPathCheckbox"_s);
     auto* pathButtons = new QHBoxLayout;
     pathButtons->addWidget(m_addPath);
     pathButtons->addWidget(m_deletePath);
+    pathButtons->addWidget(m_disablePath);
     pathButtons->addStretch();
     auto* pathGroup = new QGroupBox(u"Erased when the selected application quits"_s, this);
     auto* pathLayout = new QVBoxLayout(pathGroup);
@@ -94,10 +98,14 @@ CustomProcessesPane::CustomProcessesPane(CustomShred& custom, std::function<void
     layout->addWidget(
         paneNote(u"The Tarnhold watch shreds these files and folders when the application quits."_s, this));
 
+    // The buttons stay enabled whatever is selected: a path action without the
+    // selection it needs beeps, and Remove with no process selected does nothing.
     connect(m_addProcess, &QPushButton::clicked, this, &CustomProcessesPane::addProcess);
     connect(m_deleteProcess, &QPushButton::clicked, this, &CustomProcessesPane::deleteProcess);
     connect(m_addPath, &QPushButton::clicked, this, &CustomProcessesPane::addPath);
     connect(m_deletePath, &QPushButton::clicked, this, &CustomProcessesPane::deletePath);
+    connect(m_disableProcess, &QPushButton::clicked, this, &CustomProcessesPane::disable);
+    connect(m_disablePath, &QPushButton::clicked, this, &CustomProcessesPane::disable);
     connect(m_keepThisPath, &QCheckBox::clicked, this, &CustomProcessesPane::toggleKeepThisPath);
     connect(m_processTable, &QListWidget::itemSelectionChanged, this, &CustomProcessesPane::showPaths);
     connect(m_pathTable, &QListWidget::itemSelectionChanged, this, &CustomProcessesPane::tableViewSelectionDidChange);
@@ -169,6 +177,14 @@ void CustomProcessesPane::deletePath()
         m_beep();
 }
 
+// Neither a process nor a path can be disabled yet: the list is saved as it is
+// and the button answers with a beep.
+void CustomProcessesPane::disable()
+{
+    if (!m_custom.disableProcess())
+        m_beep();
+}
+
 void CustomProcessesPane::toggleKeepThisPath(bool keep)
 {
     m_custom.setKeep(selectedProcess(), selectedPath(), keep);
@@ -196,11 +212,7 @@ void CustomProcessesPane::showPaths()
 
 void CustomProcessesPane::tableViewSelectionDidChange()
 {
-    const bool haveProcess = !selectedProcess().isEmpty();
     const QString path = selectedPath();
-    m_deleteProcess->setEnabled(haveProcess);
-    m_addPath->setEnabled(haveProcess);
-    m_deletePath->setEnabled(!path.isEmpty());
 
     // Only folders can be kept; a file's entry has no keep flag.
     QVariant keep;

@@ -24,6 +24,7 @@ private:
     void deleteProcess();
     void addPath();
     void deletePath();
+    void disable();
     void toggleKeepThisPath(bool keep);
     void showProcesses();
     void showPaths();
@@ -35,7 +36,9 @@ private:
     QListWidget* m_pathTable;
     QPushButton* m_addProcess;
     QPushButton* m_deleteProcess;
+    QPushButton* m_disableProcess;
     QPushButton* m_addPath;
     QPushButton* m_deletePath;
+    QPushButton* m_disablePath;
     QCheckBox* m_keepThisPath;
 };

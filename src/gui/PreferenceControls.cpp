@@ -20,7 +20,7 @@ QCheckBox* PreferenceControls::addCheckBox(const QString& key, const QString& ti
     auto* box = new QCheckBox(title);
     box->setObjectName(key);
     m_checkBoxes.append({key, box});
-    connect(box, &QCheckBox::clicked, this, &PreferenceControls::miscChanged);
+    connect(box, &QCheckBox::clicked, this, [this] { miscChanged(nullptr); });
     return box;
 }
 
@@ -35,7 +35,7 @@ QComboBox* PreferenceControls::addPopUp(const QString& key, const QStringList& i
             popUp->addItem(item);
     }
     m_popUps.append({key, popUp});
-    connect(popUp, &QComboBox::activated, this, &PreferenceControls::miscChanged);
+    connect(popUp, &QComboBox::activated, this, [this, popUp] { miscChanged(popUp); });
     return popUp;
 }
 
@@ -56,13 +56,17 @@ void PreferenceControls::reallyupdateUI()
     }
 }
 
-void PreferenceControls::miscChanged()
+void PreferenceControls::miscChanged(const QComboBox* changedPopUp)
 {
-    // Controls that are not on any pane keep what the preferences show.
+    // Controls that are not on any pane keep what the preferences show. So does
+    // a pop-up menu the user did not touch: it may show the factory choice for
+    // a stored index it cannot select.
     SettingsPanelState panel = m_preferences.panelState();
     for (const auto& [key, box] : std::as_const(m_checkBoxes))
         panel.checkBoxes.insert(key, box->isChecked());
-    for (const auto& [key, popUp] : std::as_const(m_popUps))
-        panel.popUpIndexes.insert(key, popUp->currentIndex());
+    for (const auto& [key, popUp] : std::as_const(m_popUps)) {
+        if (popUp == changedPopUp)
+            panel.popUpIndexes.insert(key, popUp->currentIndex());
+    }
     m_preferences.miscChanged(panel);
 }

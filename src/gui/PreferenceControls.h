@@ -9,11 +9,12 @@ class QCheckBox;
 class QComboBox;
 
 // Binds the settings panel's check boxes and pop-up menus to the preferences,
-// whichever pane they sit on: every change reads all the controls and hands
-// them to the preferences, which commit and save at once; every change of the
-// displayed values puts them back on the controls. A pop-up menu whose stored
-// index is not one the menu offers (the separator, or out of range) shows the
-// setting's factory choice.
+// whichever pane they sit on: every change reads the check boxes and the menu
+// chosen from, if any, and hands them to the preferences, which commit and
+// save at once; every change of the displayed values puts them back on the
+// controls. A pop-up menu whose stored index is not one the menu offers (the
+// separator, or out of range) shows the setting's factory choice, and keeps
+// the stored index until the user makes a choice in that menu.
 class PreferenceControls : public QObject {
     Q_OBJECT
 
@@ -29,7 +30,8 @@ public:
     void reallyupdateUI();
 
 private:
-    void miscChanged();
+    // changedPopUp: the pop-up menu the user chose from, or null for a check box.
+    void miscChanged(const QComboBox* changedPopUp);
 
     Preferences& m_preferences;
     QList<std::pair<QString, QCheckBox*>> m_checkBoxes;

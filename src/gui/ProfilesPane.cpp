@@ -69,6 +69,8 @@ void ProfilesPane::showMenus()
     for (int i = 0; i < ProfilesManager::ApplicationCount; ++i) {
         QMenu* menu = m_popUps[i]->menu();
         menu->clear();
+        // The pull-down's own title item comes first; it does nothing.
+        menu->addAction(u"Profiles"_s)->setEnabled(false);
         if (i >= menus.size())
             continue;
         const ProfilesManager::Menu& profiles = menus[i];
@@ -80,8 +82,6 @@ void ProfilesPane::showMenus()
             connect(action, &QAction::triggered, this,
                     [this, i, tag = item.tag] { m_profiles.doProfileMenuItem(ProfilesManager::Application(i), tag); });
         }
-        if (profiles.items.isEmpty())
-            menu->addAction(u"No profiles found"_s)->setEnabled(false);
         m_summaries[i]->setText(summary(profiles));
     }
 }

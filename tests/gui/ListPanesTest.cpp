@@ -62,26 +62,35 @@ TEST_F(ListPanesTest, ProfileMenusCheckTheSelectedProfilesAndAClickTogglesOne)
     auto* popUp = child<QPushButton>(u"Profiles"_s, u"mFirefoxPopup"_s);
     ASSERT_NE(popUp, nullptr);
     QMenu* menu = popUp->menu();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return menu->actions().size() == 2; }, 3000));
-    EXPECT_EQ(menu->actions()[0]->text(), u"default"_s);
-    EXPECT_EQ(menu->actions()[1]->text(), u"work"_s);
-    EXPECT_TRUE(menu->actions()[0]->isChecked() && menu->actions()[1]->isChecked());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return menu->actions().size() == 3; }, 3000));
+    // The pull-down's title item, then one item per profile.
+    EXPECT_EQ(menu->actions()[0]->text(), u"Profiles"_s);
+    EXPECT_FALSE(menu->actions()[0]->isCheckable());
+    EXPECT_FALSE(menu->actions()[0]->isEnabled());
+    EXPECT_EQ(menu->actions()[1]->text(), u"default"_s);
+    EXPECT_EQ(menu->actions()[2]->text(), u"work"_s);
+    EXPECT_TRUE(menu->actions()[1]->isChecked() && menu->actions()[2]->isChecked());
 
-    menu->actions()[1]->trigger();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return menu->actions().size() == 2 && !menu->actions()[1]->isChecked(); }, 3000));
-    EXPECT_TRUE(menu->actions()[0]->isChecked());
+    menu->actions()[2]->trigger();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return menu->actions().size() == 3 && !menu->actions()[2]->isChecked(); }, 3000));
+    EXPECT_TRUE(menu->actions()[1]->isChecked());
     const QString folder = home.file(firefox.chopped(1));
     EXPECT_EQ(saved(u"ProfilesMenuDict"_s).toMap().value(folder).toStringList(), QStringList{u"ab12cd34.default"_s});
 
-    menu->actions()[1]->trigger();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return menu->actions().size() == 2 && menu->actions()[1]->isChecked(); }, 3000));
+    menu->actions()[2]->trigger();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return menu->actions().size() == 3 && menu->actions()[2]->isChecked(); }, 3000));
     EXPECT_EQ(saved(u"ProfilesMenuDict"_s).toMap().value(folder).toStringList(),
               (QStringList{u"ab12cd34.default"_s, u"ef56gh78.work"_s}));
 
-    // An application without profiles offers nothing to check.
+    // An application without a profiles folder gets the title item alone and an empty selection.
     QMenu* thunderbird = child<QPushButton>(u"Profiles"_s, u"mThunderbirdPopup"_s)->menu();
     ASSERT_EQ(thunderbird->actions().size(), 1);
-    EXPECT_FALSE(thunderbird->actions()[0]->isEnabled());
+    EXPECT_EQ(thunderbird->actions()[0]->text(), u"Profiles"_s);
+    EXPECT_FALSE(thunderbird->actions()[0]->isCheckable());
+    const QVariantMap selection = saved(u"ProfilesMenuDict"_s).toMap();
+    const QString thunderbirdFolder = home.file(u"Library/Thunderbird/Profiles"_s);
+    ASSERT_TRUE(selection.contains(thunderbirdFolder));
+    EXPECT_TRUE(selection.value(thunderbirdFolder).toStringList().isEmpty());
 }
 
 TEST_F(ListPanesTest, PluginButtonsFollowTheSelectionAndDefaultPluginsCanOnlyBeUnticked)
@@ -205,7 +214,6 @@ TEST_F(ListPanesTest, CustomProcessesAndTheirPathsComeFromTheOpenDialogs)
     auto* paths = child<QListWidget>(u"Custom Processes"_s, u"mPathTableView"_s);
     auto* keep = child<QCheckBox>(u"Custom Processes"_s, u"mKeepThisPathCheckbox"_s);
     ASSERT_TRUE(processes && paths && keep);
-    EXPECT_FALSE(button(u"Custom Processes"_s, u"mAddPathButton"_s)->isEnabled());
 
     click(u"Custom Processes"_s, u"mAddProcessButton"_s);
     OpenPanel* panel = openPanel();
@@ -253,4 +261,75 @@ TEST_F(ListPanesTest, CustomProcessesAndTheirPathsComeFromTheOpenDialogs)
     EXPECT_EQ(processes->count(), 0);
     EXPECT_TRUE(savedProcesses().isEmpty());
     EXPECT_EQ(window().findChild<QLabel*>(u"mTHCustomConfigured"_s)->text(), u"0"_s);
+}
+
+TEST_F(ListPanesTest, DisablingAProcessOrAPathIsRefusedWithABeepAndKeepsTheList)
+{
+    const QString editor = home.file(u"Applications/Editor.app"_s);
+    const QString drafts = home.file(u"Library/Caches/Editor"_s);
+    const QVariantMap stored{{editor, QVariantList{QVariantMap{{u"path"_s, drafts}, {u"keep"_s, true}}}}};
+    storedDefaults().setObject(CustomShred::archive(stored), u"mProcessDictionary"_s);
+    storedDefaults().synchronize();
+
+    auto* processes = child<QListWidget>(u"Custom Processes"_s, u"mProcessTableView"_s);
+    auto* paths = child<QListWidget>(u"Custom Processes"_s, u"mPathTableView"_s);
+    QPushButton* disableProcess = button(u"Custom Processes"_s, u"mDisableProcessButton"_s);
+    QPushButton* disablePath = button(u"Custom Processes"_s, u"mDisablePathButton"_s);
+    ASSERT_TRUE(processes && paths && disableProcess && disablePath);
+    EXPECT_EQ(disableProcess->text(), u"Disable"_s);
+    EXPECT_EQ(disablePath->text(), u"Disable"_s);
+
+    // With nothing selected, and with the process and its folder selected.
+    click(u"Custom Processes"_s, u"mDisableProcessButton"_s);
+    click(u"Custom Processes"_s, u"mDisablePathButton"_s);
+    EXPECT_EQ(beeps, 2);
+    select(processes, u"Editor.app"_s);
+    select(paths, u"~/Library/Caches/Editor"_s);
+    click(u"Custom Processes"_s, u"mDisableProcessButton"_s);
+    click(u"Custom Processes"_s, u"mDisablePathButton"_s);
+    EXPECT_EQ(beeps, 4);
+
+    EXPECT_EQ(savedProcesses(), stored);
+    EXPECT_EQ(rows(processes), QStringList{u"Editor.app"_s});
+    EXPECT_EQ(rows(paths), QStringList{u"~/Library/Caches/Editor"_s});
+}
+
+TEST_F(ListPanesTest, CustomPathButtonsBeepWithoutTheSelectionTheyNeed)
+{
+    const QString editor = home.file(u"Applications/Editor.app"_s);
+    const QString notes = home.file(u"Documents/notes.txt"_s);
+    const QVariantMap stored{{editor, QVariantList{QVariantMap{{u"path"_s, notes}}}}};
+    storedDefaults().setObject(CustomShred::archive(stored), u"mProcessDictionary"_s);
+    storedDefaults().synchronize();
+    auto* processes = child<QListWidget>(u"Custom Processes"_s, u"mProcessTableView"_s);
+    auto* paths = child<QListWidget>(u"Custom Processes"_s, u"mPathTableView"_s);
+    ASSERT_TRUE(processes && paths);
+    const QStringList buttons{u"mAddPathButton"_s, u"mDeletePathButton"_s, u"mDeleteProcessButton"_s};
+    for (const QString& name : buttons)
+        EXPECT_TRUE(button(u"Custom Processes"_s, name)->isEnabled()) << name.toStdString();
+
+    // No process: adding a path beeps before any dialog, removing one beeps.
+    click(u"Custom Processes"_s, u"mAddPathButton"_s);
+    EXPECT_EQ(app().settingsWindow().findChild<OpenPanel*>(), nullptr);
+    EXPECT_EQ(beeps, 1);
+    click(u"Custom Processes"_s, u"mDeletePathButton"_s);
+    EXPECT_EQ(beeps, 2);
+    // Removing no process does nothing at all.
+    click(u"Custom Processes"_s, u"mDeleteProcessButton"_s);
+    EXPECT_EQ(beeps, 2);
+    EXPECT_EQ(savedProcesses(), stored);
+
+    // A process but no path row.
+    select(processes, u"Editor.app"_s);
+    for (const QString& name : buttons)
+        EXPECT_TRUE(button(u"Custom Processes"_s, name)->isEnabled()) << name.toStdString();
+    click(u"Custom Processes"_s, u"mDeletePathButton"_s);
+    EXPECT_EQ(beeps, 3);
+    EXPECT_EQ(savedProcesses(), stored);
+    EXPECT_EQ(rows(paths), QStringList{u"~/Documents/notes.txt"_s});
+
+    select(paths, u"~/Documents/notes.txt"_s);
+    click(u"Custom Processes"_s, u"mDeletePathButton"_s);
+    EXPECT_EQ(beeps, 3);
+    EXPECT_TRUE(savedProcesses().value(editor).toList().isEmpty());
 }

@@ -109,18 +109,30 @@ TEST_F(SettingsWindowTest, ThePopUpsWriteTheChosenIndexAndNeverOfferTheSeparator
     EXPECT_EQ(Preferences::objectForKey(u"OverwritePattern"_s), QVariant(qint64(4)));
 }
 
-TEST_F(SettingsWindowTest, AStoredSeparatorIndexShowsTheFactoryChoice)
+TEST_F(SettingsWindowTest, AnIndexTheMenuCannotSelectShowsTheFactoryChoiceAndStaysUntilChosenOver)
 {
+    // The separator, and one past the last of the pattern menu's 7 items.
     storedDefaults().setInteger(1, PreferenceKey::NumberOfWrites);
-    storedDefaults().setInteger(1, PreferenceKey::OverwritePattern);
+    storedDefaults().setInteger(7, PreferenceKey::OverwritePattern);
     storedDefaults().synchronize();
-    EXPECT_EQ(popUp(u"NumberOfWrites"_s)->currentIndex(), 0);
-    EXPECT_EQ(popUp(u"OverwritePattern"_s)->currentIndex(), 0);
+    QComboBox* passes = popUp(u"NumberOfWrites"_s);
+    QComboBox* pattern = popUp(u"OverwritePattern"_s);
+    EXPECT_EQ(passes->currentIndex(), 0);
+    EXPECT_EQ(pattern->currentIndex(), 0);
 
-    // The next change anywhere on the panel stores what the menus show.
+    // A change elsewhere on the panel leaves both stored indexes alone.
     toggle(box(u"Erasing"_s, u"ShredCookies"_s));
-    EXPECT_FALSE(saved(u"NumberOfWrites"_s).isValid());
-    EXPECT_FALSE(saved(u"OverwritePattern"_s).isValid());
+    ASSERT_EQ(saved(u"ShredCookies"_s), QVariant(true));
+    EXPECT_EQ(saved(u"NumberOfWrites"_s), QVariant(qint64(1)));
+    EXPECT_EQ(saved(u"OverwritePattern"_s), QVariant(qint64(7)));
+    EXPECT_EQ(Preferences::objectForKey(u"OverwritePattern"_s), QVariant(qint64(7)));
+
+    // A choice in one menu stores that menu's index only.
+    passes->setFocus();
+    QTest::keyClick(passes, Qt::Key_Down);
+    EXPECT_EQ(saved(u"NumberOfWrites"_s), QVariant(qint64(2)));
+    EXPECT_EQ(saved(u"OverwritePattern"_s), QVariant(qint64(7)));
+    EXPECT_EQ(pattern->currentIndex(), 0);
 }
 
 TEST_F(SettingsWindowTest, CoupledApplicationsAreTickedAndUntickedTogether)
