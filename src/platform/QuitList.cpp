@@ -25,11 +25,12 @@ const QList<Entry>& entries()
     return list;
 }
 
-QString signatureForCommandLine(const QString& commandLine)
+QString signatureForExecutable(const QString& executable)
 {
     for (const Entry& entry : entries()) {
         for (const QString& bundle : entry.bundles) {
-            if (commandLine.contains(u'/' + bundle + u'/') || commandLine.startsWith(bundle + u'/'))
+            const QString inside = bundle + QStringLiteral("/Contents/MacOS/");
+            if (executable.contains(u'/' + inside) || executable.startsWith(inside))
                 return entry.signature;
         }
     }

@@ -14,7 +14,8 @@ struct Entry {
 
 const QList<Entry>& entries();
 
-// The signature of the listed application whose bundle a command line runs from, or a null string.
-QString signatureForCommandLine(const QString& commandLine);
+// The signature of the listed application whose bundle holds the executable
+// (".../Safari.app/Contents/MacOS/..."), or a null string.
+QString signatureForExecutable(const QString& executable);
 
 } // namespace QuitList

@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -52,14 +54,15 @@ TEST(QuitApplicationsAndWait, AsksOnceThenChecksEveryHalfSecondAtMostFiftyTimes)
     EXPECT_EQ(slow.countRequests, 3);
 }
 
-TEST(QuitList, FindsListedBundlesInCommandLines)
+TEST(QuitList, FindsTheListedBundleAnExecutableRunsFrom)
 {
-    EXPECT_EQ(QuitList::signatureForCommandLine(u"/Applications/Safari.app/Contents/MacOS/Safari -psn_0_1"_s), u"sfri"_s);
-    EXPECT_EQ(QuitList::signatureForCommandLine(u"/Applications/Google Chrome.app/Contents/MacOS/Google Chrome"_s),
+    EXPECT_EQ(QuitList::signatureForExecutable(u"/Applications/Safari.app/Contents/MacOS/Safari"_s), u"sfri"_s);
+    EXPECT_EQ(QuitList::signatureForExecutable(u"/Applications/Google Chrome.app/Contents/MacOS/Google Chrome"_s),
               u"rimZ"_s);
-    EXPECT_EQ(QuitList::signatureForCommandLine(u"/Applications/Mail.app/Contents/MacOS/Mail"_s), u"emal"_s);
-    EXPECT_TRUE(QuitList::signatureForCommandLine(u"/Applications/Postbox.app/Contents/MacOS/postbox"_s).isNull());
-    EXPECT_TRUE(QuitList::signatureForCommandLine(u"/usr/bin/vim NotSafari.app.txt"_s).isNull());
+    EXPECT_EQ(QuitList::signatureForExecutable(u"/Applications/Mail.app/Contents/MacOS/Mail"_s), u"emal"_s);
+    EXPECT_TRUE(QuitList::signatureForExecutable(u"/Applications/Postbox.app/Contents/MacOS/postbox"_s).isNull());
+    EXPECT_TRUE(QuitList::signatureForExecutable(u"/Backups/Mail.app/Contents/Info.plist"_s).isNull());
+    EXPECT_TRUE(QuitList::signatureForExecutable(u"/usr/bin/NotSafari.app"_s).isNull());
     EXPECT_EQ(QuitList::entries().size(), 14);
 }
 
@@ -69,14 +72,15 @@ TEST(ProcApplicationQuitter, CountsAndStopsTheUsersListedApplications)
     // A stand-in for a browser: a program run from inside a Safari bundle.
     const QString bundled = home.file(u"Applications/Safari.app/Contents/MacOS/Safari"_s);
     const QString unlisted = home.file(u"Applications/Editor.app/Contents/MacOS/Editor"_s);
-    for (const QString& copy : {bundled, unlisted}) {
+    for (const auto& [program, copy] : {std::pair{u"/bin/sleep"_s, bundled}, std::pair{u"/bin/sh"_s, unlisted}}) {
         ASSERT_TRUE(QDir().mkpath(QFileInfo(copy).absolutePath()));
-        ASSERT_TRUE(QFile::copy(u"/bin/sleep"_s, copy));
+        ASSERT_TRUE(QFile::copy(program, copy));
     }
     QProcess browser;
     QProcess editor;
     browser.start(bundled, {u"60"_s});
-    editor.start(unlisted, {u"60"_s});
+    // An unlisted program working on a file inside a listed bundle is left alone.
+    editor.start(unlisted, {u"-c"_s, u"sleep 60; true"_s, bundled});
     ASSERT_TRUE(browser.waitForStarted());
     ASSERT_TRUE(editor.waitForStarted());
 

@@ -32,9 +32,11 @@ int ProcApplicationQuitter::countOrQuitApplications(bool quit)
         QFile commandLine(folder + QStringLiteral("/cmdline"));
         if (!commandLine.open(QIODevice::ReadOnly))
             continue;
-        // The arguments are separated by NUL bytes.
-        const QString text = QString::fromUtf8(commandLine.readAll().replace('\0', ' '));
-        if (QuitList::signatureForCommandLine(text).isNull())
+        // The program is the first of the NUL-separated words: a program whose
+        // arguments merely name a file inside a bundle is not that application.
+        const QByteArray words = commandLine.readAll();
+        const QString program = QString::fromUtf8(words.left(words.indexOf('\0')));
+        if (QuitList::signatureForExecutable(program).isNull())
             continue;
         ++count;
         if (quit)
