@@ -6,18 +6,29 @@
 
 #include <sys/stat.h>
 
-#include <atomic>
 #include <cstdio>
 #include <cstring>
 #include <ctime>
+#include <mutex>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-std::atomic<FILE*> gLogStream{nullptr};
+// A run may reopen the log on the main thread while the shredding thread still
+// writes to it: the stream is only used, opened and closed under the lock.
+std::mutex gLogMutex;
+FILE* gLogStream = nullptr;
 // Whether closing the log closes its stream.
-std::atomic<bool> gOwnsStream{true};
+bool gOwnsStream = true;
+
+void closeLocked()
+{
+    FILE* stream = std::exchange(gLogStream, nullptr);
+    if (stream && gOwnsStream)
+        std::fclose(stream);
+}
 
 } // namespace
 
@@ -30,7 +41,8 @@ QString defaultPath()
 
 void openLog(const QString& path)
 {
-    if (gLogStream.load() != nullptr)
+    std::lock_guard lock(gLogMutex);
+    if (gLogStream != nullptr)
         return;
     const QByteArray nativePath = QFile::encodeName(path);
     FILE* stream = std::fopen(nativePath.constData(), "w");
@@ -38,12 +50,13 @@ void openLog(const QString& path)
         return;
     ::chmod(nativePath.constData(), 0777);
     gOwnsStream = true;
-    gLogStream.store(stream);
+    gLogStream = stream;
 }
 
 void writeLogLine(const QByteArray& message)
 {
-    FILE* stream = gLogStream.load();
+    std::lock_guard lock(gLogMutex);
+    FILE* stream = gLogStream;
     if (stream == nullptr)
         return;
     const std::time_t now = std::time(nullptr);
@@ -57,7 +70,7 @@ void writeLogLine(const QByteArray& message)
     const bool written = std::fputs(stamp, stream) != EOF && std::fputs(message.constData(), stream) != EOF &&
                          std::fputs("\n", stream) != EOF && std::fflush(stream) == 0;
     if (!written)
-        closeLog();
+        closeLocked();
 }
 
 void writeLogLine(const QString& message)
@@ -67,21 +80,22 @@ void writeLogLine(const QString& message)
 
 void closeLog()
 {
-    FILE* stream = gLogStream.exchange(nullptr);
-    if (stream && gOwnsStream.load())
-        std::fclose(stream);
+    std::lock_guard lock(gLogMutex);
+    closeLocked();
 }
 
 void openConsoleLog(FILE* stream)
 {
-    closeLog();
+    std::lock_guard lock(gLogMutex);
+    closeLocked();
     gOwnsStream = false;
     gLogStream = stream;
 }
 
 bool isLogOpen()
 {
-    return gLogStream.load() != nullptr;
+    std::lock_guard lock(gLogMutex);
+    return gLogStream != nullptr;
 }
 
 void openRunLog(bool activityLogEnabled)

@@ -11,8 +11,10 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+#include <atomic>
 #include <csignal>
 #include <cstdlib>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -69,6 +71,29 @@ TEST_F(ActivityLogTest, LinesCarryTheTimeAndEmptyMessagesAreSeparators)
     EXPECT_EQ(lines[3], QString());  // the message's own newline leaves an empty line
     EXPECT_TRUE(lines[4].endsWith(u" Caf\u00e9.db"_s));
     EXPECT_EQ(lines[5], QString());
+}
+
+TEST_F(ActivityLogTest, AReopenWhileAnotherThreadWritesLeavesOnlyWholeLines)
+{
+    ActivityLog::openRunLog(true);
+    std::atomic<bool> done{false};
+    std::thread writer([&] {
+        for (int i = 0; i < 3000; ++i)
+            ActivityLog::writeLogLine(QByteArray("a line from the shredding thread"));
+        done = true;
+    });
+    while (!done)
+        ActivityLog::openRunLog(true);
+    writer.join();
+    ActivityLog::writeLogLine(QByteArray("last"));
+    ActivityLog::closeLog();
+
+    const QStringList lines = QString::fromUtf8(home.read(kLogFile)).split(u'\n', Qt::SkipEmptyParts);
+    ASSERT_FALSE(lines.isEmpty());
+    EXPECT_TRUE(lines.last().endsWith(u" last"_s));
+    for (const QString& line : lines)
+        EXPECT_TRUE(QRegularExpression(u"^"_s + kStamp + u"(a line from the shredding thread|last)$"_s).match(line).hasMatch())
+            << qPrintable(line);
 }
 
 TEST_F(ActivityLogTest, EachRunReplacesTheFileWhichEveryoneMayWrite)
