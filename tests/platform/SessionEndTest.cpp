@@ -31,8 +31,10 @@ TEST(SessionEnd, AppleEventsGoToTheLoginWindow)
     session.sendSessionEndEvent(SessionEnd::Restart);
     ASSERT_EQ(runner.calls.size(), 1);
     EXPECT_EQ(runner.calls[0], (QStringList{u"/usr/bin/osascript"_s, u"-e"_s,
-                                            u"tell application \"loginwindow\" to \u00abevent aevtrest\u00bb"_s}));
+                                            u"ignoring application responses\ntell application \"loginwindow\" to \u00abevent aevtrest\u00bb\n"
+                                            u"end ignoring"_s}));
     EXPECT_EQ(AppleEventSessionEnd::script(SessionEnd::LogOut),
-              u"tell application \"loginwindow\" to \u00abevent aevtrlgo\u00bb"_s);
+              u"ignoring application responses\ntell application \"loginwindow\" to \u00abevent aevtrlgo\u00bb\n"
+              u"end ignoring"_s);
     EXPECT_EQ(SessionEnd::eventId(SessionEnd::ShutDown), u"shut"_s);
 }

@@ -14,7 +14,9 @@ AppleEventSessionEnd::~AppleEventSessionEnd() = default;
 
 QString AppleEventSessionEnd::script(Action action)
 {
-    return u"tell application \"loginwindow\" to \u00abevent aevt%1\u00bb"_s.arg(eventId(action));
+    // Sent without waiting for a reply: the log-out must not hold the run up.
+    return u"ignoring application responses\ntell application \"loginwindow\" to \u00abevent aevt%1\u00bb\n"
+           u"end ignoring"_s.arg(eventId(action));
 }
 
 int AppleEventSessionEnd::sendSessionEndEvent(Action action)
