@@ -215,16 +215,32 @@ QByteArray FileAccess::moveAndRename(const QByteArray& path)
 {
     const QByteArray source = FileTree::standardized(path);
     const QByteArray holding = FileTree::join(FileTree::parentOf(source), HoldingFolder::nameNow());
-    ::mkdir(holding.constData(), 0777);
-
-    const QByteArray moved = FileTree::join(holding, FileTree::lastComponent(source));
-    if (::rename(source.constData(), moved.constData()) != 0) {
-        // Moving a folder to another parent rewrites its "..": it must be writable.
-        const bool retried = FileTree::isDirectory(source) && ::chmod(source.constData(), 0777) == 0 &&
-                             ::rename(source.constData(), moved.constData()) == 0;
-        if (!retried) {
-            ::rmdir(holding.constData());
-            return {};
+    // A folder set aside this very second already is the holding folder.
+    const auto leave = [&source](int error) {
+        ActivityLog::writeLogLine("Skip (Move failed: " + QByteArray(std::strerror(error)) + "): " + source);
+        return QByteArray();
+    };
+    if (source != holding) {
+        if (::mkdir(holding.constData(), 0777) != 0 && errno != EEXIST)
+            return leave(errno);
+        const QByteArray moved = FileTree::join(holding, FileTree::lastComponent(source));
+        if (::rename(source.constData(), moved.constData()) != 0) {
+            int error = errno;
+            // Moving a folder to another parent rewrites its "..": it must be writable.
+            struct stat info {};
+            bool retried = false;
+            if (::lstat(source.constData(), &info) == 0 && S_ISDIR(info.st_mode) &&
+                ::chmod(source.constData(), 0777) == 0) {
+                retried = ::rename(source.constData(), moved.constData()) == 0;
+                if (!retried) {
+                    error = errno;
+                    ::chmod(source.constData(), info.st_mode & 07777);
+                }
+            }
+            if (!retried) {
+                ::rmdir(holding.constData());
+                return leave(error);
+            }
         }
     }
 
@@ -287,10 +303,10 @@ void FileAccess::shredNativePaths(const QList<QByteArray>& paths)
     for (const QByteArray& path : paths) {
         if (!FileTree::exists(path))
             continue;
-        // An item that cannot be moved aside (its folder is read-only) is still
-        // overwritten, and removed where possible, where it stands.
+        // An item that cannot be moved aside (its folder is read-only) stays as it is.
         const QByteArray holding = moveAndRename(path);
-        FileTree::removeFileAtPath(holding.isEmpty() ? path : holding, *this);
+        if (!holding.isEmpty())
+            FileTree::removeFileAtPath(holding, *this);
     }
     showProgressOnMainThread(0);
     showFileNameOnMainThread(QString());

@@ -24,8 +24,9 @@ class Preferences;
 // display on the main thread, waiting for it. Failures never stop a run: a file
 // that cannot be opened is removed without being overwritten, an item that cannot
 // be renamed keeps its name, an item that resists removal is made writable and
-// removed again. A write that fails within a file's contents and an item that
-// stays in place are written to the activity log with the reason.
+// removed again. An item that cannot be moved aside is left exactly as it is. A
+// write that fails within a file's contents and an item that stays in place are
+// written to the activity log with the reason.
 class FileAccess final : public FileTree::RemovalHandler {
 public:
     static constexpr std::size_t kChunkSize = 131072;

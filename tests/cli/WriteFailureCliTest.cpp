@@ -211,10 +211,10 @@ TEST_F(WriteFailureCliTest, ReadOnlyFoldersAndFilesAreLeftWithTheReasonAndTheRun
 
     EXPECT_TRUE(hasLine(log, "Places Vantle X Database was not created."));
     EXPECT_EQ(home.read(kProfile + u"places.sqlite"_s), placesBytes);
-    // Overwritten where it stands, since it cannot go.
+    // It cannot be moved aside, so it stays exactly as it was.
     const QByteArray sessionStore = QFile::encodeName(home.file(kProfile + u"sessionstore.js"_s));
-    EXPECT_TRUE(hasLine(log, "Skip (Remove failed: Permission denied): " + sessionStore));
-    EXPECT_FALSE(home.read(kProfile + u"sessionstore.js"_s).contains("last session"));
+    EXPECT_TRUE(hasLine(log, "Skip (Move failed: Permission denied): " + sessionStore));
+    EXPECT_EQ(home.read(kProfile + u"sessionstore.js"_s), "the last session");
     EXPECT_TRUE(hasLine(log, "Shred: ~/Library/Application Support/Google/Chrome/Local State"));
     EXPECT_EQ(home.read(kLocalState), R"({"browser":{"last_known_version":"30.0"}})");
     EXPECT_FALSE(QFile::permissions(home.file(kLocalState)) & QFileDevice::WriteOwner);

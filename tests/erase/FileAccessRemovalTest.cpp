@@ -1,6 +1,7 @@
 #include "erase/EraseTestSupport.h"
 
 #include "erase/FileTree.h"
+#include "erase/HoldingFolder.h"
 #include "log/ActivityLog.h"
 #include "support/QtPrinters.h"
 
@@ -103,6 +104,22 @@ TEST_F(RemovalTest, EverythingIsRenamedBeforeAnyContentIsOverwritten)
     }
     EXPECT_TRUE(firstFile.contains("/Vantle X Items (")) << firstFile.constData();
     EXPECT_TRUE(kRandomName.match(QFile::decodeName(FileTree::lastComponent(firstFile))).hasMatch());
+    EXPECT_TRUE(QDir(home.file(u"Profile"_s)).isEmpty());
+}
+
+TEST_F(RemovalTest, AFileSetAsideThisSecondStillLosesItsNameBeforeItsContents)
+{
+    home.write(u"Profile/Local State.vantlex"_s, "old settings");
+    FileAccess& access = engine({{u"NumberOfWrites"_s, qint64(2)}});
+    QByteArray overwritten;
+    access.setPassObserverForTesting([&](const QByteArray& file, qint64, std::size_t, quint16) { overwritten = file; });
+
+    const QByteArray holding = HoldingFolder::setAside(path(u"Profile/Local State.vantlex"_s));
+    ASSERT_FALSE(holding.isEmpty());
+    access.shredNativePaths({holding});
+
+    EXPECT_TRUE(kRandomName.match(QFile::decodeName(FileTree::lastComponent(overwritten))).hasMatch())
+        << overwritten.constData();
     EXPECT_TRUE(QDir(home.file(u"Profile"_s)).isEmpty());
 }
 
@@ -275,7 +292,7 @@ void chownTree(const QString& path, uid_t uid, gid_t gid)
 
 } // namespace
 
-TEST_F(RemovalTest, WithoutPermissionItemsAreOverwrittenOrRemovedWherePossibleAndTheRunGoesOn)
+TEST_F(RemovalTest, WithoutPermissionItemsAreRemovedWherePossibleAndOthersLeftAsTheyAre)
 {
     if (::geteuid() != 0)
         GTEST_SKIP() << "needs root to act as another user";
@@ -297,6 +314,8 @@ TEST_F(RemovalTest, WithoutPermissionItemsAreOverwrittenOrRemovedWherePossibleAn
     ASSERT_TRUE(::link(path(u"p/w/theirs.txt"_s).constData(), path(u"theirs witness"_s).constData()) == 0);
     ASSERT_TRUE(::link(path(u"p/w/readonly.txt"_s).constData(), path(u"readonly witness"_s).constData()) == 0);
 
+    const QFileDevice::Permissions writableMode = QFileInfo(home.file(u"r/writable.txt"_s)).permissions();
+
     FileAccess& access = engine({{u"NumberOfWrites"_s, qint64(2)}, {u"OverwritePattern"_s, qint64(3)}});
     ActivityLog::openLog(home.file(u"log.txt"_s));
     EXPECT_EXIT(eraseAsUser(access, nobody, nogroup, {path(u"p/w"_s), path(u"r/writable.txt"_s)}),
@@ -306,10 +325,13 @@ TEST_F(RemovalTest, WithoutPermissionItemsAreOverwrittenOrRemovedWherePossibleAn
     EXPECT_TRUE(QDir(home.file(u"p"_s)).isEmpty());
     EXPECT_EQ(home.read(u"theirs witness"_s), "owned by root");          // could not be opened: removed as it was
     EXPECT_EQ(home.read(u"readonly witness"_s), QByteArray(18, '\0'));  // made writable, overwritten, removed
-    EXPECT_EQ(home.read(u"r/writable.txt"_s), QByteArray(46, '\0'));    // overwritten where it stands
+    // It cannot be moved aside: not a byte of it changes, nor its mode.
+    EXPECT_EQ(home.read(u"r/writable.txt"_s), "writable, not removable");
+    EXPECT_EQ(QFileInfo(home.file(u"r/writable.txt"_s)).permissions(), writableMode);
+    EXPECT_EQ(QDir(home.file(u"r"_s)).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+              QStringList{u"writable.txt"_s});
     // The one item left in place, with the reason.
     const QByteArray log = home.read(u"log.txt"_s);
     EXPECT_EQ(log.count("Skip ("), 1) << log.constData();
-    EXPECT_TRUE(
-        log.contains(" Skip (Remove failed: Permission denied): " + path(u"r/writable.txt"_s) + '\n'));
+    EXPECT_TRUE(log.contains(" Skip (Move failed: Permission denied): " + path(u"r/writable.txt"_s) + '\n'));
 }
