@@ -68,11 +68,21 @@ bool swap(const QString& liveDatabase, const QString& workDatabase, const QStrin
     // before it replaces the only other copy of what the user keeps.
     if (!syncPath(work, O_RDONLY))
         return false;
-    if (::link(live.constData(), aside.constData()) != 0)
-        return false;
-    if (::rename(work.constData(), live.constData()) != 0) {
-        ::unlink(aside.constData());
-        return false;
+    if (::link(live.constData(), aside.constData()) == 0) {
+        if (::rename(work.constData(), live.constData()) != 0) {
+            ::unlink(aside.constData());
+            return false;
+        }
+    } else {
+        // Without hard links (FAT volumes, network shares, another owner's file):
+        // the old file moves aside, the new one takes its place, and the old one
+        // comes back if it cannot.
+        if (::rename(live.constData(), aside.constData()) != 0)
+            return false;
+        if (::rename(work.constData(), live.constData()) != 0) {
+            ::rename(aside.constData(), live.constData());
+            return false;
+        }
     }
     syncPath(folder, O_RDONLY | O_DIRECTORY);
     return QFileInfo::exists(liveDatabase);
