@@ -80,6 +80,8 @@ void CleanerContext::queueLeftover(const QString& fullPath)
     if (::lstat(native.constData(), &status) != 0 || !S_ISREG(status.st_mode) || status.st_nlink > 1)
         return;
     const QByteArray holding = HoldingFolder::setAside(native);
-    if (!holding.isEmpty())
-        queue(QFile::decodeName(holding));
+    if (holding.isEmpty())
+        return;
+    log(u"Shred (left by an interrupted run): "_s + fullPath);
+    queue(QFile::decodeName(holding));
 }

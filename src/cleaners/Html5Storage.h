@@ -23,6 +23,7 @@ struct Html5Storage {
 };
 
 // Queues what the keep list and the HTML5 switch leave to erase, with the log's
-// Shred/Skip lines. A failed rebuild ends it, with only the rebuild's own lines
-// written: none of the storage is erased then.
+// Shred/Skip lines. A failed rebuild of the databases' index ends it with the
+// rebuild's own lines: no database is erased then, while the local storage
+// queued before it still is.
 void shredHtml5Storage(CleanerContext& context, const Html5Storage& storage);

@@ -238,9 +238,6 @@ void MailCleaners::localFolders(const QString& header, const QString& applicatio
     }
     const bool junk = mContext.setting(ShredAppleMailJunk);
     for (const QString& name : names) {
-        // A profile is a folder of the profiles folder, never a path leading out of it.
-        if (name.isEmpty() || name == u"."_s || name == u".."_s || name.contains(u'/'))
-            continue;
         const QString profile = profilesFolder + u'/' + name;
         if (!QFileInfo(profile).isDir())
             continue;

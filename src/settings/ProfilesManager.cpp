@@ -192,5 +192,11 @@ void ProfilesManager::doProfileMenuItem(Application application, int tag)
 
 QStringList ProfilesManager::selectedProfiles(const UserDefaults& defaults, const QString& expandedFolder)
 {
-    return toStringList(defaults.dictionaryForKey(kProfilesMenuDict).value(expandedFolder));
+    // A name is one folder inside the profiles folder: a hand-edited "../Documents"
+    // must not send the cleaners elsewhere.
+    QStringList names = toStringList(defaults.dictionaryForKey(kProfilesMenuDict).value(expandedFolder));
+    names.removeIf([](const QString& name) {
+        return name.isEmpty() || name == u"."_s || name == u".."_s || name.contains(u'/') || name.contains(QChar::Null);
+    });
+    return names;
 }

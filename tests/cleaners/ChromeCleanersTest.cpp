@@ -83,11 +83,13 @@ TEST_F(ChromeCleanersTest, ChromeFiveEditsLocalStateAndSaysSoInItsOwnWords)
     EXPECT_EQ(paths, (QStringList{profile(u"Extension Cookies"_s), home.file(localState + u".vantlex"_s),
                                   profile(u"Visited Links"_s)}));
 
-    // A damaged file gets the plain skip line and stays as it is.
+    // A damaged file gets the plain skip line and stays as it is. The old copy the
+    // last edit left (never erased here) is erased first, and said so.
     paths.clear();
     home.write(localState, "{damaged");
     const QStringList damaged = run([&] { cleaners.Chrome50(); });
-    EXPECT_EQ(damaged[2], u"Skip: ~/Library/Application Support/Google/Chrome/Local State"_s);
+    EXPECT_EQ(damaged[2], u"Shred (left by an interrupted run): "_s + home.file(localState + u".vantlex"_s));
+    EXPECT_EQ(damaged[3], u"Skip: ~/Library/Application Support/Google/Chrome/Local State"_s);
     EXPECT_EQ(home.read(localState), "{damaged");
 
     setAllKeys(false);

@@ -246,10 +246,11 @@ TEST_F(MailCleanersTest, PostboxAndThunderbirdCleanTheSelectedProfilesLocalFolde
     EXPECT_EQ(touches, (QStringList{x9 + u"/Mail/Local Folders/Junk"_s, y8 + u"/Mail/Local Folders/Junk"_s}));
     EXPECT_EQ(paths.size(), 4);
 
-    // A stored name that is not a plain folder name leads nowhere.
+    // A stored name that is not a plain folder name leads nowhere: it is no selection.
     paths.clear();
     select(thunderbird, {u".."_s, u"../Profiles/x9.default"_s});
-    EXPECT_EQ(run([&] { cleaners.Thunderbird15(); }), (QStringList{u"Thunderbird 1.5"_s, u""_s}));
+    EXPECT_EQ(run([&] { cleaners.Thunderbird15(); }),
+              (QStringList{u"Thunderbird 1.5"_s, u"No profiles selected in the Profiles menu"_s, u""_s}));
     EXPECT_TRUE(paths.isEmpty());
 }
 

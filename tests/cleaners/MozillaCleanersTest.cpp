@@ -109,7 +109,8 @@ TEST_F(MozillaCleanersTest, TheMozillaSuiteNeedsBothNamesEnabledAndItsOwnSelecti
     // The salt-folder walk over the selection: no profile line, one closing empty line; a
     // selected profile that is gone is passed over, one without its salt folder is said.
     makeFolder(u"Library/Mozilla/Profiles/other"_s);
-    select(u"Library/Mozilla/Profiles"_s, {u"gone"_s, u"default"_s, u"other"_s});
+    select(u"Library/Mozilla/Profiles"_s, {u"gone"_s, u"default"_s, u"other"_s, u"../../../Documents"_s, u".."_s});
+    makeFolder(u"Documents/letters.slt"_s);
     makeFolder(u"Library/Caches/Mozilla/Profiles/default"_s);
     const QString salt = home.file(u"Library/Mozilla/Profiles/default/ab.slt"_s);
     EXPECT_EQ(run([&] { cleaners.Mozilla(); }),
