@@ -1,6 +1,7 @@
 #include "gui/CustomProcessesPane.h"
 
 #include "gui/OpenPanel.h"
+#include "gui/PaneButton.h"
 #include "gui/PaneNote.h"
 #include "settings/PluginManager.h"
 #include "watch/CustomShred.h"
@@ -17,14 +18,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QPushButton* button(const QString& title, const char* name, QWidget* parent)
-{
-    auto* added = new QPushButton(title, parent);
-    added->setObjectName(QLatin1StringView(name));
-    added->setAutoDefault(false);
-    return added;
-}
 
 QString selectedValue(const QListWidget* list)
 {
@@ -61,9 +54,9 @@ CustomProcessesPane::CustomProcessesPane(CustomShred& custom, std::function<void
 {
     m_processTable = new QListWidget(this);
     m_processTable->setObjectName(u"mProcessTableView"_s);
-    m_addProcess = button(u"Add…"_s, "mAddProcessButton", this);
-    m_deleteProcess = button(u"Remove"_s, "mDeleteProcessButton", this);
-    m_disableProcess = button(u"Disable"_s, "mDisableProcessButton", this);
+    m_addProcess = paneButton(u"Add…"_s, "mAddProcessButton", this);
+    m_deleteProcess = paneButton(u"Remove"_s, "mDeleteProcessButton", this);
+    m_disableProcess = paneButton(u"Disable"_s, "mDisableProcessButton", this);
     auto* processButtons = new QHBoxLayout;
     processButtons->addWidget(m_addProcess);
     processButtons->addWidget(m_deleteProcess);
@@ -76,9 +69,9 @@ CustomProcessesPane::CustomProcessesPane(CustomShred& custom, std::function<void
 
     m_pathTable = new QListWidget(this);
     m_pathTable->setObjectName(u"mPathTableView"_s);
-    m_addPath = button(u"Add…"_s, "mAddPathButton", this);
-    m_deletePath = button(u"Remove"_s, "mDeletePathButton", this);
-    m_disablePath = button(u"Disable"_s, "mDisablePathButton", this);
+    m_addPath = paneButton(u"Add…"_s, "mAddPathButton", this);
+    m_deletePath = paneButton(u"Remove"_s, "mDeletePathButton", this);
+    m_disablePath = paneButton(u"Disable"_s, "mDisablePathButton", this);
     m_keepThisPath = new QCheckBox(u"Keep the folder: re-create it empty after shredding"_s, this);
     m_keepThisPath->setObjectName(u"mKeepThisPathCheckbox"_s);
     auto* pathButtons = new QHBoxLayout;

@@ -1,6 +1,7 @@
 #include "gui/PluginsPane.h"
 
 #include "gui/OpenPanel.h"
+#include "gui/PaneButton.h"
 #include "gui/PaneNote.h"
 #include "gui/PluginTableModel.h"
 #include "settings/PluginManager.h"
@@ -15,23 +16,6 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QPushButton* button(const QString& title, const char* name, QWidget* parent)
-{
-    auto* added = new QPushButton(title, parent);
-    added->setObjectName(QLatin1StringView(name));
-    added->setAutoDefault(false);
-    return added;
-}
-
-QString expandTilde(const QString& path)
-{
-    return path == u"~"_s || path.startsWith(u"~/"_s) ? QDir::homePath() + path.mid(1) : path;
-}
-
-} // namespace
 
 PluginsPane::PluginsPane(PluginManager& plugins, std::function<void()> beep, QWidget* parent)
     : QWidget(parent)
@@ -53,9 +37,9 @@ PluginsPane::PluginsPane(PluginManager& plugins, std::function<void()> beep, QWi
     m_pluginList->horizontalHeader()->setStretchLastSection(true);
     m_pluginList->setAlternatingRowColors(true);
 
-    m_addPlugin = button(u"Add"_s, "mAddPlugin", this);
-    m_deletePlugin = button(u"Remove"_s, "mDeletePlugin", this);
-    m_restoreDefault = button(u"Restore Default Paths"_s, "mRestoreDefault", this);
+    m_addPlugin = paneButton(u"Add"_s, "mAddPlugin", this);
+    m_deletePlugin = paneButton(u"Remove"_s, "mDeletePlugin", this);
+    m_restoreDefault = paneButton(u"Restore Default Paths"_s, "mRestoreDefault", this);
     auto* pluginButtons = new QHBoxLayout;
     pluginButtons->addWidget(m_addPlugin);
     pluginButtons->addWidget(m_deletePlugin);
@@ -69,8 +53,8 @@ PluginsPane::PluginsPane(PluginManager& plugins, std::function<void()> beep, QWi
 
     m_pluginPath = new QListWidget(this);
     m_pluginPath->setObjectName(u"mPluginPath"_s);
-    m_addPath = button(u"Add…"_s, "mAddPath", this);
-    m_deletePath = button(u"Remove"_s, "mDeletePath", this);
+    m_addPath = paneButton(u"Add…"_s, "mAddPath", this);
+    m_deletePath = paneButton(u"Remove"_s, "mDeletePath", this);
     auto* pathButtons = new QHBoxLayout;
     pathButtons->addWidget(m_addPath);
     pathButtons->addWidget(m_deletePath);
@@ -180,7 +164,7 @@ void PluginsPane::showPaths()
     m_pluginPath->clear();
     for (const QString& path : shown) {
         auto* item = new QListWidgetItem(path, m_pluginPath);
-        item->setToolTip(expandTilde(path));
+        item->setToolTip(PluginManager::expandTilde(path));
     }
 }
 

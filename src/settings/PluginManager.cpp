@@ -21,13 +21,6 @@ const QString kPaths = u"paths"_s;
 std::mutex gSharedMutex;
 std::unique_ptr<PluginManager> gShared;
 
-QString expandTilde(const QString& path)
-{
-    if (path == u"~"_s || path.startsWith(u"~/"_s))
-        return QDir::homePath() + path.mid(1);
-    return path;
-}
-
 bool isArray(const QVariant& value)
 {
     return value.typeId() == QMetaType::QVariantList || value.typeId() == QMetaType::QStringList;
@@ -227,6 +220,13 @@ bool PluginManager::setEnabled(qsizetype index, bool enabled)
     }
     save();
     return true;
+}
+
+QString PluginManager::expandTilde(const QString& path)
+{
+    if (path == u"~"_s || path.startsWith(u"~/"_s))
+        return QDir::homePath() + path.mid(1);
+    return path;
 }
 
 QString PluginManager::abbreviateTilde(const QString& path)

@@ -51,7 +51,9 @@ public:
     bool setName(qsizetype index, const QString& name);
     bool setEnabled(qsizetype index, bool enabled);
 
+    // A stored path with "~" for the home folder, and back.
     static QString abbreviateTilde(const QString& path);
+    static QString expandTilde(const QString& path);
 
 signals:
     void pluginsChanged();
