@@ -7,6 +7,7 @@
 #include "core/MainThread.h"
 #include "core/NotificationCenter.h"
 #include "core/Notifications.h"
+#include "erase/EraseQueue.h"
 #include "erase/FileAccess.h"
 #include "log/ActivityLog.h"
 #include "platform/ApplicationQuitter.h"
@@ -14,6 +15,7 @@
 #include "settings/PreferenceKeys.h"
 #include "settings/Preferences.h"
 #include "settings/ProfilesManager.h"
+#include "watch/CustomShred.h"
 
 #include <QFile>
 
@@ -306,18 +308,18 @@ void Controller::HandleFindingThread()
 
 void Controller::callCleaners()
 {
-    QStringList paths;
-    QStringList touches;
+    EraseQueue queue(mServices.preferences, mServices.dryRun);
     QVariantMap status = customStatus();
-    CleanerContext context(paths, touches, mIsRunning, status, mServices.preferences, mServices.dryRun);
+    CleanerContext context(queue, mIsRunning, status, mServices.preferences, mServices.dryRun,
+                           CustomShred::sharedInstance());
     quint8 logoutShutdownRestart = mLogoutShutdownRestart;
     CleanerDispatch(context, mServices.defaults, mServices.runner).run(mCustomIsRunning, logoutShutdownRestart);
     mLogoutShutdownRestart = logoutShutdownRestart;
 
     std::lock_guard lock(mListsMutex);
-    mPathArray.append(paths);
-    mTouchArray.append(touches);
-    mFoundPaths = paths;
+    mFoundPaths = queue.paths();
+    mPathArray.append(queue.takePaths());
+    mTouchArray.append(queue.takeTouches());
 }
 
 void Controller::showFailedKillOnMainThread(int count)

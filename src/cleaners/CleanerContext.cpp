@@ -1,24 +1,21 @@
 #include "cleaners/CleanerContext.h"
 
-#include "erase/HoldingFolder.h"
+#include "erase/EraseQueue.h"
 #include "log/ActivityLog.h"
 #include "settings/Preferences.h"
 
 #include <QDir>
-#include <QFile>
-
-#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
-CleanerContext::CleanerContext(QStringList& pathArray, QStringList& touchArray, const ApplicationFlags& isRunning,
-                               QVariantMap& customStatus, Preferences& preferences, bool dryRunOnly)
-    : mPathArray(pathArray)
-    , mTouchArray(touchArray)
-    , mIsRunning(isRunning)
+CleanerContext::CleanerContext(EraseQueue& queue, const ApplicationFlags& isRunning, QVariantMap& customStatus,
+                               Preferences& preferences, bool dryRunOnly, CustomPathSource* customPaths)
+    : mIsRunning(isRunning)
     , mCustomShredTHStatus(customStatus)
     , preferencesInstance(preferences)
     , dryRun(dryRunOnly)
+    , mQueue(queue)
+    , mCustomPaths(customPaths)
 {
 }
 
@@ -71,17 +68,15 @@ void CleanerContext::shredOrSkipFullPath(bool on, const QString& fullPath)
         queue(fullPath);
 }
 
+void CleanerContext::queue(const QString& fullPath)
+{
+    mQueue.erase(fullPath);
+}
+
 void CleanerContext::queueLeftover(const QString& fullPath)
 {
-    if (dryRun)
-        return;
-    const QByteArray native = QFile::encodeName(fullPath);
-    struct stat status {};
-    if (::lstat(native.constData(), &status) != 0 || !S_ISREG(status.st_mode) || status.st_nlink > 1)
-        return;
-    const QByteArray holding = HoldingFolder::setAside(native);
-    if (holding.isEmpty())
-        return;
-    log(u"Shred (left by an interrupted run): "_s + fullPath);
-    queue(QFile::decodeName(holding));
+    if (mQueue.setAside(fullPath))
+        log(u"Shred (left by an interrupted run): "_s + fullPath);
+    else
+        mQueue.eraseNow(fullPath);  // a second name of the live file, or nothing
 }

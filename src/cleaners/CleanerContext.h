@@ -10,6 +10,8 @@
 #include <functional>
 
 class ApplicationFlags;
+class CustomPathSource;
+class EraseQueue;
 class Preferences;
 
 // What a cleaner sees of a run, and the conventions every cleaner follows when
@@ -23,11 +25,9 @@ class Preferences;
 // Used on the run's finding thread only.
 class CleanerContext {
 public:
-    CleanerContext(QStringList& pathArray, QStringList& touchArray, const ApplicationFlags& isRunning,
-                   QVariantMap& customStatus, Preferences& preferences, bool dryRun = false);
+    CleanerContext(EraseQueue& queue, const ApplicationFlags& isRunning, QVariantMap& customStatus,
+                   Preferences& preferences, bool dryRun = false, CustomPathSource* customPaths = nullptr);
 
-    QStringList& mPathArray;
-    QStringList& mTouchArray;
     const ApplicationFlags& mIsRunning;
     QVariantMap& mCustomShredTHStatus;
     Preferences& preferencesInstance;
@@ -51,12 +51,16 @@ public:
     void shredOrSkip(bool on, const QString& tildePath);
     // "Shred: /full/path" and the path queued, or "Skip: /full/path".
     void shredOrSkipFullPath(bool on, const QString& fullPath);
-    void queue(const QString& fullPath) { mPathArray.append(fullPath); }
+    void queue(const QString& fullPath);
     // The old copy an interrupted run left of a file it rewrote (a database moved
     // aside, the old settings of a JSON edit): when it holds contents of its own
     // it is set aside and queued, to be erased rather than unlinked with its
-    // blocks left on the disk. A second name of the live file is left to the caller.
+    // blocks left on the disk. A second name of the live file is only removed.
     void queueLeftover(const QString& fullPath);
+    // What the run erases and re-creates, and where rewrites leave their old files.
+    EraseQueue& eraseQueue() const { return mQueue; }
+    // The custom processes' paths, when the run has any.
+    CustomPathSource* customPaths() const { return mCustomPaths; }
 
     // The shell through which browser databases are read and rebuilt.
     const SqliteShell& sqliteShell() const { return mSqliteShell; }
@@ -66,6 +70,8 @@ public:
     void setBrowserIsEnabledForTesting(std::function<bool(const QString&)> answer) { mIsEnabled = std::move(answer); }
 
 private:
+    EraseQueue& mQueue;
+    CustomPathSource* mCustomPaths;
     std::function<bool(const QString&)> mIsEnabled;
     SqliteShell mSqliteShell;
 };

@@ -2,18 +2,17 @@
 
 #include <QString>
 
-// The file steps of a database rebuild: clearing work files, starting the new
-// database from a template and putting it in place of the live one.
+class EraseQueue;
+
+// The file steps of a database rebuild: the work files, and the new database
+// started from a template. The new database takes the live one's place through
+// FileReplace, keeping the old contents aside for the erase engine.
 namespace DatabaseFiles {
 
-// Removes a work file an earlier run may have left, ignoring failures. A file
-// that still has another name (the live database, when a run was cut off inside
-// the swap) keeps its permissions.
-void removeWorkFile(const QString& path);
-
-// Removes a work database with its journals: a journal left by a shell killed
-// mid-transaction would otherwise be played back into the next run's new database.
-void removeWorkDatabase(const QString& path);
+// Erases a work database with its journals at once: a journal left by a shell
+// killed mid-transaction would otherwise be played back into the next run's new
+// database.
+void eraseWorkDatabase(EraseQueue& queue, const QString& path);
 
 // Writes a work script; a script cut short by a crash is simply written anew
 // by the next run.
@@ -23,11 +22,8 @@ bool writeWorkFile(const QString& path, const QByteArray& bytes);
 // permissions; false when the copy is not there afterwards.
 bool copyTemplate(const QString& templatePath, const QString& workDatabase, const QString& liveDatabase);
 
-// Puts workDatabase in place of liveDatabase and leaves the live database's old
-// contents under renamed, for the caller to erase. The live path always holds a
-// whole database: the old one is first linked to renamed, the new one made durable
-// and then renamed over it in one step. True when the new database is in place;
-// otherwise the live database is as it was and renamed does not exist.
+// Puts workDatabase in place of liveDatabase, the old contents left under
+// renamed for the caller to erase; false, with everything as it was, otherwise.
 bool swap(const QString& liveDatabase, const QString& workDatabase, const QString& renamed);
 
 } // namespace DatabaseFiles

@@ -1,13 +1,13 @@
 #include "cleaners/JsonPreferenceEdit.h"
 
-#include "core/AtomicFile.h"
+#include "core/FileReplace.h"
 
 #include <QFile>
 #include <QFileInfo>
 
 #include <nlohmann/json.hpp>
 
-#include <unistd.h>
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -39,14 +39,6 @@ std::optional<Json> readObject(const QString& file)
     return parsed;
 }
 
-// The old copy as a second name of the file itself, so that erasing it overwrites
-// the very blocks that held the old settings.
-bool linkOldCopy(const QByteArray& file, const QByteArray& oldCopy)
-{
-    ::unlink(oldCopy.constData());  // a copy left by an interrupted run
-    return ::link(file.constData(), oldCopy.constData()) == 0;
-}
-
 } // namespace
 
 QString oldCopyPath(const QString& file)
@@ -72,26 +64,24 @@ Result removeKey(const QString& file, const QString& key, bool requireKey, bool 
     }
 
     // A read-only file is replaced all the same (its folder decides), and the new one stays read-only.
-    const QFileDevice::Permissions permissions = QFileInfo(file).permissions();
+    struct stat status {};
+    const QByteArray nativeFile = QFile::encodeName(file);
+    if (::stat(nativeFile.constData(), &status) != 0)
+        return Result::ReadFailed;
     if (dryRun)
         return Result::Done;
 
-    const QByteArray nativeFile = QFile::encodeName(file);
-    const QByteArray nativeOld = QFile::encodeName(oldCopyPath(file));
-    if (linkOldCopy(nativeFile, nativeOld)) {
-        if (AtomicFile::write(file, text, permissions))
-            return Result::Done;
-        ::unlink(nativeOld.constData());
+    const FileReplace::Outcome outcome =
+        FileReplace::withBytes(nativeFile, text, status.st_mode & 07777, FileReplace::Strategy::KeepOld,
+                               QFile::encodeName(oldCopyPath(file)));
+    switch (outcome.step) {
+    case FileReplace::Step::None:
+        return Result::Done;
+    case FileReplace::Step::KeepOld:
+        return Result::RenameFailed;
+    default:
         return Result::WriteFailed;
     }
-
-    // Without hard links: move the file aside, then write; put it back on failure.
-    if (::rename(nativeFile.constData(), nativeOld.constData()) != 0)
-        return Result::RenameFailed;
-    if (AtomicFile::write(file, text, permissions))
-        return Result::Done;
-    ::rename(nativeOld.constData(), nativeFile.constData());
-    return Result::WriteFailed;
 }
 
 } // namespace JsonPreferenceEdit

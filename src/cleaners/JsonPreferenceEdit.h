@@ -6,9 +6,9 @@
 // old file beside it under the name "<file>.vantlex", to be erased: the browser
 // keeps its other settings, the old bytes go through the erase engine.
 //
-// The file is never missing, whatever happens: the old copy is made as a second
-// name of the same file, then the new text replaces the file in one rename. A
-// file that cannot be read, parsed or rewritten is left exactly as it was.
+// The file is never missing, whatever happens (FileReplace, keeping the old
+// copy). A file that cannot be read, parsed or rewritten is left exactly as it
+// was.
 namespace JsonPreferenceEdit {
 
 enum class Result {

@@ -3,6 +3,7 @@
 #include "cleaners/CleanerContext.h"
 #include "cleaners/MailCleanerTables.h"
 #include "cleaners/MailboxUrl.h"
+#include "erase/EraseQueue.h"
 #include "settings/PreferenceKeys.h"
 #include "settings/ProfilesManager.h"
 
@@ -198,7 +199,7 @@ void MailCleaners::handleMailAtPath(const QString& mailFolder, const QString& in
         mContext.log(mailbox.mailbox.isNull() ? kNoMailbox : mailbox.mailbox);
         mContext.log(mailbox.otherMailbox.isNull() ? kNoMailbox : mailbox.otherMailbox);
 
-        const auto queued = [&](const QString& path) { return !path.isNull() && mContext.mPathArray.contains(path); };
+        const auto queued = [&](const QString& path) { return !path.isNull() && mContext.eraseQueue().isQueued(path); };
         const bool erased = queued(mailbox.mailbox) || queued(mailbox.otherMailbox);
         const bool junkPath = mailbox.path.startsWith(u"/Junk"_s);
         const bool trashRow = (erased || startsWithAny(mailbox.path, kTrashPaths)) && !junkPath;
@@ -247,7 +248,7 @@ void MailCleaners::localFolders(const QString& header, const QString& applicatio
         block(junk, local, junkNames);
         // The client expects its junk mailbox: it is made again, empty, after the run.
         if (junk)
-            mContext.mTouchArray.append(local + u"/Junk"_s);
+            mContext.eraseQueue().touch(local + u"/Junk"_s);
     }
     mContext.endCleaner();
 }

@@ -5,6 +5,7 @@
 #include "cleaners/SchemaDigest.h"
 #include "cleaners/SqliteShell.h"
 #include "core/Bundle.h"
+#include "erase/EraseQueue.h"
 #include "settings/PreferenceKeys.h"
 
 #include <QDir>
@@ -47,10 +48,10 @@ struct WorkFiles {
     }
     QString database, schema, source, destination, renamed;
 
-    void removeScripts() const
+    void eraseScripts(EraseQueue& queue) const
     {
         for (const QString& file : {schema, source, destination})
-            DatabaseFiles::removeWorkFile(file);
+            queue.eraseNow(file);
     }
 };
 
@@ -93,9 +94,8 @@ QString PlacesScrub::firefox3sqlite(const QString& placesFile)
     const WorkFiles work(folder);
     if (!mContext.dryRun) {
         mContext.queueLeftover(work.renamed);
-        DatabaseFiles::removeWorkDatabase(work.database);
-        for (const QString& leftOver : {work.renamed, work.schema, work.source, work.destination})
-            DatabaseFiles::removeWorkFile(leftOver);
+        DatabaseFiles::eraseWorkDatabase(mContext.eraseQueue(), work.database);
+        work.eraseScripts(mContext.eraseQueue());
     }
 
     const QString schema = mShell.schema(placesFile);
@@ -123,9 +123,9 @@ QString PlacesScrub::firefox3sqlite(const QString& placesFile)
     }
 
     copyRows(placesFile, work.database, folder.path());
-    work.removeScripts();
+    work.eraseScripts(mContext.eraseQueue());
     if (!keptRowsArrived(placesFile, work.database)) {
-        DatabaseFiles::removeWorkDatabase(work.database);
+        DatabaseFiles::eraseWorkDatabase(mContext.eraseQueue(), work.database);
         return fail(u"Places Vantle X Database lost rows while it was rebuilt - not replaced."_s);
     }
     if (!DatabaseFiles::swap(placesFile, work.database, work.renamed))

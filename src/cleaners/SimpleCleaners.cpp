@@ -2,8 +2,7 @@
 
 #include "cleaners/CleanerContext.h"
 #include "cleaners/SimpleCleanerTables.h"
-#include "core/NotificationCenter.h"
-#include "core/Notifications.h"
+#include "erase/EraseQueue.h"
 #include "settings/PluginManager.h"
 #include "settings/PreferenceKeys.h"
 
@@ -50,9 +49,8 @@ void SimpleCleaners::CustomFiles()
         if (it.value().toMap().value(u"isrunning"_s).toLongLong() != 0)
             continue;
         mContext.log(it.key());
-        const QVariantMap object{{u"process"_s, it.key()},
-                                 {u"mPathArray"_s, QVariant::fromValue(PathListRef{&mContext.mPathArray})}};
-        NotificationCenter::defaultCenter().post(Notifications::VantleCustoShredNotification, object);
+        if (CustomPathSource* source = mContext.customPaths())
+            source->handOverPaths(it.key(), mContext.eraseQueue());
         mContext.endCleaner();
     }
     mContext.endCleaner();

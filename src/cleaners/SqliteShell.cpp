@@ -82,8 +82,8 @@ QString SqliteShell::firefox3ReplicateTable(const QString& table, const QString&
                                             const QString& destDB, const QString& sourceWorkFile,
                                             const QString& destWorkFile, bool stripQuotes) const
 {
-    DatabaseFiles::removeWorkFile(sourceWorkFile);
-    DatabaseFiles::removeWorkFile(destWorkFile);
+    // Both work files are written anew (the shell's .output truncates); the caller
+    // erases them once the rebuild is done.
     const QString script = u".mode insert %1\n.output %2\n%3"_s.arg(table, quoted(destWorkFile), usingQuery);
     if (!DatabaseFiles::writeWorkFile(sourceWorkFile, script.toUtf8()))
         return QString();

@@ -5,6 +5,7 @@
 #include "cleaners/SchemaDigest.h"
 #include "cleaners/SqliteShell.h"
 #include "core/Bundle.h"
+#include "erase/EraseQueue.h"
 #include "settings/HTML5Manager.h"
 
 #include <QDir>
@@ -86,10 +87,9 @@ public:
         const QString schemaFile = file(mStore.schema);
         if (!mContext.dryRun) {
             mContext.queueLeftover(renamed);
-            DatabaseFiles::removeWorkDatabase(work);
-            for (const QString& leftOver :
-                 {renamed, schemaFile, file(mStore.source), file(mStore.destination)})
-                DatabaseFiles::removeWorkFile(leftOver);
+            DatabaseFiles::eraseWorkDatabase(mContext.eraseQueue(), work);
+            for (const QString& leftOver : {schemaFile, file(mStore.source), file(mStore.destination)})
+                mContext.eraseQueue().eraseNow(leftOver);
         }
 
         const QString schema = mShell.schema(mPath);
@@ -115,9 +115,9 @@ public:
             },
             workDigest);
         for (const QString& script : {schemaFile, file(mStore.source), file(mStore.destination)})
-            DatabaseFiles::removeWorkFile(script);
+            mContext.eraseQueue().eraseNow(script);
         if (mShell.firefox3ExecuteSQL(u"PRAGMA quick_check;"_s, work).trimmed() != u"ok"_s) {
-            DatabaseFiles::removeWorkDatabase(work);
+            DatabaseFiles::eraseWorkDatabase(mContext.eraseQueue(), work);
             return fail(u"Rebuilt database is damaged - not replaced."_s);
         }
         return DatabaseFiles::swap(mPath, work, renamed) ? renamed : QString();

@@ -75,12 +75,11 @@ int erase(const EraseOptions& options)
         }
     }
 
-    std::unique_ptr<TerminalProgress> progress;
-    if (!options.quiet && ::isatty(STDERR_FILENO))
-        progress = std::make_unique<TerminalProgress>(stderr);
+    // Warnings are printed even where no bar is drawn.
+    TerminalProgress progress(stderr, !options.quiet && ::isatty(STDERR_FILENO));
     QElapsedTimer whole;
     whole.start();
-    FileAccess engine(Preferences::sharedInstance(), progress.get());
+    FileAccess engine(Preferences::sharedInstance(), &progress);
     engine.shredNativePaths(existing);
     // The overwriting alone, beside the whole erase: what a plain write of the same bytes compares with.
     if (options.timing) {

@@ -9,8 +9,9 @@ constexpr int kNameWidth = 40;
 
 } // namespace
 
-TerminalProgress::TerminalProgress(FILE* terminal)
+TerminalProgress::TerminalProgress(FILE* terminal, bool drawBar)
     : m_terminal(terminal)
+    , m_drawBar(drawBar)
 {
 }
 
@@ -37,8 +38,18 @@ void TerminalProgress::showFileName(const QString& name)
     redraw();
 }
 
+void TerminalProgress::showWarning(const QString& text)
+{
+    std::fputs(((m_drawn ? u"\r\x1b[K"_s : QString()) + text + u'\n').toUtf8().constData(), m_terminal);
+    std::fflush(m_terminal);
+    if (m_drawn)
+        redraw();
+}
+
 void TerminalProgress::redraw()
 {
+    if (!m_drawBar)
+        return;
     const int percent = qBound(0, m_percent, 100);
     const int filled = percent * kBarWidth / 100;
     QString name = m_name;

@@ -41,6 +41,14 @@ void TerminalView::setItemText(const QString& text)
         m_progress->showFileName(text);
 }
 
+void TerminalView::showWarning(const QString& text)
+{
+    if (m_progress)
+        m_progress->showWarning(text);
+    else
+        printErr(text + u'\n');
+}
+
 void TerminalView::endProgressLine()
 {
     if (m_progress)

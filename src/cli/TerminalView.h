@@ -25,6 +25,7 @@ public:
     void setProgressIndeterminate(bool) override {}
     void setProgressAnimating(bool) override {}
     void setItemText(const QString& text) override;
+    void showWarning(const QString& text) override;
     void setWatchStatusText(const QString& text) override;
     void setApplicationLabelColor(WatchedApp application, LabelColor color) override;
     void setCustomRunningCount(int, LabelColor) override {}

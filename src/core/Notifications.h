@@ -9,18 +9,10 @@
 namespace Notifications {
 // End of every run.
 inline constexpr QLatin1StringView VantleShreddingDoneNotification{"VantleShreddingDoneNotification"};
-// A custom process's paths are wanted: object {"process": name, "mPathArray": PathListRef}.
-inline constexpr QLatin1StringView VantleCustoShredNotification{"VantleCustoShredNotification"};
 // The custom-process status dictionary: object {"mCustomShredTHStatus": StatusMapRef}.
 inline constexpr QLatin1StringView OrvickInitTHStatusNotification{"OrvickInitTHStatusNotification"};
 inline constexpr QLatin1StringView OrvickCopyAndClearTHStatusNotification{"OrvickCopyAndClearTHStatusNotification"};
 } // namespace Notifications
-
-// A run's path list handed through a notification, so that an observer can append to it.
-struct PathListRef {
-    QStringList* paths = nullptr;
-};
-Q_DECLARE_METATYPE(PathListRef)
 
 // The watch's custom-process status handed through a notification, so that an
 // observer can fill or update it in place.

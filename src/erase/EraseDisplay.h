@@ -9,4 +9,7 @@ public:
     virtual ~EraseDisplay() = default;
     virtual void showProgress(double percent) = 0;
     virtual void showFileName(const QString& name) = 0;
+    // A run's warning about what overwriting cannot reach; shown beside the log
+    // by the front ends that have somewhere to show it.
+    virtual void showWarning(const QString& text) { Q_UNUSED(text); }
 };

@@ -2,6 +2,8 @@
 
 #include "core/MainThread.h"
 #include "core/ProcessRandom.h"
+#include "erase/CopyOnWrite.h"
+#include "erase/DeviceWriter.h"
 #include "erase/EraseDisplay.h"
 #include "erase/HoldingFolder.h"
 #include "erase/OverwriteSchedule.h"
@@ -13,12 +15,12 @@
 #include <QFile>
 #include <QSet>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstring>
-#include <memory>
 
 using namespace OverwriteSchedule;
 
@@ -27,8 +29,9 @@ namespace {
 constexpr char kNameAlphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789AB";
 static_assert(sizeof kNameAlphabet == 65);
 
-struct StreamCloser {
-    void operator()(FILE* stream) const { std::fclose(stream); }
+struct DescriptorCloser {
+    int fd;
+    ~DescriptorCloser() { ::close(fd); }
 };
 
 // Holding folders beside the paths of this run that an interrupted run left,
@@ -121,15 +124,13 @@ void FileAccess::applyMethods(const Settings& settings, quint16 k)
     }
 }
 
-int FileAccess::writePass(FILE* stream, const QByteArray& path, std::size_t length, quint16 k)
+int FileAccess::writePass(DeviceWriter& writer, const QByteArray& path, qint64 start, std::size_t length, quint16 k)
 {
-    const qint64 offset = mPassObserver ? qint64(::ftello(stream)) : 0;
-    // A short or failed write does not stop the passes: there is nothing better to do with this file.
-    errno = 0;
-    const bool written = std::fwrite(mBuffer.data(), 1, length, stream) == length && std::fflush(stream) == 0;
-    const int error = written ? 0 : (errno != 0 ? errno : EIO);
+    // The bytes must be on the device before the next pass over them, or the
+    // page cache would keep only the last pass.
+    const int error = writer.write(mBuffer.data(), length, off_t(start), k != 1);
     if (mPassObserver)
-        mPassObserver(path, offset, length, k);
+        mPassObserver(path, start, length, k);
     return error;
 }
 
@@ -141,41 +142,51 @@ void FileAccess::showRunProgress()
 
 void FileAccess::shredOneFile(const QByteArray& path)
 {
+    overwrite(path, true);
+}
+
+void FileAccess::overwriteWorkFile(const QByteArray& path)
+{
+    overwrite(path, false);
+}
+
+void FileAccess::overwrite(const QByteArray& path, bool logName)
+{
     const Settings settings = readSettings();
 
     struct stat info {};
     if (::stat(path.constData(), &info) != 0)
         return;
     const QByteArray name = FileTree::lastComponent(path);
-    const std::unique_ptr<FILE, StreamCloser> stream(std::fopen(path.constData(), "r+"));
-    if (!stream)
+    const int fd = ::open(path.constData(), O_RDWR | O_CLOEXEC);
+    if (fd < 0)
         return;
-    // Unbuffered: each 128 KiB pass goes to the kernel in one write, not split around a stdio buffer.
-    std::setvbuf(stream.get(), nullptr, _IONBF, 0);
+    const DescriptorCloser closer{fd};
+    DeviceWriter writer(fd);
 
     quint64 remaining = quint64(info.st_size);
-    showFileNameOnMainThread(QFile::decodeName(name));
-    ActivityLog::writeLogLine(name);
+    if (logName) {
+        showFileNameOnMainThread(QFile::decodeName(name));
+        ActivityLog::writeLogLine(name);
+    }
 
     mOverwritePattern = settings.pattern;
     randomize();
 
     std::size_t chunk = 0;
+    qint64 chunkStart = 0;
     int failure = 0;
     do {
         randomizeName();
         chunk = remaining >= kChunkSize ? kChunkSize : std::size_t(remaining);
         mDeepShreddedSize += chunk;
         remaining -= chunk;
-
-        fpos_t chunkStart;
-        std::fgetpos(stream.get(), &chunkStart);
         showRunProgress();
 
         quint16 k = passCount(settings);
         for (;;) {
             applyMethods(settings, k);
-            const int error = writePass(stream.get(), path, chunk, k);
+            const int error = writePass(writer, path, chunkStart, chunk, k);
             if (failure == 0)
                 failure = error;
             --k;
@@ -185,25 +196,28 @@ void FileAccess::shredOneFile(const QByteArray& path)
             }
             if (k == 0)
                 break;
-            std::fsetpos(stream.get(), &chunkStart);
         }
+        chunkStart += qint64(chunk);
     } while (remaining > 0);
-    // The file is removed all the same; what could not be overwritten is said.
-    if (failure != 0)
-        ActivityLog::writeLogLine("Overwrite failed (" + QByteArray(std::strerror(failure)) + "): " + path);
 
-    // Past the old end: the file grows by its last chunk, and that too is overwritten.
-    fpos_t end;
-    std::fgetpos(stream.get(), &end);
+    // Past the old end: the file grows by its last chunk, and that too is
+    // overwritten. A failure there leaves no old contents behind, so it goes unsaid.
+    const qint64 end = chunkStart;
     quint16 k = passCount(settings);
     do {
         mOverwritePattern = settings.pattern;
         randomize();
         applyMethods(settings, k);
-        writePass(stream.get(), path, chunk, k);
+        writePass(writer, path, end, chunk, k);
         --k;
-        std::fsetpos(stream.get(), &end);
     } while (k != 0);
+
+    // The file is removed all the same; what could not be overwritten is said.
+    const int synced = writer.finish();
+    if (failure == 0)
+        failure = synced;
+    if (failure != 0)
+        ActivityLog::writeLogLine("Overwrite failed (" + QByteArray(std::strerror(failure)) + "): " + path);
 }
 
 quint64 FileAccess::sizeInBytes(const QByteArray& path) const
@@ -257,6 +271,17 @@ QByteArray FileAccess::moveAndRename(const QByteArray& path)
         if (FileTree::isDirectory(item))
             ::rename(item.constData(), FileTree::join(FileTree::parentOf(item), mName.data()).constData());
     }
+
+    // The random names reach the disk before any contents are overwritten: a
+    // crash must not leave the old name on a half-overwritten file.
+    for (const QByteArray& relative : FileTree::subpaths(holding)) {
+        const QByteArray item = FileTree::join(holding, relative);
+        struct stat info {};
+        if (::lstat(item.constData(), &info) == 0 && S_ISDIR(info.st_mode))
+            syncFolder(item);
+    }
+    syncFolder(holding);
+    syncFolder(FileTree::parentOf(source));
     return holding;
 }
 
@@ -291,10 +316,14 @@ void FileAccess::shredNativePaths(const QList<QByteArray>& paths)
     mDeepPathSize = 0;
     mDeepShreddedSize = 0;
     const QList<QByteArray> leftOvers = leftOverHoldingFolders(paths);
+    QList<QByteArray> existing;
     for (const QByteArray& path : leftOvers + paths) {
-        if (FileTree::exists(path))
+        if (FileTree::exists(path)) {
             mDeepPathSize += sizeInBytes(path);
+            existing.append(path);
+        }
     }
+    warnOfCopyOnWrite(existing);
     // Their items already bear random names: they are overwritten and removed where they are.
     for (const QByteArray& folder : leftOvers) {
         ActivityLog::writeLogLine("Shred (left by an interrupted run): " + folder);
@@ -310,6 +339,26 @@ void FileAccess::shredNativePaths(const QList<QByteArray>& paths)
     }
     showProgressOnMainThread(0);
     showFileNameOnMainThread(QString());
+}
+
+void FileAccess::warnOfCopyOnWrite(const QList<QByteArray>& paths)
+{
+    QSet<QByteArray> folders;
+    QSet<QString> named;
+    for (const QByteArray& path : paths) {
+        const QByteArray folder = FileTree::parentOf(path);
+        if (folders.contains(folder))
+            continue;
+        folders.insert(folder);
+        const QString fileSystem = CopyOnWrite::fileSystemAt(folder);
+        if (fileSystem.isEmpty() || named.contains(fileSystem))
+            continue;
+        named.insert(fileSystem);
+        const QString text = CopyOnWrite::warning(fileSystem, path);
+        ActivityLog::writeLogLine(text);
+        if (mDisplay)
+            runOnMainThread([this, &text] { mDisplay->showWarning(text); }, true);
+    }
 }
 
 void FileAccess::shredDroppedFile(QStringList& paths)

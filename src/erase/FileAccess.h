@@ -6,9 +6,9 @@
 #include <QStringList>
 
 #include <array>
-#include <cstdio>
 #include <functional>
 
+class DeviceWriter;
 class EraseDisplay;
 class Preferences;
 
@@ -20,13 +20,20 @@ class Preferences;
 // before their contents. Holding folders that an interrupted run left beside the
 // paths are erased first.
 //
+// Every pass reaches the device before the next pass over the same bytes, and the
+// last one before the file is unlinked (DeviceWriter); the new names are synced
+// before any contents are overwritten, so a crash leaves either the old name with
+// the old contents or a random name. On a file system that writes changes to new
+// blocks, overwriting cannot reach the old ones: the run says so, once per file
+// system.
+//
 // Lives on the thread that shreds (one run at a time); shows progress through the
 // display on the main thread, waiting for it. Failures never stop a run: a file
 // that cannot be opened is removed without being overwritten, an item that cannot
 // be renamed keeps its name, an item that resists removal is made writable and
 // removed again. An item that cannot be moved aside is left exactly as it is. A
-// write that fails within a file's contents and an item that stays in place are
-// written to the activity log with the reason.
+// write or sync that fails within a file's contents and an item that stays in
+// place are written to the activity log with the reason.
 class FileAccess final : public FileTree::RemovalHandler {
 public:
     static constexpr std::size_t kChunkSize = 131072;
@@ -40,6 +47,9 @@ public:
 
     // Overwrites the file's contents in place; the file stays where it is.
     void shredOneFile(const QByteArray& path);
+    // The same without naming the file in the log: a rewrite's work file, whose
+    // name says nothing of the user.
+    void overwriteWorkFile(const QByteArray& path);
 
     // Wall time spent overwriting file contents so far, in nanoseconds; the rest
     // of an erase is moving, renaming and removal.
@@ -64,7 +74,7 @@ public:
     void showProgressOnMainThread(double percent);
     void showFileNameOnMainThread(const QString& name);
 
-    // Called after each pass is flushed: the file, where the pass began, how many
+    // Called after each pass is written: the file, where the pass began, how many
     // bytes it wrote and the pass number k (counting down to 1).
     using PassObserver = std::function<void(const QByteArray& path, qint64 start, std::size_t length, quint16 k)>;
     void setPassObserverForTesting(PassObserver observer) { mPassObserver = std::move(observer); }
@@ -81,15 +91,20 @@ private:
     quint16 passCount(const Settings& settings) const;
     // Puts the DoD or NSA pattern of pass k in the buffer, as the methods ask.
     void applyMethods(const Settings& settings, quint16 k);
+    void overwrite(const QByteArray& path, bool logName);
     // 0, or the error that cut the pass short.
-    int writePass(FILE* stream, const QByteArray& path, std::size_t length, quint16 k);
+    int writePass(DeviceWriter& writer, const QByteArray& path, qint64 start, std::size_t length, quint16 k);
     void showRunProgress();
+    // One line to the log and the display for each file system among the paths'
+    // folders on which overwriting cannot reach the old blocks.
+    void warnOfCopyOnWrite(const QList<QByteArray>& paths);
 
     Preferences& preferencesInstance;
     EraseDisplay* mDisplay;
 
-    // Only the first 131,072 bytes (65,536 words) are ever filled and written.
-    alignas(64) std::array<quint16, 65537> mBuffer{};
+    // Only the first 131,072 bytes (65,536 words) are ever filled and written;
+    // aligned for writes that go straight to the device.
+    alignas(4096) std::array<quint16, 65537> mBuffer{};
     std::array<char, 33> mName{};
     quint64 mDeepPathSize = 0;
     quint64 mDeepShreddedSize = 0;

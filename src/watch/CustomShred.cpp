@@ -2,6 +2,7 @@
 
 #include "core/NotificationCenter.h"
 #include "core/Notifications.h"
+#include "erase/EraseQueue.h"
 #include "log/ActivityLog.h"
 #include "settings/UserDefaults.h"
 
@@ -52,10 +53,6 @@ CustomShred::CustomShred(UserDefaults& defaults, QObject* parent)
                                          if (QVariantMap* status = statusOf(o))
                                              copyAndClearStatus(*status);
                                      });
-    mObservers << center.addObserver(Notifications::VantleCustoShredNotification, [this](const QVariantMap& o) {
-        if (QStringList* paths = o.value(u"mPathArray"_s).value<PathListRef>().paths)
-            handOverPaths(o.value(u"process"_s).toString(), *paths);
-    });
     mObservers << center.addObserver(Notifications::VantleShreddingDoneNotification,
                                      [this](const QVariantMap&) { recreateKeptFolders(); });
 }
@@ -233,13 +230,13 @@ void CustomShred::copyAndClearStatus(QVariantMap& status)
     }
 }
 
-void CustomShred::handOverPaths(const QString& process, QStringList& pathArray)
+void CustomShred::handOverPaths(const QString& process, EraseQueue& queue)
 {
     std::lock_guard lock(mMutex);
     for (const QVariant& item : mProcessDictionary.value(process).toList()) {
         const QString path = item.toMap().value(kPath).toString();
         ActivityLog::writeLogLine(path);
-        pathArray.append(path);
+        queue.erase(path);
     }
 }
 

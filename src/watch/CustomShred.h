@@ -1,5 +1,7 @@
 #pragma once
 
+#include "erase/EraseQueue.h"
+
 #include <QObject>
 #include <QStringList>
 #include <QVariantList>
@@ -13,9 +15,10 @@ class UserDefaults;
 // when it quits. Stored as one archived dictionary under mProcessDictionary:
 // process string -> list of entries {path, keep (folders only)}.
 //
-// Talks to the watch, the cleaners and the run only through notifications,
-// which may come on any thread; the edits come from the main thread.
-class CustomShred : public QObject {
+// Talks to the watch and the run through notifications, and hands its paths to
+// a run's queue when the custom-processes cleaner asks; both may come on any
+// thread. The edits come from the main thread.
+class CustomShred : public QObject, public CustomPathSource {
     Q_OBJECT
 
 public:
@@ -44,6 +47,8 @@ public:
     static QByteArray archive(const QVariantMap& dictionary);
     static QVariantMap unarchive(const QByteArray& data);
 
+    void handOverPaths(const QString& process, EraseQueue& queue) override;
+
 signals:
     void processesChanged();
 
@@ -51,7 +56,6 @@ private:
     void save();
     void initStatus(QVariantMap& status);
     void copyAndClearStatus(QVariantMap& status);
-    void handOverPaths(const QString& process, QStringList& pathArray);
     void recreateKeptFolders();
     qsizetype indexOfPath(const QVariantList& entries, const QString& path) const;
 

@@ -60,7 +60,7 @@ TEST_F(ChromeCleanersTest, ChromeFourTakesHistoryEntriesWholeWithoutDescending)
     EXPECT_EQ(paths.size(), 16);
     EXPECT_FALSE(paths.contains(profile(u"Bookmarks"_s)));
 
-    paths.clear();
+    queue.takePaths();
     setAllKeys(false);
     const QStringList skipped = run([&] { cleaners.Chrome40(); });
     EXPECT_EQ(skipped.size(), 18);
@@ -85,7 +85,7 @@ TEST_F(ChromeCleanersTest, ChromeFiveEditsLocalStateAndSaysSoInItsOwnWords)
 
     // A damaged file gets the plain skip line and stays as it is. The old copy the
     // last edit left (never erased here) is erased first, and said so.
-    paths.clear();
+    queue.takePaths();
     home.write(localState, "{damaged");
     const QStringList damaged = run([&] { cleaners.Chrome50(); });
     EXPECT_EQ(damaged[2], u"Shred (left by an interrupted run): "_s + home.file(localState + u".vantlex"_s));
@@ -117,7 +117,7 @@ TEST_F(ChromeCleanersTest, ChromeSeventeenNeedsTheKeyAndKeepsTopSitesWhenAsked)
                                                     }));
     EXPECT_EQ(home.read(kProfile + u"Preferences"_s), R"({"homepage":"x"})");
 
-    paths.clear();
+    queue.takePaths();
     home.write(kProfile + u"Preferences"_s, kPreferences);
     setKey(PreferenceKey::KeepSafariTopSites, false);
     const QStringList lines = run([&] { cleaners.Chrome170(); });
@@ -152,7 +152,7 @@ TEST_F(ChromeCleanersTest, OldSettingsAnInterruptedEditLeftAreErasedNotUnlinked)
 
     // Killed between the two steps of the edit: the old copy is a second name of
     // the settings themselves, which are edited as usual.
-    paths.clear();
+    queue.takePaths();
     home.write(kProfile + u"Preferences"_s, kPreferences);
     ASSERT_EQ(::link(QFile::encodeName(profile(u"Preferences"_s)).constData(),
                      QFile::encodeName(profile(u"Preferences.vantlex"_s)).constData()),
@@ -171,7 +171,7 @@ TEST_F(ChromeCleanersTest, ChromeThirtyAndTheGate)
               (QStringList{u"Chrome 30.0"_s, u"Shred: "_s + home.file(u"Library/Caches/Google/Chrome"_s),
                            u"Shred: "_s + home.file(u"Library/Saved Application State/com.google.Chrome.savedState"_s),
                            u""_s}));
-    paths.clear();
+    queue.takePaths();
     disable(u"Chrome"_s);
     EXPECT_EQ(run([&] {
                   cleaners.Chrome40();

@@ -2,6 +2,7 @@
 
 #include "cleaners/CleanerContext.h"
 #include "core/ApplicationFlags.h"
+#include "erase/EraseQueue.h"
 #include "log/ActivityLog.h"
 #include "settings/PreferenceKeys.h"
 #include "settings/Preferences.h"
@@ -24,7 +25,8 @@ protected:
     CleanerFixture()
         : defaults(UserDefaults::defaultFilePath())
         , preferences(defaults, loginItem)
-        , context(paths, touches, isRunning, customStatus, preferences)
+        , queue(preferences)
+        , context(queue, isRunning, customStatus, preferences)
     {
     }
 
@@ -79,8 +81,9 @@ protected:
     FakeLoginItem loginItem;
     UserDefaults defaults;
     Preferences preferences;
-    QStringList paths;
-    QStringList touches;
+    EraseQueue queue;
+    const QStringList& paths = queue.paths();
+    const QStringList& touches = queue.touches();
     ApplicationFlags isRunning;
     QVariantMap customStatus;
     CleanerContext context;

@@ -81,7 +81,7 @@ TEST_F(DatabaseCleanersTest, FirefoxProfilesRebuildPlacesAndWebStorage)
     EXPECT_EQ(bookmarks(kProfiles + u"/a1.default/places.sqlite"_s), QStringList{u"Kept"_s});
 
     // Everything off: places is not opened, and the downloads skip names its file twice.
-    paths.clear();
+    queue.takePaths();
     setAllKeys(false);
     html5->setEnabled();
     const QByteArray places = home.read(kProfiles + u"/a1.default/places.sqlite"_s);
@@ -114,7 +114,7 @@ TEST_F(DatabaseCleanersTest, CaminoTwoOneRebuildsPlacesAndTakesTheJournal)
     EXPECT_EQ(paths, (QStringList{home.file(u"Library/Application Support/Camino/places.renamed.sqlite"_s),
                                   places + u"-journal"_s}));
 
-    paths.clear();
+    queue.takePaths();
     setKey(PreferenceKey::shredSafariFavicon, false);
     setKey(PreferenceKey::ShredHistory, false);
     EXPECT_EQ(run([&] { mozilla.Camino21(); }), (QStringList{u"Camino 2.1"_s, u"Skip:"_s, places, places + u"-journal"_s}));
@@ -149,7 +149,7 @@ TEST_F(DatabaseCleanersTest, SafariFiveErasesTheStorageOfSitesNotKept)
     // local storage found before it is queued.
     for (const QString& folder : {u"LocalStorage"_s, u"Databases"_s})
         QFile::remove(home.file(u"Library/Safari/%1/renamed.sqlite"_s.arg(folder)));  // as the erase would
-    paths.clear();
+    queue.takePaths();
     QFile::remove(home.file(u"Library/Safari/Databases/Databases.db"_s));
     database(u"Library/Safari/Databases/Databases.db"_s, u"chrome-databases.sql"_s);
     const QStringList lines = run([&] { safari.Safari50(); });
@@ -158,7 +158,7 @@ TEST_F(DatabaseCleanersTest, SafariFiveErasesTheStorageOfSitesNotKept)
     EXPECT_EQ(lines[4], QString());
     EXPECT_EQ(paths.size(), 2);
 
-    paths.clear();
+    queue.takePaths();
     html5->setEnabled();
     EXPECT_EQ(run([&] { safari.Safari50(); }), (QStringList{u"Safari 5.0"_s, u"Skip: ~/Library/Safari/LocalStorage"_s,
                                                             u"Skip: ~/Library/Safari/Databases"_s, QString()}));
@@ -186,7 +186,7 @@ TEST_F(DatabaseCleanersTest, ChromeAndFlockStorageKeepTheirJournalsAndLogTheirFo
                                   home.file(chromeProfile + u"Local Storage/http_gone.net_0.localstorage-journal"_s),
                                   home.file(chromeProfile + u"databases/renamed.sqlite"_s)}));
 
-    paths.clear();
+    queue.takePaths();
     const QString flockProfile = u"Library/Application Support/Flock/User Data/Default/"_s;
     home.write(flockProfile + u"Local Storage/chrome-extension_flock_people_0.localstorage"_s, "people");
     home.write(flockProfile + u"Local Storage/http_gone.net_0.localstorage"_s, "s");

@@ -62,7 +62,7 @@ TEST_F(MailCleanersTest, FixedPathCleanersWithEverythingOnAndOff)
                            home.file(u"Documents/Eudora Folder/Mail Folder/Junk"_s),
                            u"/Documents/Eudora Folder/Mail Folder/Junk"_s}));
 
-    paths.clear();
+    queue.takePaths();
     setAllKeys(false);
     EXPECT_EQ(run([&] {
                   cleaners.AppleMail11();
@@ -217,8 +217,8 @@ TEST_F(MailCleanersTest, PostboxAndThunderbirdCleanTheSelectedProfilesLocalFolde
                                   local + u"/Junk.msf"_s, local + u"/junklog.html"_s}));
     EXPECT_EQ(touches, QStringList{local + u"/Junk"_s});
 
-    paths.clear();
-    touches.clear();
+    queue.takePaths();
+    queue.takeTouches();
     setAllKeys(false);
     EXPECT_EQ(run([&] { cleaners.Postbox21(); }),
               (QStringList{u"Postbox 2"_s, home.file(postbox + u"/a1.default"_s), u"Skip:"_s, local + u"/Trash"_s,
@@ -247,7 +247,7 @@ TEST_F(MailCleanersTest, PostboxAndThunderbirdCleanTheSelectedProfilesLocalFolde
     EXPECT_EQ(paths.size(), 4);
 
     // A stored name that is not a plain folder name leads nowhere: it is no selection.
-    paths.clear();
+    queue.takePaths();
     select(thunderbird, {u".."_s, u"../Profiles/x9.default"_s});
     EXPECT_EQ(run([&] { cleaners.Thunderbird15(); }),
               (QStringList{u"Thunderbird 1.5"_s, u"No profiles selected in the Profiles menu"_s, u""_s}));
@@ -266,7 +266,7 @@ TEST_F(MailCleanersTest, MozillaMailTakesTheTrashOfEveryProfile)
     EXPECT_EQ(paths, (QStringList{folder + u"/a.default/Trash"_s, folder + u"/a.default/Trash.msf"_s,
                                   folder + u"/b.other/Trash"_s, folder + u"/b.other/Trash.msf"_s}));
 
-    paths.clear();
+    queue.takePaths();
     setKey(PreferenceKey::ShredMailTrash, false);
     EXPECT_EQ(run([&] { cleaners.MozillaMail(folder); }),
               (QStringList{u"Skip:"_s, folder + u"/a.default/Trash"_s, folder + u"/a.default/Trash.msf"_s, u"Skip:"_s,

@@ -52,7 +52,7 @@ protected:
     {
         QFile::remove(home.file(kIndex));
         makeIndex(kIndex, kMailboxes);
-        paths.clear();
+        queue.takePaths();
         setKey(PreferenceKey::ShredMailTrash, trash);
         setKey(PreferenceKey::ShredAppleMailJunk, junk);
         return runMail(cleaners);
@@ -135,7 +135,8 @@ TEST_F(MailIndexTest, ADryRunLeavesTheIndexByteForByte)
 {
     setAllKeys(true);
     const QByteArray before = home.read(kIndex);
-    CleanerContext dryContext(paths, touches, isRunning, customStatus, preferences, true);
+    EraseQueue dryQueue(preferences, true);
+    CleanerContext dryContext(dryQueue, isRunning, customStatus, preferences, true);
     MailCleaners dry(dryContext, defaults);
     const QStringList lines = runMail(dry);
 

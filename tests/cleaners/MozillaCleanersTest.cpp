@@ -54,7 +54,7 @@ TEST_F(MozillaCleanersTest, FirefoxTwoWalksTheSelectedProfilesAndFindsThePasswor
     EXPECT_EQ(paths, (QStringList{profile + u"/sessionstore.js"_s, profile + u"/sessionstore.bak"_s,
                                   profile + u"/formhistory.dat"_s, profile + u"/signons2.txt"_s}));
 
-    paths.clear();
+    queue.takePaths();
     setAllKeys(false);
     const QStringList off = run([&] { cleaners.Firefox20(); });
     EXPECT_EQ(off[8], u"Skip: Passwords file (did not parse for location since option is disabled)"_s);
@@ -87,7 +87,7 @@ TEST_F(MozillaCleanersTest, SaltFoldersMustBeExactlyOne)
               (QStringList{u"Firefox 0.8"_s, u"Shred:"_s, salt + u"/Cache"_s, u"Shred:"_s, salt + u"/history.dat"_s,
                            u"Shred:"_s, salt + u"/downloads.rdf"_s, u""_s}));
 
-    paths.clear();
+    queue.takePaths();
     makeFolder(u"Library/Phoenix/Profiles/default/second.slt"_s);
     EXPECT_EQ(run([&] { cleaners.Firefox08(); }),
               (QStringList{u"Firefox 0.8"_s, u"Not exactly 1 Salt folder.  Profile Skipped."_s, u""_s}));
@@ -121,7 +121,7 @@ TEST_F(MozillaCleanersTest, TheMozillaSuiteNeedsBothNamesEnabledAndItsOwnSelecti
     EXPECT_EQ(run([&] { cleaners.SeaMonkey1(); }),
               (QStringList{u"SeaMonkey 1.x"_s, u"Shred:"_s, home.file(u"Library/Caches/Mozilla/Profiles/default"_s), u""_s}));
 
-    paths.clear();
+    queue.takePaths();
     context.setBrowserIsEnabledForTesting([](const QString& name) { return name != u"Netscape"_s; });
     EXPECT_EQ(run([&] { cleaners.Mozilla(); }), (QStringList{u"Mozilla 1.x and Netscape 7"_s,
                                                              u"Not enabled - check preferences to enable."_s, u""_s}));

@@ -327,7 +327,8 @@ TEST_F(PlacesScrubTest, DryRunChangesNothing)
     home.write(QDir(home.path()).relativeFilePath(profile + u"/places.vantlex.src.sqlite"_s), "left over");
     const QStringList before = QDir(profile).entryList(QDir::Files);
     const QByteArray bytes = home.read(QDir(home.path()).relativeFilePath(places));
-    CleanerContext dry(paths, touches, isRunning, customStatus, preferences, true);
+    EraseQueue dryQueue(preferences, true);
+    CleanerContext dry(dryQueue, isRunning, customStatus, preferences, true);
 
     EXPECT_EQ(PlacesScrub(dry, dry.sqliteShell()).firefox3sqlite(places), profile + u"/places.renamed.sqlite"_s);
     EXPECT_EQ(QDir(profile).entryList(QDir::Files), before);

@@ -138,7 +138,7 @@ TEST_F(SafariCleanersTest, SafariFourTakesTheTemporaryCacheAndKeepsTopSitesWhenA
                                                   }));
     EXPECT_EQ(paths.first(), temporaryCache);
 
-    paths.clear();
+    queue.takePaths();
     setKey(PreferenceKey::KeepSafariTopSites, false);
     run([&] { cleaners.Safari40(); });
     EXPECT_EQ(paths.last(), home.file(u"Library/Safari/TopSites.plist"_s));
@@ -168,7 +168,7 @@ TEST_F(SafariCleanersTest, SafariFiveOneStopsTheCookieDaemonAndTakesWindowStates
                                   home.file(state + u"windows.plist"_s)}));
 
     // With history, cookies and cache all off: header and empty line, and no daemon stopped.
-    paths.clear();
+    queue.takePaths();
     runner.calls.clear();
     setAllKeys(false);
     EXPECT_EQ(run([&] { cleaners.Safari51(); }),

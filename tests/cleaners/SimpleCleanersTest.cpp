@@ -35,7 +35,7 @@ TEST_F(SimpleCleanersTest, InternetExplorerWithEverythingOnAndOff)
                                u"~/Library/Preferences/Explorer/Download Cache"_s,
                                u"~/Library/Preferences/Explorer/Downloads.html"_s}));
 
-    paths.clear();
+    queue.takePaths();
     setAllKeys(false);
     EXPECT_EQ(run([&] { cleaners.IE51(); }), (QStringList{
                                                    u"IE"_s,
@@ -98,7 +98,7 @@ TEST_F(SimpleCleanersTest, ICabFourAsksAgainAfterItsCache)
     EXPECT_EQ(asked, 2);
     EXPECT_EQ(paths, QStringList{expanded(u"~/Library/Caches/iCab/Cache.db"_s)});
 
-    paths.clear();
+    queue.takePaths();
     context.setBrowserIsEnabledForTesting(nullptr);
     EXPECT_EQ(run([&] { cleaners.iCab411(); }), (QStringList{
                                                       u"iCab v4"_s,
@@ -158,7 +158,7 @@ TEST_F(SimpleCleanersTest, OperaElevenSkipLinesAndSpeedDial)
                                u"~/Library/Opera/opthumb.dat"_s}));
 
     // History erased but top sites kept: the speed dial stays.
-    paths.clear();
+    queue.takePaths();
     setKey(PreferenceKey::KeepSafariTopSites, true);
     const QStringList keepingTopSites = run([&] { cleaners.Opera110(); });
     EXPECT_EQ(keepingTopSites.mid(10), (QStringList{u"Skip: ~/Library/Opera/speeddial.ini"_s,
@@ -200,7 +200,7 @@ TEST_F(SimpleCleanersTest, OperaSeventeenScansOnlyTheTopLevel)
 
     // A missing folder scans as empty.
     QDir(home.file(folder)).removeRecursively();
-    paths.clear();
+    queue.takePaths();
     setAllKeys(false);
     EXPECT_EQ(run([&] { cleaners.Opera170(); }).size(), 8);
     EXPECT_TRUE(paths.isEmpty());
@@ -227,19 +227,21 @@ TEST_F(SimpleCleanersTest, CustomProcessesThatStoppedHandTheirPathsOver)
     customStatus.insert(u"/Applications/Editor.app/Contents/MacOS/Editor"_s, QVariantMap{{u"isrunning"_s, 0}});
     customStatus.insert(u"/usr/bin/busy"_s, QVariantMap{{u"isrunning"_s, 1}});
     customStatus.insert(u"/usr/local/bin/tool"_s, QVariantMap{{u"isrunning"_s, 0}});
-    QStringList asked;
-    const auto token = NotificationCenter::defaultCenter().addObserver(
-        Notifications::VantleCustoShredNotification, [&](const QVariantMap& object) {
-            const QString process = object.value(u"process"_s).toString();
+    struct Source final : CustomPathSource {
+        QStringList asked;
+        void handOverPaths(const QString& process, EraseQueue& queue) override
+        {
             asked << process;
-            object.value(u"mPathArray"_s).value<PathListRef>().paths->append(u"/tmp/from "_s + process);
-        });
-    const QStringList lines = run([&] { cleaners.CustomFiles(); });
-    NotificationCenter::defaultCenter().removeObserver(token);
+            queue.erase(u"/tmp/from "_s + process);
+        }
+    } source;
+    CleanerContext withSource(queue, isRunning, customStatus, preferences, false, &source);
+    SimpleCleaners custom(withSource);
+    const QStringList lines = run([&] { custom.CustomFiles(); });
 
     EXPECT_EQ(lines, (QStringList{u"Custom Processes"_s, u"/Applications/Editor.app/Contents/MacOS/Editor"_s, u""_s,
                                   u"/usr/local/bin/tool"_s, u""_s, u""_s}));
-    EXPECT_EQ(asked, (QStringList{u"/Applications/Editor.app/Contents/MacOS/Editor"_s, u"/usr/local/bin/tool"_s}));
+    EXPECT_EQ(source.asked, (QStringList{u"/Applications/Editor.app/Contents/MacOS/Editor"_s, u"/usr/local/bin/tool"_s}));
     EXPECT_EQ(paths, (QStringList{u"/tmp/from /Applications/Editor.app/Contents/MacOS/Editor"_s,
                                   u"/tmp/from /usr/local/bin/tool"_s}));
 }

@@ -3,7 +3,9 @@
 #include "core/NotificationCenter.h"
 #include "core/Notifications.h"
 #include "log/ActivityLog.h"
+#include "settings/Preferences.h"
 #include "settings/UserDefaults.h"
+#include "support/FakeLoginItem.h"
 #include "support/QtPrinters.h"
 #include "support/TempHome.h"
 
@@ -24,6 +26,7 @@ class CustomShredTest : public ::testing::Test {
 protected:
     CustomShredTest()
         : defaults(UserDefaults::defaultFilePath())
+        , preferences(defaults, loginItem)
     {
     }
 
@@ -31,17 +34,17 @@ protected:
     {
         NotificationCenter::defaultCenter().post(name, {{u"mCustomShredTHStatus"_s, QVariant::fromValue(StatusMapRef{&status})}});
     }
-    QStringList pathsFor(const QString& process)
+    QStringList pathsFor(CustomShred& custom, const QString& process)
     {
-        QStringList paths;
-        NotificationCenter::defaultCenter().post(
-            Notifications::VantleCustoShredNotification,
-            {{u"process"_s, process}, {u"mPathArray"_s, QVariant::fromValue(PathListRef{&paths})}});
-        return paths;
+        EraseQueue queue(preferences);
+        custom.handOverPaths(process, queue);
+        return queue.paths();
     }
 
     TempHome home;
     UserDefaults defaults;
+    FakeLoginItem loginItem;
+    Preferences preferences;
     const QString editor = u"/Applications/Editor.app"_s;
 };
 
@@ -99,8 +102,8 @@ TEST_F(CustomShredTest, PathsAreHandedOverAndKeptFoldersComeBackEmpty)
     custom.setKeep(editor, home.file(u"Editor Cache"_s), true);
 
     ActivityLog::openLog(home.file(u"log.txt"_s));
-    EXPECT_EQ(pathsFor(editor), QStringList{home.file(u"Editor Cache"_s)});
-    EXPECT_TRUE(pathsFor(u"/Applications/Unknown.app"_s).isEmpty());
+    EXPECT_EQ(pathsFor(custom, editor), QStringList{home.file(u"Editor Cache"_s)});
+    EXPECT_TRUE(pathsFor(custom, u"/Applications/Unknown.app"_s).isEmpty());
     ActivityLog::closeLog();
     EXPECT_EQ(QString::fromUtf8(home.read(u"log.txt"_s)).count(u'\n'), 1);
 

@@ -1,6 +1,6 @@
 #include "platform/linux/XdgLoginItem.h"
 
-#include "core/AtomicFile.h"
+#include "core/FileReplace.h"
 
 #include <QDir>
 #include <QFile>
@@ -170,8 +170,7 @@ void XdgLoginItem::create(const QString& applicationPath, bool hidden)
                                                                                                    : u"false"_s);
     if (!QDir().mkpath(QFileInfo(m_entryPath).absolutePath()))
         return;
-    AtomicFile::write(m_entryPath, entry.toUtf8(),
-                      QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup | QFileDevice::ReadOther);
+    FileReplace::withBytes(QFile::encodeName(m_entryPath), entry.toUtf8(), 0644, FileReplace::Strategy::DropOld);
 }
 
 void XdgLoginItem::setHidden(bool hidden)

@@ -1,0 +1,60 @@
+#include "erase/EraseQueue.h"
+
+#include "erase/FileAccess.h"
+#include "erase/HoldingFolder.h"
+
+#include <QFile>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+EraseQueue::EraseQueue(Preferences& preferences, bool dryRun)
+    : mPreferences(preferences)
+    , mDryRun(dryRun)
+{
+}
+
+EraseQueue::~EraseQueue() = default;
+
+bool EraseQueue::setAside(const QString& path)
+{
+    if (mDryRun)
+        return false;
+    const QByteArray native = QFile::encodeName(path);
+    struct stat status {};
+    if (::lstat(native.constData(), &status) != 0 || !S_ISREG(status.st_mode) || status.st_nlink > 1)
+        return false;
+    const QByteArray holding = HoldingFolder::setAside(native);
+    if (holding.isEmpty())
+        return false;
+    erase(QFile::decodeName(holding));
+    return true;
+}
+
+void EraseQueue::eraseNow(const QString& path)
+{
+    if (mDryRun)
+        return;
+    const QByteArray native = QFile::encodeName(path);
+    struct stat status {};
+    if (::lstat(native.constData(), &status) != 0)
+        return;
+    if (S_ISREG(status.st_mode) && status.st_nlink == 1) {
+        if (!mEngine)
+            mEngine = std::make_unique<FileAccess>(mPreferences);
+        if ((status.st_mode & S_IWUSR) == 0)
+            ::chmod(native.constData(), (status.st_mode & 07777) | S_IRUSR | S_IWUSR);
+        mEngine->overwriteWorkFile(native);
+    }
+    ::unlink(native.constData());
+}
+
+QStringList EraseQueue::takePaths()
+{
+    return std::exchange(mPaths, {});
+}
+
+QStringList EraseQueue::takeTouches()
+{
+    return std::exchange(mTouches, {});
+}
