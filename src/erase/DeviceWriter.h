@@ -11,10 +11,14 @@
 // passes over the same cached page merge into the last one.
 //
 // The block-aligned part of each write goes straight to the device (O_DIRECT);
-// the rest goes through the page cache and is synced before the next pass over
-// the same bytes. Where the file system refuses direct writes (tmpfs, some
-// network and FUSE file systems), every pass goes through the page cache and is
-// synced. finish() syncs what remains, and with it the device's own write cache.
+// the rest goes through the page cache and is written out to the device, and
+// waited for, before the next pass over the same bytes. Where the file system
+// refuses direct writes (tmpfs, some network and FUSE file systems), every pass
+// goes through the page cache and is written out. finish() writes out what
+// remains before the file is removed. None of this waits for a journal commit:
+// the file's new size and times do not matter, only that its old blocks were
+// written over. The device's own write cache is flushed once per run
+// (syncFileSystem), not per file.
 class DeviceWriter {
 public:
     // Direct writes need this alignment of the offset, the length and the buffer.
@@ -28,10 +32,11 @@ public:
     // pass over them follows). 0, or the errno of the first failure.
     int write(const void* data, std::size_t length, off_t offset, bool resync);
 
-    // Syncs the file's data; 0 or the errno.
+    // Writes out every cached page of the file and waits for it; 0 or the errno.
     int finish();
 
 private:
+    int writeOut(off_t offset, off_t length);
     bool setDirect(bool on);
     int writeAll(const char* data, std::size_t length, off_t offset);
 
@@ -42,3 +47,6 @@ private:
 
 // Makes the entries of a folder (renames, removals) durable; 0 or the errno.
 int syncFolder(const QByteArray& path);
+
+// Commits the file system holding path and flushes its device's write cache.
+int syncFileSystem(const QByteArray& path);

@@ -337,6 +337,16 @@ void FileAccess::shredNativePaths(const QList<QByteArray>& paths)
         if (!holding.isEmpty())
             FileTree::removeFileAtPath(holding, *this);
     }
+    // What the devices hold in their own caches goes to the medium before the run ends.
+    QSet<dev_t> devices;
+    for (const QByteArray& path : existing) {
+        const QByteArray folder = FileTree::parentOf(path);
+        struct stat info {};
+        if (::stat(folder.constData(), &info) == 0 && !devices.contains(info.st_dev)) {
+            devices.insert(info.st_dev);
+            syncFileSystem(folder);
+        }
+    }
     showProgressOnMainThread(0);
     showFileNameOnMainThread(QString());
 }
