@@ -1,5 +1,7 @@
 #include "gui/MainWindow.h"
 
+#include "gui/ApplicationMenus.h"
+
 #include "gui/AlertSheet.h"
 #include "gui/AllDesktops.h"
 #include "gui/ElidedLabel.h"
@@ -31,13 +33,14 @@ QWidget* header(QPushButton* shredButton, QWidget* parent)
 
     auto* titles = new QVBoxLayout;
     titles->setSpacing(2);
-    auto* name = new QLabel(u"Vantle X"_s, widget);
+    auto* name = new QLabel(MainWindow::tr("Vantle X"), widget);
     QFont big = name->font();
     big.setBold(true);
     big.setPointSizeF(big.pointSizeF() * 1.3);
     name->setFont(big);
     titles->addWidget(name);
-    titles->addWidget(new QLabel(u"Erases the traces that browsers and mail clients leave behind."_s, widget));
+    titles->addWidget(
+        new QLabel(MainWindow::tr("Erases the traces that browsers and mail clients leave behind."), widget));
     layout->addLayout(titles);
     layout->addStretch();
     layout->addSpacing(12);
@@ -52,12 +55,15 @@ MainWindow::MainWindow(UserDefaults& defaults, std::function<void()> beep, QWidg
     , m_defaults(defaults)
     , m_beep(std::move(beep))
 {
-    setWindowTitle(u"Vantle X"_s);
+    setWindowTitle(tr("Vantle X"));
 
-    m_shredButton = new QPushButton(u"Shred"_s);
+    m_shredButton = new QPushButton(tr("Shred"));
     m_shredButton->setObjectName(u"mShredButton"_s);
     m_shredButton->setDefault(true);
-    m_shredButton->setMinimumWidth(m_shredButton->fontMetrics().horizontalAdvance(u"Shred"_s) * 3);
+    m_shredButton->setMinimumWidth(m_shredButton->fontMetrics().horizontalAdvance(m_shredButton->text()) * 3);
+    m_shredButton->setToolTip(tr("Erase the traces of the enabled applications (%1)")
+                                  .arg(ApplicationMenus::shredShortcut().toString(QKeySequence::NativeText)));
+    m_shredButton->setAccessibleDescription(m_shredButton->toolTip());
     connect(m_shredButton, &QPushButton::clicked, this, &MainWindow::shredClicked);
 
     m_progress = new QProgressBar;
@@ -211,15 +217,15 @@ void MainWindow::hideApplication()
 void MainWindow::beginConfirmationSheet(const QString& title, const QString& message, std::function<void(int)> done)
 {
     // Cancel is the default button: Return cancels, only a deliberate OK erases.
-    AlertSheet::begin(this,
-                      {title, message, {u"Cancel"_s, QMessageBox::RejectRole}, {u"OK"_s, QMessageBox::AcceptRole}, {}},
-                      std::move(done));
+    AlertSheet::begin(
+        this, {title, message, {tr("Cancel"), QMessageBox::RejectRole}, {tr("OK"), QMessageBox::AcceptRole}, {}},
+        std::move(done));
 }
 
 int MainWindow::runQuitBrowsersAlert(const QString& title, const QString& message)
 {
     return AlertSheet::run(
-        this, {title, message, {u"Cancel"_s, QMessageBox::RejectRole}, {u"OK"_s, QMessageBox::AcceptRole}, {}});
+        this, {title, message, {tr("Cancel"), QMessageBox::RejectRole}, {tr("OK"), QMessageBox::AcceptRole}, {}});
 }
 
 void MainWindow::replyToApplicationShouldTerminate(bool terminate)
