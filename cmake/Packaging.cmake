@@ -13,6 +13,8 @@ set(CPACK_DEBIAN_PACKAGE_HOMEPAGE https://www.orvick.com/vantle/)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # The resources' SQLite shell is a link to Debian's.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS sqlite3)
+# Qt's standard buttons in the interface's language.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-translations-l10n)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "erase the traces browsers and mail clients leave behind")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "Vantle X erases what web browsers and mail clients leave in a home folder:

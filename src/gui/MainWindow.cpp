@@ -1,6 +1,7 @@
 #include "gui/MainWindow.h"
 
 #include "gui/ApplicationMenus.h"
+#include "gui/CoreTexts.h"
 
 #include "gui/AlertSheet.h"
 #include "gui/AllDesktops.h"
@@ -164,12 +165,12 @@ void MainWindow::setProgressAnimating(bool animating)
 
 void MainWindow::setItemText(const QString& text)
 {
-    m_item->setFullText(text);
+    m_item->setFullText(CoreTexts::translated(text));
 }
 
 void MainWindow::setWatchStatusText(const QString& text)
 {
-    m_watch->setStatusText(text);
+    m_watch->setStatusText(CoreTexts::translated(text));
 }
 
 void MainWindow::setApplicationLabelColor(WatchedApp application, LabelColor color)
@@ -217,15 +218,22 @@ void MainWindow::hideApplication()
 void MainWindow::beginConfirmationSheet(const QString& title, const QString& message, std::function<void(int)> done)
 {
     // Cancel is the default button: Return cancels, only a deliberate OK erases.
-    AlertSheet::begin(
-        this, {title, message, {tr("Cancel"), QMessageBox::RejectRole}, {tr("OK"), QMessageBox::AcceptRole}, {}},
-        std::move(done));
+    AlertSheet::begin(this,
+                      {CoreTexts::translated(title),
+                       CoreTexts::translated(message),
+                       {tr("Cancel"), QMessageBox::RejectRole},
+                       {tr("OK"), QMessageBox::AcceptRole},
+                       {}},
+                      std::move(done));
 }
 
 int MainWindow::runQuitBrowsersAlert(const QString& title, const QString& message)
 {
-    return AlertSheet::run(
-        this, {title, message, {tr("Cancel"), QMessageBox::RejectRole}, {tr("OK"), QMessageBox::AcceptRole}, {}});
+    return AlertSheet::run(this, {CoreTexts::translated(title),
+                                  CoreTexts::translated(message),
+                                  {tr("Cancel"), QMessageBox::RejectRole},
+                                  {tr("OK"), QMessageBox::AcceptRole},
+                                  {}});
 }
 
 void MainWindow::replyToApplicationShouldTerminate(bool terminate)

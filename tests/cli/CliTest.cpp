@@ -168,6 +168,21 @@ TEST_F(CliTest, CommandLineConventions)
     EXPECT_EQ(run({u"prefs"_s, u"--home"_s, home.path(), u"get"_s, u"ShredHistory"_s}).out, u"YES\n"_s);
 }
 
+TEST_F(CliTest, GermanTextsComeFromTheCatalogueWhileKeysAndTheLogStayEnglish)
+{
+    qputenv("LC_ALL", "de_DE.UTF-8");
+    EXPECT_TRUE(run({u"--help"_s}).out.contains(u"\nBeispiele:\n"_s));
+    EXPECT_EQ(run({u"shrd"_s}).err,
+              u"vantle-cli: unbekannter Befehl 'shrd'; meinten Sie 'shred'?\nMehr dazu mit 'vantle-cli --help'.\n"_s);
+    EXPECT_EQ(cli({u"prefs"_s, u"list"_s}).out.section(u'\n', 0, 0).simplified(), u"ShredCache YES Werkseinstellung"_s);
+
+    ASSERT_EQ(cli({u"prefs"_s, u"set"_s, u"ActivityLog"_s, u"YES"_s}).exitCode, 0);
+    ASSERT_EQ(cli({u"shred"_s, u"--yes"_s, u"--quiet"_s}).exitCode, 0);
+    const QString log = QString::fromUtf8(home.read(u"Library/Logs/Vantle X Log.txt"_s));
+    EXPECT_TRUE(log.contains(u"User selected YES in Confirm dialog"_s)) << qPrintable(log.left(300));
+    EXPECT_TRUE(stored().contains(u"ActivityLog"_s));
+}
+
 #ifdef VANTLE_GUI_PATH
 TEST_F(CliTest, TheDesktopApplicationAnswersHelpAndVersionWithoutADisplay)
 {
