@@ -864,6 +864,14 @@ Das Protokoll ist ~/Library/Logs/Vantle X Log.txt.</translation>
         <source>OK</source>
         <translation>OK</translation>
     </message>
+    <message>
+        <source>Shredding progress</source>
+        <translation>Fortschritt des Schredderns</translation>
+    </message>
+    <message>
+        <source>Item being shredded</source>
+        <translation>Was gerade geschreddert wird</translation>
+    </message>
 </context>
 <context>
     <name>PluginTableModel</name>
@@ -940,6 +948,10 @@ Das Protokoll ist ~/Library/Logs/Vantle X Log.txt.</translation>
     <message>
         <source>Checked profiles are erased. A profile created later is left alone until you check it here; new profiles show up the next time Vantle X starts.</source>
         <translation>Angekreuzte Profile werden gelöscht. Ein später angelegtes Profil bleibt unberührt, bis Sie es hier ankreuzen; neue Profile erscheinen beim nächsten Start von Vantle X.</translation>
+    </message>
+    <message>
+        <source>%1 profiles</source>
+        <translation>Profile von %1</translation>
     </message>
 </context>
 <context>

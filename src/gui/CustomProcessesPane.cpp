@@ -53,6 +53,7 @@ CustomProcessesPane::CustomProcessesPane(CustomShred& custom, std::function<void
     , m_beep(std::move(beep))
 {
     m_processTable = new QListWidget(this);
+    m_processTable->setAccessibleName(tr("Applications to watch"));
     m_processTable->setObjectName(u"mProcessTableView"_s);
     m_addProcess = paneButton(tr("Add…"), "mAddProcessButton", this);
     m_deleteProcess = paneButton(tr("Remove"), "mDeleteProcessButton", this);
@@ -68,6 +69,7 @@ CustomProcessesPane::CustomProcessesPane(CustomShred& custom, std::function<void
     processLayout->addLayout(processButtons);
 
     m_pathTable = new QListWidget(this);
+    m_pathTable->setAccessibleName(tr("Erased when the selected application quits"));
     m_pathTable->setObjectName(u"mPathTableView"_s);
     m_addPath = paneButton(tr("Add…"), "mAddPathButton", this);
     m_deletePath = paneButton(tr("Remove"), "mDeletePathButton", this);

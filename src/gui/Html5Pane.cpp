@@ -21,6 +21,7 @@ Html5Pane::Html5Pane(HTML5Manager& html5, QWidget* parent)
     m_enabled->setObjectName(u"mEnabledCheckbox"_s);
 
     m_domainTable = new QListWidget(this);
+    m_domainTable->setAccessibleName(tr("Sites whose storage is kept"));
     m_domainTable->setObjectName(u"mDomainTableView"_s);
     m_domainTable->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
                                    QAbstractItemView::SelectedClicked);

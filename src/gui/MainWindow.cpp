@@ -70,11 +70,13 @@ MainWindow::MainWindow(UserDefaults& defaults, std::function<void()> beep, QWidg
     m_progress = new QProgressBar;
     m_progress->setObjectName(u"mShreddingProgressIndicator"_s);
     m_progress->setTextVisible(false);
+    m_progress->setAccessibleName(tr("Shredding progress"));
     m_progress->setRange(0, 100);
     m_progress->setValue(0);
 
     m_item = new ElidedLabel;
     m_item->setObjectName(u"mItemTextField"_s);
+    m_item->setAccessibleName(tr("Item being shredded"));
     m_watch = new WatchPanel;
 
     auto* central = new QWidget(this);

@@ -24,6 +24,7 @@ PluginsPane::PluginsPane(PluginManager& plugins, std::function<void()> beep, QWi
     , m_model(new PluginTableModel(plugins, this))
 {
     m_pluginList = new QTableView(this);
+    m_pluginList->setAccessibleName(tr("Plug-ins"));
     m_pluginList->setObjectName(u"mPluginList"_s);
     m_pluginList->setModel(m_model);
     m_pluginList->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -52,6 +53,7 @@ PluginsPane::PluginsPane(PluginManager& plugins, std::function<void()> beep, QWi
     pluginLayout->addLayout(pluginButtons);
 
     m_pluginPath = new QListWidget(this);
+    m_pluginPath->setAccessibleName(tr("Folders and files of the selected plug-in"));
     m_pluginPath->setObjectName(u"mPluginPath"_s);
     m_addPath = paneButton(tr("Add…"), "mAddPath", this);
     m_deletePath = paneButton(tr("Remove"), "mDeletePath", this);

@@ -43,6 +43,7 @@ ProfilesPane::ProfilesPane(ProfilesManager& profiles, QWidget* parent)
         auto* popUp = new QPushButton(tr("Profiles"), group);
         popUp->setObjectName(QLatin1StringView(kPopUpNames[i]));
         popUp->setMenu(new QMenu(popUp));
+        popUp->setAccessibleName(tr("%1 profiles").arg(ProfilesManager::displayName(application)));
         auto* name = new QLabel(ProfilesManager::displayName(application) + u':', group);
         name->setBuddy(popUp);
         auto* state = new QLabel(group);
