@@ -11,12 +11,14 @@
 
 namespace ApplicationModels {
 
-void create(bool dryRun)
+void create(bool dryRun, std::unique_ptr<LoginItem> loginItem)
 {
     UserDefaults& defaults = UserDefaults::standardUserDefaults();
     if (dryRun)
         defaults.setReadOnly();
-    Preferences::createSharedInstance(defaults, dryRun ? std::make_unique<UnchangedLoginItem>() : createPlatformLoginItem());
+    if (dryRun || !loginItem)
+        loginItem = std::make_unique<UnchangedLoginItem>();
+    Preferences::createSharedInstance(defaults, std::move(loginItem));
     HTML5Manager::createSharedInstance();
     ProfilesManager::createSharedInstance();
     PluginManager::createSharedInstance();

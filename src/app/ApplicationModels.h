@@ -1,11 +1,16 @@
 #pragma once
 
+#include "platform/LoginItem.h"
+
+#include <memory>
+
 // The application's shared objects (settings, HTML5 keep list, profiles,
 // plug-ins, custom processes), made once at start-up before the controller. In a
-// dry run the settings are only read: nothing of them is written, the login item
-// is left alone.
+// dry run the settings are only read: nothing of them is written. The login item
+// is kept in step with the watch setting only when one is given, which only the
+// desktop application does; otherwise it is left alone.
 namespace ApplicationModels {
 
-void create(bool dryRun);
+void create(bool dryRun, std::unique_ptr<LoginItem> loginItem = nullptr);
 
 } // namespace ApplicationModels

@@ -13,7 +13,8 @@ int listApplications()
 {
     Preferences& preferences = Preferences::sharedInstance();
     for (const QString& name : ApplicationList::allNames())
-        printLine(u"%1 %2"_s.arg(name, -17).arg(preferences.browserIsEnabled(name) ? u"enabled"_s : u"disabled"_s));
+        printLine(u"%1 %2"_s.arg(name, -17).arg(preferences.browserIsEnabled(name) ? Cli::tr("enabled")
+                                                                                   : Cli::tr("disabled")));
     return 0;
 }
 
@@ -21,8 +22,8 @@ int setApplicationEnabled(const QString& requested, bool enable)
 {
     const QString name = ApplicationList::canonicalName(requested);
     if (name.isNull()) {
-        return refuse(u"unknown application \"%1\" (one of: %2)"_s.arg(requested,
-                                                                         ApplicationList::allNames().join(u", "_s)));
+        return refuse(Cli::tr("unknown application \"%1\" (one of: %2)")
+                          .arg(requested, ApplicationList::allNames().join(u", "_s)));
     }
     Preferences& preferences = Preferences::sharedInstance();
     if (preferences.browserIsEnabled(name) == enable)
@@ -37,7 +38,7 @@ int setApplicationEnabled(const QString& requested, bool enable)
         if (before.contains(application) != after.contains(application))
             changed.append(application);
     }
-    printLine((enable ? u"Enabled: "_s : u"Disabled: "_s) + changed.join(u", "_s));
+    printLine((enable ? Cli::tr("Enabled: ") : Cli::tr("Disabled: ")) + changed.join(u", "_s));
     return 0;
 }
 
@@ -45,21 +46,24 @@ int setApplicationEnabled(const QString& requested, bool enable)
 
 void addAppsCommands(CLI::App& app, CommandAction& action)
 {
-    CLI::App* apps = app.add_subcommand("apps", "Show or change which applications are erased and watched");
+    CLI::App* apps =
+        app.add_subcommand("apps", Cli::tr("Show or change which applications are erased and watched").toStdString());
     apps->require_subcommand(1);
 
-    apps->add_subcommand("list", "The applications, enabled or not")->callback([&action] {
+    apps->add_subcommand("list", Cli::tr("The applications, enabled or not").toStdString())->callback([&action] {
         action = listApplications;
     });
 
     auto name = std::make_shared<std::string>();
-    CLI::App* enable = apps->add_subcommand("enable", "Enable an application (and its coupled one)");
-    enable->add_option("NAME", *name, "Application name, as 'apps list' shows it")->required();
+    CLI::App* enable =
+        apps->add_subcommand("enable", Cli::tr("Enable an application (and its coupled one)").toStdString());
+    enable->add_option("NAME", *name, Cli::tr("Application name, as 'apps list' shows it").toStdString())->required();
     enable->callback(
         [&action, name] { action = [name] { return setApplicationEnabled(QString::fromStdString(*name), true); }; });
 
-    CLI::App* disable = apps->add_subcommand("disable", "Disable an application (and its coupled one)");
-    disable->add_option("NAME", *name, "Application name, as 'apps list' shows it")->required();
+    CLI::App* disable =
+        apps->add_subcommand("disable", Cli::tr("Disable an application (and its coupled one)").toStdString());
+    disable->add_option("NAME", *name, Cli::tr("Application name, as 'apps list' shows it").toStdString())->required();
     disable->callback(
         [&action, name] { action = [name] { return setApplicationEnabled(QString::fromStdString(*name), false); }; });
 }

@@ -11,6 +11,7 @@ void printLine(const QString& text)
 
 int refuse(const QString& message)
 {
-    std::fputs((u"vantle-cli: "_s + message + u'\n').toUtf8().constData(), stderr);
+    const QString lines = u"vantle-cli: "_s + message + u'\n' + Cli::tr("Try 'vantle-cli --help'.") + u'\n';
+    std::fputs(lines.toUtf8().constData(), stderr);
     return kRefusedExitCode;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <functional>
@@ -11,6 +12,12 @@ using CommandAction = std::function<int()>;
 // sub-command, or a value of the wrong kind. Nothing has been changed.
 inline constexpr int kRefusedExitCode = 2;
 
+// The translation context of vantle-cli's own texts.
+class Cli {
+    Q_DECLARE_TR_FUNCTIONS(Cli)
+};
+
 void printLine(const QString& text);
-// Prints "vantle-cli: message" on the standard error and returns kRefusedExitCode.
+// Prints "vantle-cli: message" and the line pointing at --help on the standard
+// error, and returns kRefusedExitCode.
 int refuse(const QString& message);

@@ -28,14 +28,15 @@ int listCustom()
     const CustomShred& custom = CustomShred::createSharedInstance();
     const QStringList processes = custom.processes();
     if (processes.isEmpty())
-        printLine(u"No custom processes."_s);
+        printLine(Cli::tr("No custom processes."));
     for (const QString& process : processes) {
         printLine(process);
         for (const QVariant& item : custom.paths(process)) {
             const QVariantMap entry = item.toMap();
-            const QString keep = entry.contains(u"keep"_s)
-                                     ? (entry.value(u"keep"_s).toBool() ? u"  (folder kept)"_s : u"  (folder)"_s)
-                                     : QString();
+            const QString keep =
+                entry.contains(u"keep"_s)
+                    ? (entry.value(u"keep"_s).toBool() ? Cli::tr("  (folder kept)") : Cli::tr("  (folder)"))
+                    : QString();
             printLine(u"    "_s + entry.value(u"path"_s).toString() + keep);
         }
     }
@@ -46,7 +47,7 @@ int addProcess(const CustomOptions& o)
 {
     const QString process = absolute(o.process);
     if (!CustomShred::createSharedInstance().addProcess(process))
-        return refuse(u"\"%1\" is watched already"_s.arg(process));
+        return refuse(Cli::tr("\"%1\" is watched already").arg(process));
     return 0;
 }
 
@@ -54,7 +55,7 @@ int removeProcess(const CustomOptions& o)
 {
     const QString process = absolute(o.process);
     if (!CustomShred::createSharedInstance().deleteProcess(process))
-        return refuse(u"no custom process \"%1\""_s.arg(process));
+        return refuse(Cli::tr("no custom process \"%1\"").arg(process));
     return 0;
 }
 
@@ -64,9 +65,9 @@ int addPath(const CustomOptions& o)
     const QString process = absolute(o.process);
     const QString path = absolute(o.path);
     if (!custom.processes().contains(process))
-        return refuse(u"no custom process \"%1\""_s.arg(process));
+        return refuse(Cli::tr("no custom process \"%1\"").arg(process));
     if (!custom.addPath(process, path))
-        return refuse(u"\"%1\" is listed for that process already"_s.arg(path));
+        return refuse(Cli::tr("\"%1\" is listed for that process already").arg(path));
     return 0;
 }
 
@@ -74,7 +75,7 @@ int removePath(const CustomOptions& o)
 {
     const QString path = absolute(o.path);
     if (!CustomShred::createSharedInstance().deletePath(absolute(o.process), path))
-        return refuse(u"\"%1\" is not listed for that process"_s.arg(path));
+        return refuse(Cli::tr("\"%1\" is not listed for that process").arg(path));
     return 0;
 }
 
@@ -82,10 +83,10 @@ int keep(const CustomOptions& o)
 {
     const QString state = QString::fromStdString(o.state).toLower();
     if (state != u"on"_s && state != u"off"_s)
-        return refuse(u"keep takes on or off, not \"%1\""_s.arg(QString::fromStdString(o.state)));
+        return refuse(Cli::tr("keep takes on or off, not \"%1\"").arg(QString::fromStdString(o.state)));
     const QString path = absolute(o.path);
     if (!CustomShred::createSharedInstance().setKeep(absolute(o.process), path, state == u"on"_s))
-        return refuse(u"\"%1\" is not a folder listed for that process"_s.arg(path));
+        return refuse(Cli::tr("\"%1\" is not a folder listed for that process").arg(path));
     return 0;
 }
 
@@ -94,18 +95,22 @@ int keep(const CustomOptions& o)
 void addCustomCommands(CLI::App& app, CommandAction& action)
 {
     auto options = std::make_shared<CustomOptions>();
-    CLI::App* custom = app.add_subcommand("custom", "Show or change your own watched processes and their paths");
+    CLI::App* custom = app.add_subcommand(
+        "custom", Cli::tr("Show or change your own watched processes and their paths").toStdString());
     custom->require_subcommand(1);
-    custom->add_subcommand("list", "Every custom process with its paths")->callback([&action] { action = listCustom; });
+    custom->add_subcommand("list", Cli::tr("Every custom process with its paths").toStdString())->callback([&action] {
+        action = listCustom;
+    });
 
-    const auto command = [&](const char* name, const char* description, int (*run)(const CustomOptions&),
-                             bool withPath, bool withState) {
+    const auto command = [&](const char* name, const char* description, int (*run)(const CustomOptions&), bool withPath,
+                             bool withState) {
         CLI::App* sub = custom->add_subcommand(name, description);
-        sub->add_option("PROCESS", options->process, "The application (its full path)")->required();
+        sub->add_option("PROCESS", options->process, Cli::tr("The application (its full path)").toStdString())
+            ->required();
         if (withPath)
-            sub->add_option("PATH", options->path, "A file or folder")->required();
+            sub->add_option("PATH", options->path, Cli::tr("A file or folder").toStdString())->required();
         if (withState)
-            sub->add_option("STATE", options->state, "on or off")->required();
+            sub->add_option("STATE", options->state, Cli::tr("on or off").toStdString())->required();
         sub->callback([&action, options, run] { action = [options, run] { return run(*options); }; });
     };
     command("add-process", "Watch an application", addProcess, false, false);

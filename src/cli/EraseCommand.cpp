@@ -60,7 +60,8 @@ int erase(const EraseOptions& options)
         const QByteArray path = FileTree::absolute(QByteArray::fromStdString(argument));
         const auto resolved = canonicalPath(path);
         if (holdsTheHome(path, homes) || (resolved && holdsTheHome(*resolved, homes)))
-            return refuse(u"refusing to erase \"%1\": it is or holds the home folder"_s.arg(QFile::decodeName(path)));
+            return refuse(
+                Cli::tr("refusing to erase \"%1\": it is or holds the home folder").arg(QFile::decodeName(path)));
         paths.append(path);
     }
 
@@ -98,10 +99,12 @@ void addEraseCommand(CLI::App& app, CommandAction& action)
 {
     auto options = std::make_shared<EraseOptions>();
     CLI::App* command = app.add_subcommand(
-        "erase", "Overwrite, rename and remove files and folders with the current settings");
-    command->add_option("PATH", options->paths, "Files or folders to erase")->required();
-    command->add_flag("-q,--quiet", options->quiet, "Show no progress");
-    command->add_flag("--timing", options->timing,
-                      "Print the wall time spent overwriting and the whole erase's, with peak memory, on stderr");
+        "erase", Cli::tr("Overwrite, rename and remove files and folders with the current settings").toStdString());
+    command->add_option("PATH", options->paths, Cli::tr("Files or folders to erase").toStdString())->required();
+    command->add_flag("-q,--quiet", options->quiet, Cli::tr("Show no progress").toStdString());
+    command->add_flag(
+        "--timing", options->timing,
+        Cli::tr("Print the wall time spent overwriting and the whole erase's, with peak memory, on stderr")
+            .toStdString());
     command->callback([&action, options] { action = [options] { return erase(*options); }; });
 }

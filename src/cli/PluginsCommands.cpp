@@ -16,14 +16,17 @@ struct PluginsOptions {
     std::string path;
 };
 
-QString nameOf(const PluginsOptions& options) { return QString::fromStdString(options.name); }
+QString nameOf(const PluginsOptions& options)
+{
+    return QString::fromStdString(options.name);
+}
 
 // The plug-in of that name, or -1 after saying so.
 qsizetype findPlugin(const PluginManager& manager, const QString& name)
 {
     const qsizetype index = manager.indexOfPlugin(name);
     if (index < 0)
-        refuse(u"no plug-in named \"%1\" (see 'vantle-cli plugins list')"_s.arg(name));
+        refuse(Cli::tr("no plug-in named \"%1\" (see 'vantle-cli plugins list')").arg(name));
     return index;
 }
 
@@ -33,8 +36,9 @@ int listPlugins()
     for (const QVariant& entry : manager.plugins()) {
         const QVariantMap plugin = entry.toMap();
         const QString name = plugin.value(u"name"_s).toString();
-        printLine(u"%1 (%2%3)"_s.arg(name, plugin.value(u"enabled"_s).toBool() ? u"enabled"_s : u"disabled"_s,
-                                     manager.isDefaultPlugin(name).isEmpty() ? QString() : u", default"_s));
+        printLine(u"%1 (%2%3)"_s.arg(
+            name, plugin.value(Cli::tr("enabled")).toBool() ? Cli::tr("enabled") : Cli::tr("disabled"),
+            manager.isDefaultPlugin(name).isEmpty() ? QString() : Cli::tr(", default")));
         for (const QVariant& path : plugin.value(u"paths"_s).toList())
             printLine(u"    "_s + path.toString());
     }
@@ -55,9 +59,9 @@ int addPlugin(const QString& name)
 {
     PluginManager& manager = PluginManager::createSharedInstance();
     if (name.trimmed().isEmpty())
-        return refuse(u"a plug-in needs a name"_s);
+        return refuse(Cli::tr("a plug-in needs a name"));
     if (manager.indexOfPlugin(name) >= 0)
-        return refuse(u"there is a plug-in named \"%1\" already"_s.arg(name));
+        return refuse(Cli::tr("there is a plug-in named \"%1\" already").arg(name));
     manager.addPlugin();
     manager.setName(manager.plugins().size() - 1, name);
     return 0;
@@ -70,7 +74,7 @@ int addPath(const QString& name, const QString& path)
     if (index < 0)
         return kRefusedExitCode;
     if (!manager.addPaths(index, {QFileInfo(path).absoluteFilePath()}))
-        return refuse(u"\"%1\" takes no paths"_s.arg(name));
+        return refuse(Cli::tr("\"%1\" takes no paths").arg(name));
     return 0;
 }
 
@@ -94,7 +98,7 @@ int restorePlugin(const QString& name)
     if (index < 0)
         return kRefusedExitCode;
     if (!manager.restoreDefault(index))
-        return refuse(u"\"%1\" is not a default plug-in: there is nothing to restore"_s.arg(name));
+        return refuse(Cli::tr("\"%1\" is not a default plug-in: there is nothing to restore").arg(name));
     return 0;
 }
 
@@ -103,27 +107,30 @@ int restorePlugin(const QString& name)
 void addPluginsCommands(CLI::App& app, CommandAction& action)
 {
     auto options = std::make_shared<PluginsOptions>();
-    CLI::App* plugins = app.add_subcommand("plugins", "Show or change the plug-in folders a run erases");
+    CLI::App* plugins =
+        app.add_subcommand("plugins", Cli::tr("Show or change the plug-in folders a run erases").toStdString());
     plugins->require_subcommand(1);
 
-    plugins->add_subcommand("list", "The plug-ins, enabled or not, with their paths")->callback([&action] {
-        action = listPlugins;
-    });
+    plugins->add_subcommand("list", Cli::tr("The plug-ins, enabled or not, with their paths").toStdString())
+        ->callback([&action] { action = listPlugins; });
 
     const auto withName = [&](const char* name, const char* description, auto run) {
         CLI::App* command = plugins->add_subcommand(name, description);
-        command->add_option("NAME", options->name, "Plug-in name")->required();
+        command->add_option("NAME", options->name, Cli::tr("Plug-in name").toStdString())->required();
         command->callback([&action, options, run] { action = [options, run] { return run(*options); }; });
         return command;
     };
-    withName("enable", "Erase this plug-in's folders", [](const PluginsOptions& o) { return setEnabled(nameOf(o), true); });
-    withName("disable", "Keep this plug-in's folders", [](const PluginsOptions& o) { return setEnabled(nameOf(o), false); });
+    withName("enable", "Erase this plug-in's folders",
+             [](const PluginsOptions& o) { return setEnabled(nameOf(o), true); });
+    withName("disable", "Keep this plug-in's folders",
+             [](const PluginsOptions& o) { return setEnabled(nameOf(o), false); });
     withName("add", "Add a plug-in of your own", [](const PluginsOptions& o) { return addPlugin(nameOf(o)); });
     withName("remove", "Remove a plug-in of your own (a default one is disabled)",
              [](const PluginsOptions& o) { return removePlugin(nameOf(o)); });
     withName("restore", "Put a default plug-in's paths back",
              [](const PluginsOptions& o) { return restorePlugin(nameOf(o)); });
-    withName("add-path", "Add a file or folder to a plug-in", [](const PluginsOptions& o) {
-        return addPath(nameOf(o), QString::fromStdString(o.path));
-    })->add_option("PATH", options->path, "File or folder")->required();
+    withName("add-path", "Add a file or folder to a plug-in",
+             [](const PluginsOptions& o) { return addPath(nameOf(o), QString::fromStdString(o.path)); })
+        ->add_option("PATH", options->path, Cli::tr("File or folder").toStdString())
+        ->required();
 }

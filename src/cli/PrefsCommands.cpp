@@ -46,11 +46,11 @@ QString selectableIndexes(const PreferenceDefinition& definition)
             first = index;
         if (!selectable && first >= 0) {
             const qint64 last = index - 1;
-            ranges.append(first == last ? QString::number(first) : u"%1 to %2"_s.arg(first).arg(last));
+            ranges.append(first == last ? QString::number(first) : Cli::tr("%1 to %2").arg(first).arg(last));
             first = -1;
         }
     }
-    return ranges.join(u" or "_s);
+    return ranges.join(Cli::tr(" or "));
 }
 
 const PreferenceDefinition* knownKey(const QString& key)
@@ -60,7 +60,7 @@ const PreferenceDefinition* knownKey(const QString& key)
 
 int refuseUnknownKey(const QString& key)
 {
-    return refuse(u"unknown setting \"%1\" (see 'vantle-cli prefs list')"_s.arg(key));
+    return refuse(Cli::tr("unknown setting \"%1\" (see 'vantle-cli prefs list')").arg(key));
 }
 
 int listPreferences()
@@ -71,7 +71,7 @@ int listPreferences()
         const bool isFactory = value == factoryValue(definition);
         printLine(u"%1 %2 %3"_s.arg(QString(definition.key), -20)
                       .arg(displayValue(definition, value), -4)
-                      .arg(isFactory ? u"factory"_s : u"changed"_s));
+                      .arg(isFactory ? Cli::tr("factory") : Cli::tr("changed")));
     }
     return 0;
 }
@@ -95,12 +95,12 @@ int setPreference(const QString& key, const QString& text)
     if (definition->type == PreferenceType::Boolean) {
         const auto parsed = parseBoolean(text);
         if (!parsed)
-            return refuse(u"%1 takes YES or NO, not \"%2\""_s.arg(key, text));
+            return refuse(Cli::tr("%1 takes YES or NO, not \"%2\"").arg(key, text));
         value = *parsed;
     } else {
         const auto parsed = parseInteger(text);
         if (!parsed || !isSelectableMenuIndex(*definition, *parsed))
-            return refuse(u"%1 takes %2, not \"%3\""_s.arg(key, selectableIndexes(*definition), text));
+            return refuse(Cli::tr("%1 takes %2, not \"%3\"").arg(key, selectableIndexes(*definition), text));
         value = *parsed;
     }
 
@@ -122,27 +122,28 @@ int resetPreferences()
 
 void addPrefsCommands(CLI::App& app, CommandAction& action)
 {
-    CLI::App* prefs = app.add_subcommand("prefs", "Show or change the settings");
+    CLI::App* prefs = app.add_subcommand("prefs", Cli::tr("Show or change the settings").toStdString());
     prefs->require_subcommand(1);
 
-    prefs->add_subcommand("list", "Every setting, its value, and whether it is the factory value")
+    prefs
+        ->add_subcommand("list", Cli::tr("Every setting, its value, and whether it is the factory value").toStdString())
         ->callback([&action] { action = listPreferences; });
 
     auto key = std::make_shared<std::string>();
     auto value = std::make_shared<std::string>();
 
-    CLI::App* get = prefs->add_subcommand("get", "Print the value of one setting");
-    get->add_option("KEY", *key, "Setting name")->required();
+    CLI::App* get = prefs->add_subcommand("get", Cli::tr("Print the value of one setting").toStdString());
+    get->add_option("KEY", *key, Cli::tr("Setting name").toStdString())->required();
     get->callback([&action, key] { action = [key] { return getPreference(QString::fromStdString(*key)); }; });
 
-    CLI::App* set = prefs->add_subcommand("set", "Change one setting (booleans: YES/NO/true/false/1/0)");
-    set->add_option("KEY", *key, "Setting name")->required();
-    set->add_option("VALUE", *value, "New value")->required();
+    CLI::App* set =
+        prefs->add_subcommand("set", Cli::tr("Change one setting (booleans: YES/NO/true/false/1/0)").toStdString());
+    set->add_option("KEY", *key, Cli::tr("Setting name").toStdString())->required();
+    set->add_option("VALUE", *value, Cli::tr("New value").toStdString())->required();
     set->callback([&action, key, value] {
         action = [key, value] { return setPreference(QString::fromStdString(*key), QString::fromStdString(*value)); };
     });
 
-    prefs->add_subcommand("reset", "Put every setting back to its factory value")->callback([&action] {
-        action = resetPreferences;
-    });
+    prefs->add_subcommand("reset", Cli::tr("Put every setting back to its factory value").toStdString())
+        ->callback([&action] { action = resetPreferences; });
 }

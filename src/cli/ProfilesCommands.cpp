@@ -18,7 +18,8 @@ struct ProfileOptions {
 // One word per application, as well as the menus' own names.
 std::optional<ProfilesManager::Application> applicationNamed(const QString& name)
 {
-    static const QStringList words{u"mozilla"_s, u"firefox"_s, u"thunderbird"_s, u"postbox"_s, u"flock"_s, u"seamonkey"_s};
+    static const QStringList words{u"mozilla"_s, u"firefox"_s, u"thunderbird"_s,
+                                   u"postbox"_s, u"flock"_s,   u"seamonkey"_s};
     for (int i = 0; i < ProfilesManager::ApplicationCount; ++i) {
         const auto application = ProfilesManager::Application(i);
         if (name.compare(words[i], Qt::CaseInsensitive) == 0 ||
@@ -37,7 +38,7 @@ int listProfiles()
         printLine(u"%1 (%2)"_s.arg(ProfilesManager::displayName(ProfilesManager::Application(i)),
                                    ProfilesManager::profilesFolder(ProfilesManager::Application(i))));
         if (menu.items.isEmpty())
-            printLine(u"    no profiles"_s);
+            printLine(Cli::tr("    no profiles"));
         for (const ProfilesManager::MenuItem& item : menu.items)
             printLine(u"    [%1] %2"_s.arg(item.checked ? u"x"_s : u" "_s).arg(menu.titles[item.tag]));
     }
@@ -49,7 +50,8 @@ int setSelected(const ProfileOptions& options, bool select)
     const QString applicationName = QString::fromStdString(options.application);
     const auto application = applicationNamed(applicationName);
     if (!application)
-        return refuse(u"unknown application \"%1\" (mozilla, firefox, thunderbird, postbox, flock or seamonkey)"_s.arg(applicationName));
+        return refuse(Cli::tr("unknown application \"%1\" (mozilla, firefox, thunderbird, postbox, flock or seamonkey)")
+                          .arg(applicationName));
 
     ProfilesManager& manager = ProfilesManager::createSharedInstance();
     manager.populateProfilesMenu();
@@ -62,7 +64,7 @@ int setSelected(const ProfileOptions& options, bool select)
             manager.doProfileMenuItem(*application, item.tag);
         return 0;
     }
-    return refuse(u"no profile \"%1\" in %2"_s.arg(profile, menu.folder));
+    return refuse(Cli::tr("no profile \"%1\" in %2").arg(profile, menu.folder));
 }
 
 } // namespace
@@ -70,17 +72,23 @@ int setSelected(const ProfileOptions& options, bool select)
 void addProfilesCommands(CLI::App& app, CommandAction& action)
 {
     auto options = std::make_shared<ProfileOptions>();
-    CLI::App* profiles = app.add_subcommand("profiles", "Show or change which browser and mail profiles are erased");
+    CLI::App* profiles = app.add_subcommand(
+        "profiles", Cli::tr("Show or change which browser and mail profiles are erased").toStdString());
     profiles->require_subcommand(1);
-    profiles->add_subcommand("list", "Every profile found, selected or not")->callback([&action] {
-        action = listProfiles;
-    });
+    profiles->add_subcommand("list", Cli::tr("Every profile found, selected or not").toStdString())
+        ->callback([&action] { action = listProfiles; });
     for (const bool select : {true, false}) {
         CLI::App* command = profiles->add_subcommand(select ? "select" : "deselect",
                                                      select ? "Erase this profile" : "Keep this profile");
-        command->add_option("APP", options->application, "mozilla, firefox, thunderbird, postbox, flock or seamonkey")
+        command
+            ->add_option("APP", options->application,
+                         Cli::tr("mozilla, firefox, thunderbird, postbox, flock or seamonkey").toStdString())
             ->required();
-        command->add_option("PROFILE", options->profile, "Profile folder name, or the name after its dot")->required();
-        command->callback([&action, options, select] { action = [options, select] { return setSelected(*options, select); }; });
+        command
+            ->add_option("PROFILE", options->profile,
+                         Cli::tr("Profile folder name, or the name after its dot").toStdString())
+            ->required();
+        command->callback(
+            [&action, options, select] { action = [options, select] { return setSelected(*options, select); }; });
     }
 }

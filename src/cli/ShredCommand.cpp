@@ -41,7 +41,7 @@ void printFoundPaths(const QStringList& paths)
 {
     quint64 total = 0;
     qsizetype existing = 0;
-    printLine(u"Would erase:"_s);
+    printLine(Cli::tr("Would erase:"));
     for (const QString& path : paths) {
         const QByteArray native = QFile::encodeName(path);
         if (!FileTree::exists(native))
@@ -51,7 +51,8 @@ void printFoundPaths(const QStringList& paths)
         ++existing;
         printLine(u"%1  %2"_s.arg(size, 12).arg(path));
     }
-    printLine(u"%1  bytes in %2 of the %3 paths queued (the others do not exist)"_s.arg(total, 12)
+    printLine(Cli::tr("%1  bytes in %2 of the %3 paths queued (the others do not exist)")
+                  .arg(total, 12)
                   .arg(existing)
                   .arg(paths.size()));
 }
@@ -106,18 +107,22 @@ int shred(const ShredOptions& options)
 void addShredCommand(CLI::App& app, CommandAction& action)
 {
     auto options = std::make_shared<ShredOptions>();
-    CLI::App* command = app.add_subcommand("shred", "Erase the traces of every enabled application that is not running");
-    command->add_flag("-y,--yes", options->yes, "Answer the confirmation with OK");
-    auto* logout = command->add_flag("--logout", options->logout, "Quit the browsers first, log out afterwards");
-    auto* shutdown = command->add_flag("--shutdown", options->shutdown, "Quit the browsers first, shut down afterwards");
-    auto* restart = command->add_flag("--restart", options->restart, "Quit the browsers first, restart afterwards");
+    CLI::App* command = app.add_subcommand(
+        "shred", Cli::tr("Erase the traces of every enabled application that is not running").toStdString());
+    command->add_flag("-y,--yes", options->yes, Cli::tr("Answer the confirmation with OK").toStdString());
+    auto* logout = command->add_flag("--logout", options->logout,
+                                     Cli::tr("Quit the browsers first, log out afterwards").toStdString());
+    auto* shutdown = command->add_flag("--shutdown", options->shutdown,
+                                       Cli::tr("Quit the browsers first, shut down afterwards").toStdString());
+    auto* restart = command->add_flag("--restart", options->restart,
+                                      Cli::tr("Quit the browsers first, restart afterwards").toStdString());
     logout->excludes(shutdown)->excludes(restart);
     shutdown->excludes(restart);
     command->add_flag("-n,--dry-run", options->dryRun,
-                      "Show what would be erased, with sizes, and change nothing on disk");
-    command->add_flag("-q,--quiet", options->quiet, "Show no progress bar");
-    command->add_flag(
-        "--timing", options->timing,
-        "Print each stage's wall time and peak memory (finding, shredding) on the standard error");
+                      Cli::tr("Show what would be erased, with sizes, and change nothing on disk").toStdString());
+    command->add_flag("-q,--quiet", options->quiet, Cli::tr("Show no progress bar").toStdString());
+    command->add_flag("--timing", options->timing,
+                      Cli::tr("Print each stage's wall time and peak memory (finding, shredding) on the standard error")
+                          .toStdString());
     command->callback([&action, options] { action = [options] { return shred(*options); }; });
 }

@@ -1,5 +1,7 @@
 #include "cli/TerminalView.h"
 
+#include "cli/CliOutput.h"
+
 #include "watch/ProcessScan.h"
 
 #include <unistd.h>
@@ -52,7 +54,7 @@ void TerminalView::showWarning(const QString& text)
 void TerminalView::endProgressLine()
 {
     if (m_progress)
-        m_progress = std::make_unique<TerminalProgress>(stderr);  // the old bar ends its line
+        m_progress = std::make_unique<TerminalProgress>(stderr); // the old bar ends its line
 }
 
 void TerminalView::setWatchStatusText(const QString& text)
@@ -75,9 +77,9 @@ void TerminalView::setApplicationLabelColor(WatchedApp application, LabelColor c
     for (const auto& watched : ProcessScan::watchedPatterns()) {
         if (watched.flag != application)
             continue;
-        const QString state = color == LabelColor::Red ? u"running"_s
-                              : color == LabelColor::Green ? u"not running"_s
-                                                           : u"not watched"_s;
+        const QString state = color == LabelColor::Red     ? Cli::tr("running")
+                              : color == LabelColor::Green ? Cli::tr("not running")
+                                                           : Cli::tr("not watched");
         std::fputs(u"  %1: %2\n"_s.arg(QString::fromUtf16(watched.enabledName), state).toUtf8().constData(), stdout);
         std::fflush(stdout);
     }
@@ -88,7 +90,7 @@ int TerminalView::ask(const QString& title, const QString& message, const QStrin
     endProgressLine();
     printErr(u"%1\n%2\n"_s.arg(title, message));
     if (!::isatty(STDIN_FILENO)) {
-        printErr(u"No terminal to answer on: Cancel.\n"_s);
+        printErr(Cli::tr("No terminal to answer on: Cancel.\n"));
         return 1;
     }
     printErr(question + u" [y/N] "_s);
@@ -105,14 +107,14 @@ int TerminalView::ask(const QString& title, const QString& message, const QStrin
 
 void TerminalView::beginConfirmationSheet(const QString& title, const QString& message, std::function<void(int)> done)
 {
-    const int answer = m_options.assumeYes ? 0 : ask(title, message, u"Shred?"_s);
+    const int answer = m_options.assumeYes ? 0 : ask(title, message, Cli::tr("Shred?"));
     m_cancelled = m_cancelled || answer == 1;
     done(answer);
 }
 
 int TerminalView::runQuitBrowsersAlert(const QString& title, const QString& message)
 {
-    const int answer = m_options.assumeYes ? 0 : ask(title, message, u"Continue?"_s);
+    const int answer = m_options.assumeYes ? 0 : ask(title, message, Cli::tr("Continue?"));
     m_cancelled = m_cancelled || answer == 1;
     return answer;
 }

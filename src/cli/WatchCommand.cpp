@@ -30,10 +30,10 @@ struct WatchOptions {
 int watch(const WatchOptions& options)
 {
     if (options.interval <= 0 || options.interval > 3600)
-        return refuse(u"--interval takes a number of seconds from above 0 to 3600"_s);
+        return refuse(Cli::tr("--interval takes a number of seconds from above 0 to 3600"));
     ApplicationModels::create(false);
     if (!Preferences::sharedInstance().valueForKey(PreferenceKey::Tarnhold).toBool())
-        return refuse(u"the Tarnhold watch is off (vantle-cli prefs set Tarnhold YES turns it on)"_s);
+        return refuse(Cli::tr("the Tarnhold watch is off (vantle-cli prefs set Tarnhold YES turns it on)"));
 
     TerminalView view({options.yes, true, true, options.verbose});
     ProcApplicationQuitter quitter;
@@ -62,9 +62,12 @@ int watch(const WatchOptions& options)
 void addWatchCommand(CLI::App& app, CommandAction& action)
 {
     auto options = std::make_shared<WatchOptions>();
-    CLI::App* command = app.add_subcommand("watch", "Run the Tarnhold watch: erase when a watched application quits");
-    command->add_flag("-y,--yes", options->yes, "Answer the confirmation of each run with OK");
-    command->add_flag("-v,--verbose", options->verbose, "Show every application's state as it changes");
-    command->add_option("--interval", options->interval, "Seconds between polls (default 10; for tests and demos)");
+    CLI::App* command = app.add_subcommand(
+        "watch", Cli::tr("Run the Tarnhold watch: erase when a watched application quits").toStdString());
+    command->add_flag("-y,--yes", options->yes, Cli::tr("Answer the confirmation of each run with OK").toStdString());
+    command->add_flag("-v,--verbose", options->verbose,
+                      Cli::tr("Show every application's state as it changes").toStdString());
+    command->add_option("--interval", options->interval,
+                        Cli::tr("Seconds between polls (default 10; for tests and demos)").toStdString());
     command->callback([&action, options] { action = [options] { return watch(*options); }; });
 }

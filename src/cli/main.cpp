@@ -8,8 +8,10 @@
 #include "cli/ProfilesCommands.h"
 #include "cli/ShredCommand.h"
 #include "cli/WatchCommand.h"
+#include "core/Bundle.h"
 #include "core/FileSizeSignal.h"
 #include "core/ProcessRandom.h"
+#include "core/Translations.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -17,12 +19,15 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <cstdio>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 // Everything the program reads or writes in the user's folders follows HOME, so
-// --home moves the settings, the log, the login item and the cleaned folders at once.
+// --home moves the settings, the log and the cleaned folders at once.
 bool useHomeFolder(const std::string& folder)
 {
     const QFileInfo info(QString::fromStdString(folder));
@@ -33,17 +38,120 @@ bool useHomeFolder(const std::string& folder)
     return true;
 }
 
+// The help's closing sections; the manual page is made from the same help.
+QString helpFooter()
+{
+    return Cli::tr("Examples:\n"
+                   "  vantle-cli shred --dry-run          list what a run would erase, change nothing\n"
+                   "  vantle-cli shred --yes              erase without asking\n"
+                   "  vantle-cli prefs set ShredHistory YES\n"
+                   "                                      erase the browsing history too\n"
+                   "  vantle-cli keep add example.org     keep that site's HTML5 storage\n"
+                   "  vantle-cli erase ~/Downloads/old.pdf\n"
+                   "                                      overwrite and remove one file\n"
+                   "  vantle-cli apps list --home /mnt/mac/Users/me\n"
+                   "                                      work on another home folder\n"
+                   "\n"
+                   "Exit status:\n"
+                   "  0  the command did what it was asked\n"
+                   "  1  the run was cancelled, or a file could not be erased\n"
+                   "  2  the command line was refused (unknown command, setting or name, a value of\n"
+                   "     the wrong kind); nothing was changed\n"
+                   "\n"
+                   "Files:\n"
+                   "  ~/.config/com.orvick.vantle.plist     the settings, shared with the desktop application\n"
+                   "  ~/Library/Logs/Vantle X Log.txt       the activity log of the last run, when it is on\n"
+                   "  /usr/share/vantle/                    resources: the SQLite shell, empty databases\n"
+                   "\n"
+                   "vantle-cli never creates a login item; the desktop application vantle(1) starts the\n"
+                   "watch at login while the watch is on.");
+}
+
+int distance(const std::string& a, const std::string& b)
+{
+    std::vector<int> row(b.size() + 1);
+    for (size_t j = 0; j <= b.size(); ++j)
+        row[j] = int(j);
+    for (size_t i = 1; i <= a.size(); ++i) {
+        int diagonal = row[0];
+        row[0] = int(i);
+        for (size_t j = 1; j <= b.size(); ++j) {
+            const int above = row[j];
+            row[j] = std::min({row[j] + 1, row[j - 1] + 1, diagonal + (a[i - 1] == b[j - 1] ? 0 : 1)});
+            diagonal = above;
+        }
+    }
+    return row[b.size()];
+}
+
+// CLI11 reports a mistyped command as a missing one: find the first word that
+// names no command where one is expected, with the closest command's name.
+QString unknownCommand(const CLI::App& app, int argc, char* argv[])
+{
+    const CLI::App* level = &app;
+    for (int i = 1; i < argc; ++i) {
+        const std::string word = argv[i];
+        if (word == "--home") {
+            ++i;
+            continue;
+        }
+        if (word.empty() || word[0] == '-')
+            continue;
+        const auto commands = level->get_subcommands([](const CLI::App*) { return true; });
+        if (commands.empty())
+            return {};
+        const auto match = std::find_if(commands.cbegin(), commands.cend(),
+                                        [&word](const CLI::App* command) { return command->check_name(word); });
+        if (match != commands.cend()) {
+            level = *match;
+            continue;
+        }
+        const CLI::App* closest = *std::min_element(commands.cbegin(), commands.cend(), [&word](auto* a, auto* b) {
+            return distance(word, a->get_name()) < distance(word, b->get_name());
+        });
+        const QString name = QString::fromStdString(word);
+        if (distance(word, closest->get_name()) > std::max<int>(2, int(word.size()) / 3))
+            return Cli::tr("unknown command '%1'").arg(name);
+        return Cli::tr("unknown command '%1'; did you mean '%2'?")
+            .arg(name, QString::fromStdString(closest->get_name()));
+    }
+    return {};
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
 {
     FileSizeSignal::ignore();
-    CLI::App app{"Vantle X: erases the traces that browsers and mail clients leave behind.", "vantle-cli"};
-    app.require_subcommand(1);
-    std::string home;
-    app.add_option("--home", home, "Act as if DIR were the home folder")->type_name("DIR");
+    QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(u"vantle-cli"_s);
+    QCoreApplication::setApplicationVersion(QStringLiteral(VANTLE_VERSION));
+    Translations::install(Bundle::mainBundle());
 
+    CLI::App app{Cli::tr("Vantle X erases the traces that web browsers and mail clients leave in your home folder:\n"
+                         "caches, history, cookies, saved passwords, HTML5 storage, mail trash and junk.\n"
+                         "\n"
+                         "Erasing cannot be undone: erased files are overwritten before they are removed, and no\n"
+                         "tool can bring them back. Try 'shred --dry-run' first to see what a run would erase.\n")
+                     .toStdString(),
+                 "vantle-cli"};
+    app.footer(helpFooter().toStdString());
+    app.set_help_flag("-h,--help", Cli::tr("Print this help and exit").toStdString());
+    app.set_version_flag("--version", "vantle-cli " VANTLE_VERSION,
+                         Cli::tr("Print the version and exit").toStdString());
+    app.require_subcommand(1);
+    // Subcommands made from here on hand --home back up to this level, wherever it stands.
+    app.fallthrough();
+    std::string home;
+    app.add_option("--home", home, Cli::tr("Act as if DIR were the home folder").toStdString())->type_name("DIR");
     CommandAction action;
+    app.add_subcommand("help", Cli::tr("Print this help and exit").toStdString())->callback([&action, &app] {
+        action = [&app] {
+            std::fputs(app.get_formatter()->make_help(&app, app.get_name(), CLI::AppFormatMode::Normal).c_str(),
+                       stdout);
+            return 0;
+        };
+    });
     addPrefsCommands(app, action);
     addAppsCommands(app, action);
     addEraseCommand(app, action);
@@ -56,17 +164,16 @@ int main(int argc, char* argv[])
 
     try {
         app.parse(argc, argv);
+    } catch (const CLI::Success& success) {
+        return app.exit(success);
     } catch (const CLI::ParseError& error) {
-        const int status = app.exit(error);
-        return status == 0 ? 0 : kRefusedExitCode;
+        const QString unknown = unknownCommand(app, argc, argv);
+        return refuse(unknown.isEmpty() ? QString::fromStdString(error.what()) : unknown);
     }
 
     if (!home.empty() && !useHomeFolder(home))
-        return refuse(u"--home: no such folder \"%1\""_s.arg(QString::fromStdString(home)));
+        return refuse(Cli::tr("--home: no such folder \"%1\"").arg(QString::fromStdString(home)));
 
     ProcessRandom::seedFromEntropy();
-    QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName(u"vantle-cli"_s);
-    QCoreApplication::setApplicationVersion(QStringLiteral(VANTLE_VERSION));
     return action();
 }

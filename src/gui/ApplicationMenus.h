@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QKeySequence>
 #include <QObject>
 #include <QUrl>
 
@@ -16,11 +17,13 @@ class ApplicationMenus : public QObject {
 
 public:
     struct HelpLink {
-        const char16_t* title;
+        const char* title; // untranslated; ApplicationMenus::tr() gives the menu's text
         const char16_t* url;
     };
     // The Help menu: support by mail, the questions page, the downloads page.
     static const QList<HelpLink>& helpLinks();
+    // Shred's shortcut, in the menu and on the main window's button alike.
+    static QKeySequence shredShortcut();
 
     // trayIcon: whether the Dock menu goes on a tray icon (only where there is no Dock).
     ApplicationMenus(QMainWindow& window, bool trayIcon, QObject* parent = nullptr);

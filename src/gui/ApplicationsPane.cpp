@@ -20,7 +20,7 @@ ApplicationsPane::ApplicationsPane(Preferences& preferences, QWidget* parent)
     , m_preferences(preferences)
 {
     auto* layout = new QVBoxLayout(this);
-    auto* group = new QGroupBox(u"Erase and watch"_s, this);
+    auto* group = new QGroupBox(tr("Erase and watch"), this);
     auto* grid = new QGridLayout(group);
     grid->setHorizontalSpacing(24);
     const QStringList& names = ApplicationList::allNames();
@@ -32,9 +32,9 @@ ApplicationsPane::ApplicationsPane(Preferences& preferences, QWidget* parent)
         m_boxes.append(box);
     }
     layout->addWidget(group);
-    layout->addWidget(paneNote(u"Vantle X erases the traces of the ticked applications and, with the Tarnhold watch "
-                               u"on, shreds when one of them quits. Mozilla and Netscape, and Safari and Shiira, "
-                               u"share their files and are always ticked together."_s,
+    layout->addWidget(paneNote(tr("Vantle X erases the traces of the ticked applications and, with the Tarnhold watch "
+                                  "on, shreds when one of them quits. Mozilla and Netscape, and Safari and Shiira, "
+                                  "share their files and are always ticked together."),
                                this));
     layout->addStretch();
 

@@ -53,33 +53,35 @@ CustomProcessesPane::CustomProcessesPane(CustomShred& custom, std::function<void
     , m_beep(std::move(beep))
 {
     m_processTable = new QListWidget(this);
+    m_processTable->setAccessibleName(tr("Applications to watch"));
     m_processTable->setObjectName(u"mProcessTableView"_s);
-    m_addProcess = paneButton(u"Add…"_s, "mAddProcessButton", this);
-    m_deleteProcess = paneButton(u"Remove"_s, "mDeleteProcessButton", this);
-    m_disableProcess = paneButton(u"Disable"_s, "mDisableProcessButton", this);
+    m_addProcess = paneButton(tr("Add…"), "mAddProcessButton", this);
+    m_deleteProcess = paneButton(tr("Remove"), "mDeleteProcessButton", this);
+    m_disableProcess = paneButton(tr("Disable"), "mDisableProcessButton", this);
     auto* processButtons = new QHBoxLayout;
     processButtons->addWidget(m_addProcess);
     processButtons->addWidget(m_deleteProcess);
     processButtons->addWidget(m_disableProcess);
     processButtons->addStretch();
-    auto* processGroup = new QGroupBox(u"Applications to watch"_s, this);
+    auto* processGroup = new QGroupBox(tr("Applications to watch"), this);
     auto* processLayout = new QVBoxLayout(processGroup);
     processLayout->addWidget(m_processTable);
     processLayout->addLayout(processButtons);
 
     m_pathTable = new QListWidget(this);
+    m_pathTable->setAccessibleName(tr("Erased when the selected application quits"));
     m_pathTable->setObjectName(u"mPathTableView"_s);
-    m_addPath = paneButton(u"Add…"_s, "mAddPathButton", this);
-    m_deletePath = paneButton(u"Remove"_s, "mDeletePathButton", this);
-    m_disablePath = paneButton(u"Disable"_s, "mDisablePathButton", this);
-    m_keepThisPath = new QCheckBox(u"Keep the folder: re-create it empty after shredding"_s, this);
+    m_addPath = paneButton(tr("Add…"), "mAddPathButton", this);
+    m_deletePath = paneButton(tr("Remove"), "mDeletePathButton", this);
+    m_disablePath = paneButton(tr("Disable"), "mDisablePathButton", this);
+    m_keepThisPath = new QCheckBox(tr("Keep the folder: re-create it empty after shredding"), this);
     m_keepThisPath->setObjectName(u"mKeepThisPathCheckbox"_s);
     auto* pathButtons = new QHBoxLayout;
     pathButtons->addWidget(m_addPath);
     pathButtons->addWidget(m_deletePath);
     pathButtons->addWidget(m_disablePath);
     pathButtons->addStretch();
-    auto* pathGroup = new QGroupBox(u"Erased when the selected application quits"_s, this);
+    auto* pathGroup = new QGroupBox(tr("Erased when the selected application quits"), this);
     auto* pathLayout = new QVBoxLayout(pathGroup);
     pathLayout->addWidget(m_pathTable);
     pathLayout->addWidget(m_keepThisPath);
@@ -89,7 +91,7 @@ CustomProcessesPane::CustomProcessesPane(CustomShred& custom, std::function<void
     layout->addWidget(processGroup, 1);
     layout->addWidget(pathGroup, 1);
     layout->addWidget(
-        paneNote(u"The Tarnhold watch shreds these files and folders when the application quits."_s, this));
+        paneNote(tr("The Tarnhold watch shreds these files and folders when the application quits."), this));
 
     // The buttons stay enabled whatever is selected: a path action without the
     // selection it needs beeps, and Remove with no process selected does nothing.
@@ -119,9 +121,9 @@ QString CustomProcessesPane::selectedPath() const
 void CustomProcessesPane::addProcess()
 {
     OpenPanel::Options options;
-    options.title = u"Select application to monitor"_s;
-    options.prompt = u"Select"_s;
-    options.message = u"Please select an application to monitor."_s;
+    options.title = tr("Select application to monitor");
+    options.prompt = tr("Select");
+    options.message = tr("Please select an application to monitor.");
     options.directory = QDir::homePath();
     OpenPanel::begin(window(), options, [this](const QStringList& paths) {
         if (paths.isEmpty())
@@ -149,9 +151,9 @@ void CustomProcessesPane::addPath()
         return;
     }
     OpenPanel::Options options;
-    options.title = u"Select item to shred"_s;
-    options.prompt = u"Select"_s;
-    options.message = u"Please select an item to shred."_s;
+    options.title = tr("Select item to shred");
+    options.prompt = tr("Select");
+    options.message = tr("Please select an item to shred.");
     options.directory = QDir::homePath();
     options.chooseFolders = true;
     options.showHiddenFiles = true;

@@ -129,7 +129,8 @@ void DesktopApplication::reallyQuit()
         return;
     }
     m_window->showWindow();
-    AlertSheet::begin(m_window.get(), QuitSheet::alert(), [this](int returnCode) { handleQuitSheet(returnCode); });
+    AlertSheet::begin(m_window.get(), QuitSheet::alert(m_platform.canHideWindows),
+                      [this](int returnCode) { handleQuitSheet(returnCode); });
 }
 
 void DesktopApplication::handleQuitSheet(int returnCode)

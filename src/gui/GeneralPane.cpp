@@ -14,21 +14,23 @@ namespace {
 
 struct Option {
     QLatin1StringView key;
-    const char16_t* title;
+    const char* title;
 };
 
 const Option kRunOptions[] = {
-    {PreferenceKey::Tarnhold, u"Tarnhold watch: shred when a watched browser or mail application quits"},
-    {PreferenceKey::HideAfterShredding, u"Hide Vantle X after shredding"},
-    {PreferenceKey::ActivityLog, u"Keep an activity log of each run"},
-    {PreferenceKey::ConfirmShredding, u"Ask before shredding"},
+    {PreferenceKey::Tarnhold,
+     QT_TRANSLATE_NOOP("GeneralPane", "Tarnhold watch: shred when a watched browser or mail application quits")},
+    {PreferenceKey::HideAfterShredding, QT_TRANSLATE_NOOP("GeneralPane", "Hide Vantle X after shredding")},
+    {PreferenceKey::ActivityLog, QT_TRANSLATE_NOOP("GeneralPane", "Keep an activity log of each run")},
+    {PreferenceKey::ConfirmShredding, QT_TRANSLATE_NOOP("GeneralPane", "Ask before shredding")},
 };
 
 const Option kAlsoErase[] = {
-    {PreferenceKey::ShredMailCache, u"Mail caches"},
-    {PreferenceKey::ShredAppleMailJunk, u"Apple Mail junk mail"},
-    {PreferenceKey::ShredMailTrash, u"Mail trash"},
-    {PreferenceKey::ShredQuicktimeCache, u"QuickTime cache (when shredding before log out, shut down or restart)"},
+    {PreferenceKey::ShredMailCache, QT_TRANSLATE_NOOP("GeneralPane", "Mail caches")},
+    {PreferenceKey::ShredAppleMailJunk, QT_TRANSLATE_NOOP("GeneralPane", "Apple Mail junk mail")},
+    {PreferenceKey::ShredMailTrash, QT_TRANSLATE_NOOP("GeneralPane", "Mail trash")},
+    {PreferenceKey::ShredQuicktimeCache,
+     QT_TRANSLATE_NOOP("GeneralPane", "QuickTime cache (when shredding before log out, shut down or restart)")},
 };
 
 QGroupBox* group(const QString& title, const auto& options, PreferenceControls& controls, QWidget* parent)
@@ -36,7 +38,7 @@ QGroupBox* group(const QString& title, const auto& options, PreferenceControls& 
     auto* box = new QGroupBox(title, parent);
     auto* layout = new QVBoxLayout(box);
     for (const Option& option : options)
-        layout->addWidget(controls.addCheckBox(option.key, QString::fromUtf16(option.title)));
+        layout->addWidget(controls.addCheckBox(option.key, GeneralPane::tr(option.title)));
     return box;
 }
 
@@ -46,11 +48,12 @@ GeneralPane::GeneralPane(PreferenceControls& controls, QWidget* parent)
     : QWidget(parent)
 {
     auto* layout = new QVBoxLayout(this);
-    QGroupBox* runs = group(u"Runs"_s, kRunOptions, controls, this);
-    runs->layout()->addWidget(paneNote(u"While the watch is on, Vantle X starts when you log in.\n"
-                                       u"The activity log is ~/Library/Logs/Vantle X Log.txt."_s,
-                                       runs));
+    QGroupBox* runs = group(tr("Runs"), kRunOptions, controls, this);
+    runs->layout()->addWidget(
+        paneNote(tr("While the watch is on, Vantle X starts when you log in, and the watch with it.\n"
+                    "The activity log is ~/Library/Logs/Vantle X Log.txt."),
+                 runs));
     layout->addWidget(runs);
-    layout->addWidget(group(u"Also erase"_s, kAlsoErase, controls, this));
+    layout->addWidget(group(tr("Also erase"), kAlsoErase, controls, this));
     layout->addStretch();
 }

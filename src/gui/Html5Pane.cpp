@@ -17,17 +17,18 @@ Html5Pane::Html5Pane(HTML5Manager& html5, QWidget* parent)
     : QWidget(parent)
     , m_html5(html5)
 {
-    m_enabled = new QCheckBox(u"Erase HTML5 local storage and web databases"_s, this);
+    m_enabled = new QCheckBox(tr("Erase HTML5 local &storage and web databases"), this);
     m_enabled->setObjectName(u"mEnabledCheckbox"_s);
 
     m_domainTable = new QListWidget(this);
+    m_domainTable->setAccessibleName(tr("Sites whose storage is kept"));
     m_domainTable->setObjectName(u"mDomainTableView"_s);
     m_domainTable->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
                                    QAbstractItemView::SelectedClicked);
-    m_add = new QPushButton(u"Add"_s, this);
+    m_add = new QPushButton(tr("A&dd"), this);
     m_add->setObjectName(u"mAddButton"_s);
     m_add->setAutoDefault(false);
-    m_delete = new QPushButton(u"Remove"_s, this);
+    m_delete = new QPushButton(tr("Remo&ve"), this);
     m_delete->setObjectName(u"mDeleteButton"_s);
     m_delete->setAutoDefault(false);
     auto* buttons = new QHBoxLayout;
@@ -35,7 +36,7 @@ Html5Pane::Html5Pane(HTML5Manager& html5, QWidget* parent)
     buttons->addWidget(m_delete);
     buttons->addStretch();
 
-    auto* group = new QGroupBox(u"Sites whose storage is kept"_s, this);
+    auto* group = new QGroupBox(tr("Sites whose storage is kept"), this);
     auto* groupLayout = new QVBoxLayout(group);
     groupLayout->addWidget(m_domainTable);
     groupLayout->addLayout(buttons);
@@ -43,9 +44,10 @@ Html5Pane::Html5Pane(HTML5Manager& html5, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_enabled);
     layout->addWidget(group, 1);
-    layout->addWidget(paneNote(u"A site is kept when its name contains an entry: \"example.com\" keeps the storage of "
-                               u"www.example.com and mail.example.com alike."_s,
-                               this));
+    layout->addWidget(
+        paneNote(tr("A site is kept when its name contains an entry: \"example.com\" keeps the storage of "
+                    "www.example.com and mail.example.com alike."),
+                 this));
 
     connect(m_enabled, &QCheckBox::clicked, this, [this] { m_html5.setEnabled(); });
     connect(m_add, &QPushButton::clicked, this, &Html5Pane::addDomain);

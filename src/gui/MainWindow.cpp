@@ -1,5 +1,8 @@
 #include "gui/MainWindow.h"
 
+#include "gui/ApplicationMenus.h"
+#include "gui/CoreTexts.h"
+
 #include "gui/AlertSheet.h"
 #include "gui/AllDesktops.h"
 #include "gui/ElidedLabel.h"
@@ -31,13 +34,14 @@ QWidget* header(QPushButton* shredButton, QWidget* parent)
 
     auto* titles = new QVBoxLayout;
     titles->setSpacing(2);
-    auto* name = new QLabel(u"Vantle X"_s, widget);
+    auto* name = new QLabel(MainWindow::tr("Vantle X"), widget);
     QFont big = name->font();
     big.setBold(true);
     big.setPointSizeF(big.pointSizeF() * 1.3);
     name->setFont(big);
     titles->addWidget(name);
-    titles->addWidget(new QLabel(u"Erases the traces that browsers and mail clients leave behind."_s, widget));
+    titles->addWidget(
+        new QLabel(MainWindow::tr("Erases the traces that browsers and mail clients leave behind."), widget));
     layout->addLayout(titles);
     layout->addStretch();
     layout->addSpacing(12);
@@ -52,22 +56,27 @@ MainWindow::MainWindow(UserDefaults& defaults, std::function<void()> beep, QWidg
     , m_defaults(defaults)
     , m_beep(std::move(beep))
 {
-    setWindowTitle(u"Vantle X"_s);
+    setWindowTitle(tr("Vantle X"));
 
-    m_shredButton = new QPushButton(u"Shred"_s);
+    m_shredButton = new QPushButton(tr("Shred"));
     m_shredButton->setObjectName(u"mShredButton"_s);
     m_shredButton->setDefault(true);
-    m_shredButton->setMinimumWidth(m_shredButton->fontMetrics().horizontalAdvance(u"Shred"_s) * 3);
+    m_shredButton->setMinimumWidth(m_shredButton->fontMetrics().horizontalAdvance(m_shredButton->text()) * 3);
+    m_shredButton->setToolTip(tr("Erase the traces of the enabled applications (%1)")
+                                  .arg(ApplicationMenus::shredShortcut().toString(QKeySequence::NativeText)));
+    m_shredButton->setAccessibleDescription(m_shredButton->toolTip());
     connect(m_shredButton, &QPushButton::clicked, this, &MainWindow::shredClicked);
 
     m_progress = new QProgressBar;
     m_progress->setObjectName(u"mShreddingProgressIndicator"_s);
     m_progress->setTextVisible(false);
+    m_progress->setAccessibleName(tr("Shredding progress"));
     m_progress->setRange(0, 100);
     m_progress->setValue(0);
 
     m_item = new ElidedLabel;
     m_item->setObjectName(u"mItemTextField"_s);
+    m_item->setAccessibleName(tr("Item being shredded"));
     m_watch = new WatchPanel;
 
     auto* central = new QWidget(this);
@@ -158,12 +167,12 @@ void MainWindow::setProgressAnimating(bool animating)
 
 void MainWindow::setItemText(const QString& text)
 {
-    m_item->setFullText(text);
+    m_item->setFullText(CoreTexts::translated(text));
 }
 
 void MainWindow::setWatchStatusText(const QString& text)
 {
-    m_watch->setStatusText(text);
+    m_watch->setStatusText(CoreTexts::translated(text));
 }
 
 void MainWindow::setApplicationLabelColor(WatchedApp application, LabelColor color)
@@ -212,14 +221,21 @@ void MainWindow::beginConfirmationSheet(const QString& title, const QString& mes
 {
     // Cancel is the default button: Return cancels, only a deliberate OK erases.
     AlertSheet::begin(this,
-                      {title, message, {u"Cancel"_s, QMessageBox::RejectRole}, {u"OK"_s, QMessageBox::AcceptRole}, {}},
+                      {CoreTexts::translated(title),
+                       CoreTexts::translated(message),
+                       {tr("Cancel"), QMessageBox::RejectRole},
+                       {tr("OK"), QMessageBox::AcceptRole},
+                       {}},
                       std::move(done));
 }
 
 int MainWindow::runQuitBrowsersAlert(const QString& title, const QString& message)
 {
-    return AlertSheet::run(
-        this, {title, message, {u"Cancel"_s, QMessageBox::RejectRole}, {u"OK"_s, QMessageBox::AcceptRole}, {}});
+    return AlertSheet::run(this, {CoreTexts::translated(title),
+                                  CoreTexts::translated(message),
+                                  {tr("Cancel"), QMessageBox::RejectRole},
+                                  {tr("OK"), QMessageBox::AcceptRole},
+                                  {}});
 }
 
 void MainWindow::replyToApplicationShouldTerminate(bool terminate)

@@ -59,7 +59,7 @@ QVariant PluginTableModel::headerData(int section, Qt::Orientation orientation, 
 {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return {};
-    return section == EnabledColumn ? u"Erase"_s : u"Plug-in"_s;
+    return section == EnabledColumn ? tr("Erase") : tr("Plug-in");
 }
 
 Qt::ItemFlags PluginTableModel::flags(const QModelIndex& index) const

@@ -24,6 +24,7 @@ PluginsPane::PluginsPane(PluginManager& plugins, std::function<void()> beep, QWi
     , m_model(new PluginTableModel(plugins, this))
 {
     m_pluginList = new QTableView(this);
+    m_pluginList->setAccessibleName(tr("Plug-ins"));
     m_pluginList->setObjectName(u"mPluginList"_s);
     m_pluginList->setModel(m_model);
     m_pluginList->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -37,30 +38,31 @@ PluginsPane::PluginsPane(PluginManager& plugins, std::function<void()> beep, QWi
     m_pluginList->horizontalHeader()->setStretchLastSection(true);
     m_pluginList->setAlternatingRowColors(true);
 
-    m_addPlugin = paneButton(u"Add"_s, "mAddPlugin", this);
-    m_deletePlugin = paneButton(u"Remove"_s, "mDeletePlugin", this);
-    m_restoreDefault = paneButton(u"Restore Default Paths"_s, "mRestoreDefault", this);
+    m_addPlugin = paneButton(tr("Add"), "mAddPlugin", this);
+    m_deletePlugin = paneButton(tr("Remove"), "mDeletePlugin", this);
+    m_restoreDefault = paneButton(tr("Restore Default Paths"), "mRestoreDefault", this);
     auto* pluginButtons = new QHBoxLayout;
     pluginButtons->addWidget(m_addPlugin);
     pluginButtons->addWidget(m_deletePlugin);
     pluginButtons->addStretch();
     pluginButtons->addWidget(m_restoreDefault);
 
-    auto* pluginGroup = new QGroupBox(u"Plug-ins"_s, this);
+    auto* pluginGroup = new QGroupBox(tr("Plug-ins"), this);
     auto* pluginLayout = new QVBoxLayout(pluginGroup);
     pluginLayout->addWidget(m_pluginList);
     pluginLayout->addLayout(pluginButtons);
 
     m_pluginPath = new QListWidget(this);
+    m_pluginPath->setAccessibleName(tr("Folders and files of the selected plug-in"));
     m_pluginPath->setObjectName(u"mPluginPath"_s);
-    m_addPath = paneButton(u"Add…"_s, "mAddPath", this);
-    m_deletePath = paneButton(u"Remove"_s, "mDeletePath", this);
+    m_addPath = paneButton(tr("Add…"), "mAddPath", this);
+    m_deletePath = paneButton(tr("Remove"), "mDeletePath", this);
     auto* pathButtons = new QHBoxLayout;
     pathButtons->addWidget(m_addPath);
     pathButtons->addWidget(m_deletePath);
     pathButtons->addStretch();
 
-    auto* pathGroup = new QGroupBox(u"Folders and files of the selected plug-in"_s, this);
+    auto* pathGroup = new QGroupBox(tr("Folders and files of the selected plug-in"), this);
     auto* pathLayout = new QVBoxLayout(pathGroup);
     pathLayout->addWidget(m_pluginPath);
     pathLayout->addLayout(pathButtons);
@@ -68,8 +70,8 @@ PluginsPane::PluginsPane(PluginManager& plugins, std::function<void()> beep, QWi
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(pluginGroup, 1);
     layout->addWidget(pathGroup, 1);
-    layout->addWidget(paneNote(u"Runs that end in log out, shut down or restart erase these folders, and so do "
-                               u"ordinary runs while no watched application is running."_s,
+    layout->addWidget(paneNote(tr("Runs that end in log out, shut down or restart erase these folders, and so do "
+                                  "ordinary runs while no watched application is running."),
                                this));
 
     connect(m_addPlugin, &QPushButton::clicked, this, &PluginsPane::addPlugin);
@@ -119,9 +121,9 @@ void PluginsPane::addPath()
         return;
     }
     OpenPanel::Options options;
-    options.title = u"Select item to shred"_s;
-    options.prompt = u"Select"_s;
-    options.message = u"Please select an item to shred."_s;
+    options.title = tr("Select item to shred");
+    options.prompt = tr("Select");
+    options.message = tr("Please select an item to shred.");
     options.directory = QDir::home().filePath(u"Library/Caches"_s);
     options.chooseFolders = true;
     options.multipleSelection = true;

@@ -22,10 +22,10 @@ constexpr const char* kPopUpNames[ProfilesManager::ApplicationCount] = {
 QString summary(const ProfilesManager::Menu& menu)
 {
     if (menu.items.isEmpty())
-        return u"No profiles found"_s;
+        return ProfilesPane::tr("No profiles found");
     const auto checked =
         std::count_if(menu.items.cbegin(), menu.items.cend(), [](const auto& item) { return item.checked; });
-    return u"%1 of %2 erased"_s.arg(checked).arg(menu.items.size());
+    return ProfilesPane::tr("%1 of %2 erased").arg(checked).arg(menu.items.size());
 }
 
 } // namespace
@@ -35,14 +35,15 @@ ProfilesPane::ProfilesPane(ProfilesManager& profiles, QWidget* parent)
     , m_profiles(profiles)
 {
     auto* layout = new QVBoxLayout(this);
-    auto* group = new QGroupBox(u"Profiles to erase"_s, this);
+    auto* group = new QGroupBox(tr("Profiles to erase"), this);
     auto* grid = new QGridLayout(group);
     grid->setColumnStretch(2, 1);
     for (int i = 0; i < ProfilesManager::ApplicationCount; ++i) {
         const auto application = ProfilesManager::Application(i);
-        auto* popUp = new QPushButton(u"Profiles"_s, group);
+        auto* popUp = new QPushButton(tr("Profiles"), group);
         popUp->setObjectName(QLatin1StringView(kPopUpNames[i]));
         popUp->setMenu(new QMenu(popUp));
+        popUp->setAccessibleName(tr("%1 profiles").arg(ProfilesManager::displayName(application)));
         auto* name = new QLabel(ProfilesManager::displayName(application) + u':', group);
         name->setBuddy(popUp);
         auto* state = new QLabel(group);
@@ -53,8 +54,8 @@ ProfilesPane::ProfilesPane(ProfilesManager& profiles, QWidget* parent)
         m_summaries.append(state);
     }
     layout->addWidget(group);
-    layout->addWidget(paneNote(u"Checked profiles are erased. A profile created later is left alone until you "
-                               u"check it here; new profiles show up the next time Vantle X starts."_s,
+    layout->addWidget(paneNote(tr("Checked profiles are erased. A profile created later is left alone until you "
+                                  "check it here; new profiles show up the next time Vantle X starts."),
                                this));
     layout->addStretch();
 
@@ -70,7 +71,7 @@ void ProfilesPane::showMenus()
         QMenu* menu = m_popUps[i]->menu();
         menu->clear();
         // The pull-down's own title item comes first; it does nothing.
-        menu->addAction(u"Profiles"_s)->setEnabled(false);
+        menu->addAction(tr("Profiles"))->setEnabled(false);
         if (i >= menus.size())
             continue;
         const ProfilesManager::Menu& profiles = menus[i];

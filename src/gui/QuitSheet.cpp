@@ -1,21 +1,35 @@
 #include "gui/QuitSheet.h"
 
-using namespace Qt::StringLiterals;
+#include <QCoreApplication>
 
 namespace QuitSheet {
 
-const AlertSheet::Alert& alert()
+AlertSheet::Alert alert([[maybe_unused]] bool trayIcon)
 {
-    static const AlertSheet::Alert sheet{
-        u"Quit"_s,
-        u"Quitting Vantle will interrupt Tarnhold watch and Vantle will not run automatically when you quit "
-        u"from "
-        u"your web browser or email application. Would you prefer to hide Vantle in the Dock?"_s,
-        {u"Hide"_s, QMessageBox::AcceptRole},
-        {u"Quit"_s, QMessageBox::DestructiveRole},
-        {u"Cancel"_s, QMessageBox::RejectRole},
+#ifdef Q_OS_MACOS
+    const QString message = QCoreApplication::translate(
+        "QuitSheet",
+        "Quitting Vantle will interrupt Tarnhold watch and Vantle will not run automatically when you quit "
+        "from your web browser or email application. Would you prefer to hide Vantle in the Dock?");
+#else
+    const QString message =
+        trayIcon
+            ? QCoreApplication::translate("QuitSheet",
+                                          "Quitting Vantle will interrupt Tarnhold watch and Vantle will not run "
+                                          "automatically when you quit from your web browser or email application. "
+                                          "Would you prefer to hide Vantle in the system tray?")
+            : QCoreApplication::translate("QuitSheet",
+                                          "Quitting Vantle will interrupt Tarnhold watch and Vantle will not run "
+                                          "automatically when you quit from your web browser or email application. "
+                                          "Would you prefer to minimise Vantle?");
+#endif
+    return {
+        QCoreApplication::translate("QuitSheet", "Quit"),
+        message,
+        {QCoreApplication::translate("QuitSheet", "&Hide"), QMessageBox::AcceptRole},
+        {QCoreApplication::translate("QuitSheet", "&Quit"), QMessageBox::DestructiveRole},
+        {QCoreApplication::translate("QuitSheet", "Cancel"), QMessageBox::RejectRole},
     };
-    return sheet;
 }
 
 } // namespace QuitSheet

@@ -23,24 +23,24 @@ SettingsWindow::SettingsWindow(Models models, std::function<void()> beep, QWidge
     , m_preferences(models.preferences)
     , m_controls(new PreferenceControls(models.preferences, this))
 {
-    setWindowTitle(u"Vantle X Settings"_s);
+    setWindowTitle(tr("Vantle X Settings"));
 
     m_panes = new QTabWidget(this);
     // Every pane's tab in sight: the tab bar sets the window's least width.
     m_panes->setUsesScrollButtons(false);
-    m_panes->addTab(new ErasingPane(*m_controls), u"Erasing"_s);
-    m_panes->addTab(new GeneralPane(*m_controls), u"General"_s);
-    m_panes->addTab(new ApplicationsPane(models.preferences), u"Applications"_s);
-    m_panes->addTab(new Html5Pane(models.html5), u"HTML5"_s);
-    m_panes->addTab(new ProfilesPane(models.profiles), u"Profiles"_s);
-    m_panes->addTab(new PluginsPane(models.plugins, beep), u"Plug-ins"_s);
-    m_panes->addTab(new CustomProcessesPane(models.custom, beep), u"Custom Processes"_s);
+    m_panes->addTab(new ErasingPane(*m_controls), tr("&Erasing"));
+    m_panes->addTab(new GeneralPane(*m_controls), tr("&General"));
+    m_panes->addTab(new ApplicationsPane(models.preferences), tr("&Applications"));
+    m_panes->addTab(new Html5Pane(models.html5), tr("HT&ML5"));
+    m_panes->addTab(new ProfilesPane(models.profiles), tr("&Profiles"));
+    m_panes->addTab(new PluginsPane(models.plugins, beep), tr("Pl&ug-ins"));
+    m_panes->addTab(new CustomProcessesPane(models.custom, beep), tr("&Custom Processes"));
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
-    QPushButton* factory = buttons->addButton(u"Factory Settings"_s, QDialogButtonBox::ResetRole);
+    QPushButton* factory = buttons->addButton(tr("&Factory Settings"), QDialogButtonBox::ResetRole);
     factory->setObjectName(u"revertToDefault"_s);
-    factory->setToolTip(u"Puts the erasing and general settings back to their factory values. Applications, "
-                        u"profiles, plug-ins and custom processes stay as they are."_s);
+    factory->setToolTip(tr("Puts the erasing and general settings back to their factory values. Applications, "
+                           "profiles, plug-ins and custom processes stay as they are."));
     factory->setAutoDefault(false);
     buttons->button(QDialogButtonBox::Close)->setAutoDefault(false);
     connect(factory, &QPushButton::clicked, this, [this] { m_preferences.revertToDefault(); });

@@ -1,9 +1,13 @@
 #include "gui/WatchPanel.h"
 
+#include <QEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
+
+#include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -41,43 +45,44 @@ QString stateName(ControllerView::LabelColor color)
 {
     switch (color) {
     case ControllerView::LabelColor::Red:
-        return u"running"_s;
+        return WatchPanel::tr("running");
     case ControllerView::LabelColor::Green:
-        return u"not running"_s;
+        return WatchPanel::tr("not running");
     case ControllerView::LabelColor::LightGray:
         break;
     }
-    return u"not watched"_s;
+    return WatchPanel::tr("not watched");
 }
 
 void paint(QLabel* label, ControllerView::LabelColor color)
 {
     QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, WatchPanel::colorFor(color));
+    palette.setColor(QPalette::WindowText, WatchPanel::colorFor(color, label->parentWidget()->palette()));
     label->setPalette(palette);
 }
 
-QLabel* countLabel(const char* objectName, QWidget* parent)
+QLabel* countLabel(const char* objectName, const QString& accessibleName, QWidget* parent)
 {
     auto* label = new QLabel(u"0"_s, parent);
     label->setObjectName(QLatin1StringView(objectName));
+    label->setAccessibleName(accessibleName);
     return label;
 }
 
-QString legend()
+// Relative luminance as WCAG 2 defines it.
+double luminance(const QColor& color)
 {
-    QStringList parts;
-    for (const auto color :
-         {WatchPanel::LabelColor::Red, WatchPanel::LabelColor::Green, WatchPanel::LabelColor::LightGray})
-        parts.append(u"<span style=\"color:%1\">&#9679;</span>&nbsp;%2"_s.arg(WatchPanel::colorFor(color).name(),
-                                                                              stateName(color)));
-    return parts.join(u"&nbsp;&nbsp;&nbsp;"_s);
+    const auto channel = [](double value) {
+        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    const QColor rgb = color.toRgb();
+    return 0.2126 * channel(rgb.redF()) + 0.7152 * channel(rgb.greenF()) + 0.0722 * channel(rgb.blueF());
 }
 
 } // namespace
 
 WatchPanel::WatchPanel(QWidget* parent)
-    : QGroupBox(u"Tarnhold Watch"_s, parent)
+    : QGroupBox(tr("Tarnhold Watch"), parent)
 {
     auto* layout = new QVBoxLayout(this);
 
@@ -89,7 +94,7 @@ WatchPanel::WatchPanel(QWidget* parent)
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(18);
     for (std::size_t i = 0; i < kLabels.size(); ++i) {
-        auto* label = new QLabel(QString::fromUtf16(kLabels[i].title), this);
+        auto* label = new QLabel(this);
         label->setObjectName(QLatin1StringView(kLabels[i].objectName));
         m_applications[std::size_t(kLabels[i].application)] = label;
         grid->addWidget(label, int(i) / kColumns, int(i) % kColumns);
@@ -97,42 +102,90 @@ WatchPanel::WatchPanel(QWidget* parent)
     }
     layout->addLayout(grid);
 
-    auto* key = new QLabel(legend(), this);
-    key->setTextFormat(Qt::RichText);
-    QFont small = key->font();
+    m_legend = new QLabel(this);
+    m_legend->setTextFormat(Qt::RichText);
+    QFont small = m_legend->font();
     small.setPointSizeF(small.pointSizeF() * 0.9);
-    key->setFont(small);
-    layout->addWidget(key);
+    m_legend->setFont(small);
+    layout->addWidget(m_legend);
+    showLegend();
 
     auto* custom = new QHBoxLayout;
     custom->setSpacing(4);
-    custom->addWidget(new QLabel(u"Custom processes:"_s, this));
+    custom->addWidget(new QLabel(tr("Custom processes:"), this));
     custom->addSpacing(8);
-    m_configured = countLabel("mTHCustomConfigured", this);
-    m_stopped = countLabel("mTHCustomStopped", this);
-    m_running = countLabel("mTHCustomRunning", this);
-    for (const auto& [caption, count] : {std::pair{u"configured"_s, m_configured}, std::pair{u"stopped"_s, m_stopped},
-                                         std::pair{u"running"_s, m_running}}) {
+    m_configured = countLabel("mTHCustomConfigured", tr("Custom processes configured"), this);
+    m_stopped = countLabel("mTHCustomStopped", tr("Custom processes stopped"), this);
+    m_running = countLabel("mTHCustomRunning", tr("Custom processes running"), this);
+    for (const auto& [caption, count] : {std::pair{tr("configured"), m_configured}, std::pair{tr("stopped"), m_stopped},
+                                         std::pair{tr("running"), m_running}}) {
         custom->addWidget(count);
         custom->addWidget(new QLabel(caption, this));
         custom->addSpacing(14);
     }
     custom->addStretch();
     layout->addLayout(custom);
-    paint(m_running, LabelColor::LightGray);
+    m_runningColor = LabelColor::LightGray;
+    paint(m_running, m_runningColor);
 }
 
-QColor WatchPanel::colorFor(LabelColor color)
+QColor WatchPanel::colorFor(LabelColor color, const QPalette& palette)
+{
+    QColor hue(0x80, 0x80, 0x80);
+    if (color == LabelColor::Red)
+        hue = QColor(0xc6, 0x28, 0x28);
+    else if (color == LabelColor::Green)
+        hue = QColor(0x2e, 0x7d, 0x32);
+    // Darker on a light window, lighter on a dark one, until the text stands out.
+    const QColor window = palette.color(QPalette::Window);
+    const bool darkWindow = luminance(window) < 0.18;
+    float h, s, l, a;
+    hue.getHslF(&h, &s, &l, &a);
+    QColor shade = hue;
+    while (contrast(shade, window) < 4.6 && l > 0.0f && l < 1.0f) {
+        l = std::clamp(l + (darkWindow ? 0.02f : -0.02f), 0.0f, 1.0f);
+        shade = QColor::fromHslF(h, s, l);
+    }
+    return shade;
+}
+
+double WatchPanel::contrast(const QColor& a, const QColor& b)
+{
+    const auto [darker, lighter] = std::minmax(luminance(a), luminance(b));
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+QString WatchPanel::symbolFor(LabelColor color)
 {
     switch (color) {
     case LabelColor::Red:
-        return QColor(0xc6, 0x28, 0x28);
+        return u"\u25CF"_s; // ● running
     case LabelColor::Green:
-        return QColor(0x2e, 0x7d, 0x32);
+        return u"\u25CB"_s; // ○ not running
     case LabelColor::LightGray:
         break;
     }
-    return QColor(0xa8, 0xa8, 0xa8);
+    return u"\u2013"_s; // – not watched
+}
+
+void WatchPanel::showLegend()
+{
+    QStringList parts;
+    for (const auto color : {LabelColor::Red, LabelColor::Green, LabelColor::LightGray})
+        parts.append(u"<span style=\"color:%1\">%2&nbsp;%3</span>"_s.arg(colorFor(color, palette()).name(),
+                                                                         symbolFor(color), stateName(color)));
+    m_legend->setText(parts.join(u"&nbsp;&nbsp;&nbsp;"_s));
+}
+
+void WatchPanel::changeEvent(QEvent* event)
+{
+    QGroupBox::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange)
+        return;
+    for (std::size_t i = 0; i < kLabels.size(); ++i)
+        setApplicationColor(kLabels[i].application, m_colors[std::size_t(kLabels[i].application)]);
+    paint(m_running, m_runningColor);
+    showLegend();
 }
 
 void WatchPanel::setStatusText(const QString& text)
@@ -142,9 +195,16 @@ void WatchPanel::setStatusText(const QString& text)
 
 void WatchPanel::setApplicationColor(WatchedApp application, LabelColor color)
 {
+    const auto entry = std::find_if(kLabels.cbegin(), kLabels.cend(), [application](const ApplicationLabel& label) {
+        return label.application == application;
+    });
+    const QString name = QString::fromUtf16(entry->title);
     QLabel* label = m_applications[std::size_t(application)];
+    m_colors[std::size_t(application)] = color;
+    label->setText(symbolFor(color) + u' ' + name);
     paint(label, color);
-    label->setToolTip(u"%1: %2"_s.arg(label->text(), stateName(color)));
+    label->setToolTip(tr("%1: %2").arg(name, stateName(color)));
+    label->setAccessibleName(label->toolTip());
 }
 
 void WatchPanel::setCustomConfiguredCount(int count)
@@ -155,6 +215,7 @@ void WatchPanel::setCustomConfiguredCount(int count)
 void WatchPanel::setCustomRunningCount(int count, LabelColor color)
 {
     m_running->setNum(count);
+    m_runningColor = color;
     paint(m_running, color);
 }
 

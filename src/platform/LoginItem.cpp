@@ -13,7 +13,9 @@ std::unique_ptr<LoginItem> createPlatformLoginItem()
 #ifdef Q_OS_MACOS
     return std::make_unique<AppleScriptLoginItem>(Bundle::mainBundle().bundlePath());
 #else
-    return std::make_unique<XdgLoginItem>(XdgLoginItem::defaultEntryPath(),
-                                          XdgLoginItem::applicationBeside(Bundle::mainBundle().bundlePath()));
+    // The installed program by name, as the application's own desktop entry starts
+    // it, so that a copy started from a build folder never leaves an entry that
+    // points into that folder.
+    return std::make_unique<XdgLoginItem>(XdgLoginItem::defaultEntryPath(), QStringLiteral("vantle"));
 #endif
 }

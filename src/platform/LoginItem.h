@@ -11,7 +11,7 @@ class LoginItem {
 public:
     virtual ~LoginItem() = default;
 
-    // The application the entry should start: the running one.
+    // The application the entry should start: the installed desktop application.
     virtual QString applicationPath() const = 0;
 
     // The application the entry starts, or empty when there is no entry.
@@ -24,5 +24,5 @@ public:
     virtual void setHidden(bool hidden) = 0;
 };
 
-// The login item of this system for the running application.
+// The login item of this system for the desktop application.
 std::unique_ptr<LoginItem> createPlatformLoginItem();

@@ -1,6 +1,7 @@
 #include "settings/Preferences.h"
 
 #include "platform/LoginItem.h"
+#include "platform/UnchangedLoginItem.h"
 #include "settings/ApplicationList.h"
 #include "settings/PreferenceKeys.h"
 #include "settings/UserDefaults.h"
@@ -38,7 +39,7 @@ Preferences& Preferences::sharedInstance()
         if (gShared)
             return *gShared;
     }
-    return createSharedInstance(UserDefaults::standardUserDefaults(), createPlatformLoginItem());
+    return createSharedInstance(UserDefaults::standardUserDefaults(), std::make_unique<UnchangedLoginItem>());
 }
 
 Preferences& Preferences::createSharedInstance(UserDefaults& defaults, std::unique_ptr<LoginItem> loginItem)

@@ -6,13 +6,13 @@ namespace {
 
 class KeepCliTest : public CliFixture {
 protected:
-    // One line on the standard error, exit status 2 and the settings file untouched.
+    // The error and the pointer to --help on the standard error, exit status 2 and the settings file untouched.
     void expectRefused(const QStringList& arguments)
     {
         const QByteArray before = home.read(u".config/com.orvick.vantle.plist"_s);
         const CliRun run = cli(arguments);
         EXPECT_EQ(run.exitCode, 2) << qPrintable(arguments.join(u' '));
-        EXPECT_EQ(run.err.count(u'\n'), 1) << qPrintable(run.err);
+        EXPECT_EQ(run.err.count(u'\n'), 2) << qPrintable(run.err);
         EXPECT_EQ(home.read(u".config/com.orvick.vantle.plist"_s), before);
     }
 };

@@ -45,5 +45,5 @@ TEST_F(PluginsCliTest, ManagesDefaultAndOwnPlugins)
 
     const CliRun unknown = cli({u"plugins"_s, u"enable"_s, u"No such"_s});
     EXPECT_EQ(unknown.exitCode, 2);
-    EXPECT_EQ(unknown.err.count(u'\n'), 1);
+    EXPECT_EQ(unknown.err.count(u'\n'), 2);
 }

@@ -66,6 +66,9 @@ protected:
     MainWindow& window() { return app().mainWindow(); }
     Controller& controller() { return app().controller(); }
 
+    // A text as shown, without its mnemonic marker.
+    static QString shown(QString text) { return text.remove(u'&'); }
+
     // The settings window on the pane of that title.
     SettingsWindow& settingsPane(const QString& title)
     {
@@ -73,10 +76,10 @@ protected:
         settings.showPanel();
         QTabWidget* panes = settings.panes();
         for (int i = 0; i < panes->count(); ++i) {
-            if (panes->tabText(i) == title)
+            if (shown(panes->tabText(i)) == title)
                 panes->setCurrentIndex(i);
         }
-        EXPECT_EQ(panes->tabText(panes->currentIndex()), title);
+        EXPECT_EQ(shown(panes->tabText(panes->currentIndex())), title);
         return settings;
     }
 
@@ -119,7 +122,7 @@ protected:
     static QAbstractButton* buttonOf(QMessageBox* box, const QString& text)
     {
         for (QAbstractButton* button : box->buttons()) {
-            if (button->text() == text)
+            if (shown(button->text()) == text)
                 return button;
         }
         return nullptr;

@@ -2,6 +2,7 @@
 #include "gui/WatchPanel.h"
 #include "watch/CustomShred.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QDir>
 #include <QFileInfo>
@@ -9,6 +10,9 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QStyle>
+
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -24,7 +28,29 @@ protected:
     QLabel* label(const QString& name) { return window().findChild<QLabel*>(name); }
     QColor colorOf(const QString& name) { return label(name)->palette().color(QPalette::WindowText); }
     QString statusText() { return label(u"tarnholdStatusTextbox"_s)->text(); }
+
+    // The label shows the state by its colour and, for an application, by its symbol too.
+    void expectState(const QString& name, Color color)
+    {
+        EXPECT_EQ(colorOf(name), WatchPanel::colorFor(color, window().findChild<WatchPanel*>()->palette()))
+            << qPrintable(name);
+        if (!name.startsWith(u"mTHCustom"_s)) {
+            EXPECT_TRUE(label(name)->text().startsWith(WatchPanel::symbolFor(color)))
+                << qPrintable(label(name)->text());
+        }
+    }
 };
+
+// WCAG 2 contrast, computed here independently of the panel's own.
+double contrastRatio(const QColor& a, const QColor& b)
+{
+    const auto luminance = [](const QColor& color) {
+        const auto linear = [](double c) { return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
+        return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+    };
+    const double la = luminance(a), lb = luminance(b);
+    return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
+}
 
 } // namespace
 
@@ -99,28 +125,57 @@ TEST_F(MainWindowTest, TheWatchPaintsEachApplicationsLabelAndCountsTheCustomProc
 
     controller().HandleTarnholdTimer(false);
     EXPECT_EQ(statusText(), u"A supported browser or email application is running..."_s);
-    EXPECT_EQ(colorOf(u"mTHSafari"_s), WatchPanel::colorFor(Color::Red));
-    EXPECT_EQ(colorOf(u"mTHOmniweb"_s), WatchPanel::colorFor(Color::Red));
-    EXPECT_EQ(colorOf(u"mTHOpera"_s), WatchPanel::colorFor(Color::Green));
-    EXPECT_EQ(colorOf(u"mTHFirefox"_s), WatchPanel::colorFor(Color::Green));
+    expectState(u"mTHSafari"_s, Color::Red);
+    expectState(u"mTHOmniweb"_s, Color::Red);
+    expectState(u"mTHOpera"_s, Color::Green);
+    expectState(u"mTHFirefox"_s, Color::Green);
     EXPECT_EQ(label(u"mTHCustomRunning"_s)->text(), u"1"_s);
-    EXPECT_EQ(colorOf(u"mTHCustomRunning"_s), WatchPanel::colorFor(Color::Red));
+    expectState(u"mTHCustomRunning"_s, Color::Red);
     EXPECT_EQ(label(u"mTHCustomStopped"_s)->text(), u"1"_s);
 
     // An application that is not enabled is grey whatever its state.
     QCheckBox* safari = settingsPane(u"Applications"_s).findChild<QCheckBox*>(u"Safari"_s);
     toggle(safari);
     controller().HandleTarnholdTimer(false);
-    EXPECT_EQ(colorOf(u"mTHSafari"_s), WatchPanel::colorFor(Color::LightGray));
-    EXPECT_EQ(colorOf(u"mTHShiira"_s), WatchPanel::colorFor(Color::LightGray));
-    EXPECT_EQ(colorOf(u"mTHChrome"_s), WatchPanel::colorFor(Color::Green));
+    expectState(u"mTHSafari"_s, Color::LightGray);
+    expectState(u"mTHShiira"_s, Color::LightGray);
+    expectState(u"mTHChrome"_s, Color::Green);
 
     // The watch switched off greys every label at the next settings tick.
     toggle(settingsPane(u"General"_s).findChild<QCheckBox*>(u"Tarnhold"_s));
     controller().HandleTimer();
     EXPECT_EQ(statusText(), u"Not enabled. Use preferences to enable..."_s);
     for (const char* name : {"mTHOmniweb", "mTHOpera", "mTHSeaMonkey", "mTHChrome"})
-        EXPECT_EQ(colorOf(QLatin1StringView(name)), WatchPanel::colorFor(Color::LightGray)) << name;
+        expectState(QLatin1StringView(name), Color::LightGray);
+}
+
+TEST_F(MainWindowTest, EveryStateReadsBySymbolNameAndContrastOnLightAndDarkPalettes)
+{
+    QPalette dark(QColor(0xe0, 0xe0, 0xe0), QColor(0x35, 0x35, 0x35));
+    dark.setColor(QPalette::Window, QColor(0x2b, 0x2b, 0x2b));
+    for (const QPalette& palette : {QApplication::style()->standardPalette(), dark}) {
+        WatchPanel panel;
+        panel.setPalette(palette);
+        auto* safari = panel.findChild<QLabel*>(u"mTHSafari"_s);
+        QStringList seen;
+        for (const auto& [color, state] :
+             {std::pair{Color::Red, u"running"_s}, std::pair{Color::Green, u"not running"_s},
+              std::pair{Color::LightGray, u"not watched"_s}}) {
+            panel.setApplicationColor(WatchedApp::safari, color);
+            const QColor text = safari->palette().color(QPalette::WindowText);
+            EXPECT_GE(contrastRatio(text, panel.palette().color(QPalette::Window)), 4.5)
+                << qPrintable(text.name()) << " on " << qPrintable(panel.palette().color(QPalette::Window).name());
+            EXPECT_EQ(safari->accessibleName(), u"Safari: "_s + state);
+            seen.append(safari->text() + text.name());
+        }
+        seen.removeDuplicates();
+        EXPECT_EQ(seen.size(), 3);
+        // A palette changed while the label shows a state repaints it.
+        panel.setApplicationColor(WatchedApp::safari, Color::Green);
+        panel.setPalette(palette == dark ? QApplication::style()->standardPalette() : dark);
+        EXPECT_GE(contrastRatio(safari->palette().color(QPalette::WindowText), panel.palette().color(QPalette::Window)),
+                  4.5);
+    }
 }
 
 TEST_F(MainWindowTest, TheLabelsStandInTheirFixedOrder)
@@ -141,7 +196,7 @@ TEST_F(MainWindowTest, StartingWithTheWatchOffSaysSoAndGreysEveryLabel)
     storedDefaults().setBool(false, PreferenceKey::Tarnhold);
     app();
     EXPECT_EQ(statusText(), u"Not enabled. Use preferences to enable..."_s);
-    EXPECT_EQ(colorOf(u"mTHSafari"_s), WatchPanel::colorFor(Color::LightGray));
+    expectState(u"mTHSafari"_s, Color::LightGray);
     EXPECT_FALSE(controller().isWatchTimerActive());
 }
 

@@ -14,14 +14,14 @@ namespace {
 const QString kQuitMessage =
     u"Quitting Vantle will interrupt Tarnhold watch and Vantle will not run automatically when "
     u"you quit from your web browser or email application. Would you prefer to hide Vantle in "
-    u"the Dock?"_s;
+    u"the system tray?"_s;
 
 class MenusTest : public GuiFixture {
 protected:
     QAction* dockAction(const QString& text)
     {
         for (QAction* action : app().menus().dockMenu()->actions()) {
-            if (action->text() == text)
+            if (shown(action->text()) == text)
                 return action;
         }
         return nullptr;
@@ -66,7 +66,7 @@ TEST_F(MenusTest, TheQuitSheetHidesQuitsOrCancels)
     ASSERT_NE(sheet, nullptr);
     EXPECT_EQ(sheet->text(), kQuitMessage);
     EXPECT_EQ(sheet->windowModality(), Qt::WindowModal);
-    EXPECT_EQ(sheet->defaultButton()->text(), u"Hide"_s);
+    EXPECT_EQ(sheet->defaultButton()->text(), u"&Hide"_s);
     ASSERT_NE(buttonOf(sheet, u"Quit"_s), nullptr);
 
     QTest::mouseClick(buttonOf(sheet, u"Cancel"_s), Qt::LeftButton);
@@ -126,7 +126,7 @@ TEST_F(MenusTest, TheTrayMenuShredsAndEndsTheSessionAndShowsOrHidesTheWindow)
     storedDefaults().setBool(true, PreferenceKey::ActivityLog);
     QStringList titles;
     for (QAction* action : app().menus().dockMenu()->actions())
-        titles.append(action->text());
+        titles.append(shown(action->text()));
     titles.removeAll(QString()); // separators
     EXPECT_EQ(titles, (QStringList{u"Show Vantle X"_s, u"Shred"_s, u"Shred and Log Out"_s, u"Shred and Shut Down"_s,
                                    u"Shred and Restart"_s, u"Quit Vantle X"_s}));

@@ -1,7 +1,10 @@
 #include "gui/GuiFixture.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHeaderView>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QStandardItemModel>
 
@@ -181,4 +184,36 @@ TEST_F(SettingsWindowTest, FactorySettingsPutsTheControlsBackAndTheNextChangeSto
     EXPECT_FALSE(saved(u"ShredHistory"_s).isValid());
     EXPECT_FALSE(saved(u"ConfirmShredding"_s).isValid());
     EXPECT_EQ(saved(u"ShredCookies"_s), QVariant(true));
+}
+
+TEST_F(SettingsWindowTest, ScreenReadersCanTellEveryListAndLookAlikeButtonApart)
+{
+    // A pop-up menu's list is named by the pop-up, a table's header by the table.
+    const auto namedElsewhere = [](const QWidget* widget) {
+        if (qobject_cast<const QHeaderView*>(widget))
+            return true;
+        for (; widget; widget = widget->parentWidget()) {
+            if (qobject_cast<const QComboBox*>(widget))
+                return true;
+        }
+        return false;
+    };
+    QList<QWidget*> roots{&window(), &settingsPane(u"Erasing"_s)};
+    QStringList names;
+    for (QWidget* root : roots) {
+        for (QWidget* widget : root->findChildren<QWidget*>()) {
+            if ((qobject_cast<QAbstractItemView*>(widget) && !namedElsewhere(widget)) ||
+                qobject_cast<QProgressBar*>(widget)) {
+                EXPECT_FALSE(widget->accessibleName().isEmpty()) << qPrintable(widget->objectName());
+                names.append(widget->accessibleName());
+            } else if (auto* button = qobject_cast<QPushButton*>(widget); button && button->menu()) {
+                // The profiles' pop-ups all read "Profiles".
+                names.append(button->accessibleName());
+            }
+        }
+    }
+    const qsizetype count = names.size();
+    names.removeDuplicates();
+    EXPECT_EQ(names.size(), count) << qPrintable(names.join(u", "_s));
+    EXPECT_TRUE(names.contains(u"Firefox profiles"_s)) << qPrintable(names.join(u", "_s));
 }

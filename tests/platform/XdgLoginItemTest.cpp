@@ -47,7 +47,7 @@ TEST_F(XdgLoginItemTest, PresentWhileCreatedAbsentAfterRemoval)
     item.remove();
     EXPECT_FALSE(QFileInfo::exists(home.file(u".config/autostart/com.orvick.vantle.desktop"_s)));
     EXPECT_TRUE(item.path().isEmpty());
-    item.remove();  // removing what is not there is harmless
+    item.remove(); // removing what is not there is harmless
 }
 
 TEST_F(XdgLoginItemTest, TheHiddenFlagFollowsTheSettingOnlyWhileTheEntryExists)
@@ -64,21 +64,6 @@ TEST_F(XdgLoginItemTest, TheHiddenFlagFollowsTheSettingOnlyWhileTheEntryExists)
     item.setHidden(true);
     EXPECT_EQ(execLine(), u"Exec=/opt/vantle/bin/vantle --hidden"_s);
     EXPECT_EQ(item.path(), app);
-}
-
-TEST_F(XdgLoginItemTest, WithoutTheDesktopApplicationTheWatchCommandStarts)
-{
-    const QString folder = home.file(u"bin"_s);
-    home.write(u"bin/vantle-cli"_s, "#!/bin/sh\n");
-    EXPECT_EQ(XdgLoginItem::applicationBeside(folder), folder + u"/vantle-cli"_s);
-    home.write(u"bin/vantle"_s, "#!/bin/sh\n");
-    ASSERT_EQ(::chmod(QFile::encodeName(folder + u"/vantle"_s).constData(), 0755), 0);
-    EXPECT_EQ(XdgLoginItem::applicationBeside(folder), folder + u"/vantle"_s);
-
-    XdgLoginItem item(XdgLoginItem::defaultEntryPath(), folder + u"/vantle-cli"_s);
-    item.create(item.applicationPath(), true);
-    EXPECT_EQ(execLine(), u"Exec="_s + folder + u"/vantle-cli watch"_s);
-    EXPECT_EQ(item.path(), folder + u"/vantle-cli"_s);
 }
 
 TEST_F(XdgLoginItemTest, PathsWithReservedCharactersSurviveQuoting)

@@ -9,6 +9,7 @@
 #include "core/Bundle.h"
 #include "core/ChildProcess.h"
 #include "core/ProcessRandom.h"
+#include "core/Translations.h"
 #include "gui/DesktopApplication.h"
 #include "gui/MainWindow.h"
 #include "gui/SettingsWindow.h"
@@ -28,7 +29,6 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QListWidget>
-#include <QMap>
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QScreen>
@@ -36,7 +36,9 @@
 #include <QThread>
 #include <QUrl>
 
+#include <algorithm>
 #include <cstdio>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -140,6 +142,7 @@ int main(int argc, char* argv[])
     QApplication::setApplicationName(u"Vantle X"_s);
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(DesktopApplication::applicationIcon(Bundle::mainBundle()));
+    Translations::install(Bundle::mainBundle());
 
     ApplicationModels::create(false);
     // Eudora 6 names its trash at the root of the disk: the run stays inside the demo home.
@@ -207,30 +210,31 @@ int main(int argc, char* argv[])
 
     SettingsWindow& settings = desktop.settingsWindow();
     settings.showPanel();
-    // Each pane by its file name, with a list whose first row is selected for the picture.
-    const QMap<QString, std::pair<QString, const char*>> pictures{
-        {u"Erasing"_s, {u"settings-erasing"_s, nullptr}},
-        {u"General"_s, {u"settings-general"_s, nullptr}},
-        {u"Applications"_s, {u"settings-applications"_s, nullptr}},
-        {u"HTML5"_s, {u"settings-html5"_s, nullptr}},
-        {u"Profiles"_s, {u"settings-profiles"_s, nullptr}},
-        {u"Plug-ins"_s, {u"settings-plugins"_s, "mPluginList"}},
-        {u"Custom Processes"_s, {u"settings-custom"_s, "mProcessTableView"}},
+    // Each pane in the window's order (whatever the language of its title) by its
+    // file name, with a list whose first row is selected for the picture.
+    const std::pair<QString, const char*> pictures[] = {
+        {u"settings-erasing"_s, nullptr},
+        {u"settings-general"_s, nullptr},
+        {u"settings-applications"_s, nullptr},
+        {u"settings-html5"_s, nullptr},
+        {u"settings-profiles"_s, nullptr},
+        {u"settings-plugins"_s, "mPluginList"},
+        {u"settings-custom"_s, "mProcessTableView"},
     };
     QTabWidget* panes = settings.panes();
-    for (int i = 0; i < panes->count(); ++i) {
-        const auto picture = pictures.value(panes->tabText(i));
-        if (picture.first.isEmpty()) {
-            std::fprintf(stderr, "vantle-screenshots: no picture for the pane %s\n", qPrintable(panes->tabText(i)));
-            ok = false;
-            continue;
-        }
+    if (panes->count() != int(std::size(pictures))) {
+        std::fprintf(stderr, "vantle-screenshots: %d panes, pictures named for %zu\n", panes->count(),
+                     std::size(pictures));
+        ok = false;
+    }
+    for (int i = 0; i < std::min(panes->count(), int(std::size(pictures))); ++i) {
+        const auto& [name, list] = pictures[i];
         panes->setCurrentIndex(i);
-        if (picture.second) {
-            if (auto* list = panes->currentWidget()->findChild<QAbstractItemView*>(QLatin1StringView(picture.second)))
-                list->setCurrentIndex(list->model()->index(0, list->model()->columnCount() - 1));
+        if (list) {
+            if (auto* view = panes->currentWidget()->findChild<QAbstractItemView*>(QLatin1StringView(list)))
+                view->setCurrentIndex(view->model()->index(0, view->model()->columnCount() - 1));
         }
-        ok = save(&settings, output, picture.first) && ok;
+        ok = save(&settings, output, name) && ok;
     }
 
     desktop.terminate();

@@ -15,18 +15,13 @@ namespace {
 
 const QString kExecPrefix = u"Exec="_s;
 
-bool isCommandLine(const QString& program)
-{
-    return QFileInfo(program).fileName() == "vantle-cli"_L1;
-}
-
 // Quoting rules of the Exec key: an argument with a reserved character goes in
 // double quotes, with ", `, $ and \ escaped by a backslash inside them.
 QString quoteArgument(const QString& argument)
 {
     static const QString reserved = u" \t\n\"'\\><~|&;$*?#()`"_s;
-    const bool needsQuotes =
-        argument.isEmpty() || std::any_of(argument.cbegin(), argument.cend(), [](QChar c) { return reserved.contains(c); });
+    const bool needsQuotes = argument.isEmpty() || std::any_of(argument.cbegin(), argument.cend(),
+                                                               [](QChar c) { return reserved.contains(c); });
     if (!needsQuotes)
         return argument;
     QString quoted = u"\""_s;
@@ -109,14 +104,6 @@ QString XdgLoginItem::defaultEntryPath()
     return QDir(configDir).absoluteFilePath(u"autostart/com.orvick.vantle.desktop"_s);
 }
 
-QString XdgLoginItem::applicationBeside(const QString& folder)
-{
-    const QString desktop = QDir(folder).absoluteFilePath(u"vantle"_s);
-    if (QFileInfo(desktop).isExecutable())
-        return desktop;
-    return QDir(folder).absoluteFilePath(u"vantle-cli"_s);
-}
-
 QString XdgLoginItem::execValue(const QStringList& command)
 {
     QStringList quoted;
@@ -154,9 +141,7 @@ void XdgLoginItem::remove()
 void XdgLoginItem::create(const QString& applicationPath, bool hidden)
 {
     QStringList command{applicationPath};
-    if (isCommandLine(applicationPath))
-        command.append(u"watch"_s);
-    else if (hidden)
+    if (hidden)
         command.append(u"--hidden"_s);
 
     const QString entry = u"[Desktop Entry]\n"
@@ -164,10 +149,8 @@ void XdgLoginItem::create(const QString& applicationPath, bool hidden)
                           u"Name=Vantle X\n"
                           u"Comment=Erases browser and mail traces when a watched application quits\n"
                           u"Exec=%1\n"
-                          u"Terminal=%2\n"
-                          u"X-GNOME-Autostart-enabled=true\n"_s.arg(execValue(command),
-                                                                    isCommandLine(applicationPath) ? u"true"_s
-                                                                                                   : u"false"_s);
+                          u"Terminal=false\n"
+                          u"X-GNOME-Autostart-enabled=true\n"_s.arg(execValue(command));
     if (!QDir().mkpath(QFileInfo(m_entryPath).absolutePath()))
         return;
     FileReplace::withBytes(QFile::encodeName(m_entryPath), entry.toUtf8(), 0644, FileReplace::Strategy::DropOld);

@@ -3,17 +3,13 @@
 #include "platform/LoginItem.h"
 
 // The login item as an XDG autostart entry. The entry starts the desktop
-// application (with --hidden when it should start hidden) or, where only the
-// command line is installed, its watch command.
+// application, with --hidden when it should start hidden.
 class XdgLoginItem final : public LoginItem {
 public:
     XdgLoginItem(QString entryPath, QString applicationPath);
 
     // $XDG_CONFIG_HOME/autostart/com.orvick.vantle.desktop ($HOME/.config when unset).
     static QString defaultEntryPath();
-
-    // The desktop application in folder when it is there, else the command line.
-    static QString applicationBeside(const QString& folder);
 
     QString applicationPath() const override { return m_applicationPath; }
     QString path() const override;
