@@ -316,6 +316,16 @@ void Controller::callCleaners()
     CleanerDispatch(context, mServices.defaults, mServices.runner).run(mCustomIsRunning, logoutShutdownRestart);
     mLogoutShutdownRestart = logoutShutdownRestart;
 
+    // A dry run names what the erase would sweep up besides: the holding folders
+    // an interrupted run left beside these paths.
+    if (mServices.dryRun) {
+        QList<QByteArray> native;
+        for (const QString& path : queue.paths())
+            native.append(QFile::encodeName(path));
+        for (const QByteArray& folder : FileAccess::leftOverHoldingFolders(native))
+            ActivityLog::writeLogLine("Shred (left by an interrupted run): " + folder);
+    }
+
     std::lock_guard lock(mListsMutex);
     mFoundPaths = queue.paths();
     mPathArray.append(queue.takePaths());

@@ -5,12 +5,14 @@
 #include "erase/CopyOnWrite.h"
 #include "erase/DeviceWriter.h"
 #include "erase/EraseDisplay.h"
+#include "erase/FolderWalk.h"
 #include "erase/HoldingFolder.h"
 #include "erase/OverwriteSchedule.h"
 #include "log/ActivityLog.h"
 #include "settings/PreferenceKeys.h"
 #include "settings/Preferences.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QSet>
@@ -20,6 +22,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <climits>
 #include <cstring>
 
 using namespace OverwriteSchedule;
@@ -34,9 +37,54 @@ struct DescriptorCloser {
     ~DescriptorCloser() { ::close(fd); }
 };
 
+// A listed item that is there, itself: a symbolic link is there as a link.
+bool isThere(const QByteArray& path)
+{
+    struct stat info {};
+    return ::lstat(path.constData(), &info) == 0;
+}
+
+// Each path whose folders hold a link, at the place the link leads to: the user
+// moved a cache there on purpose. The path itself is never followed: a link
+// there is erased as a link. Resolved once, before anything is moved; the log
+// names the real place.
+QList<QByteArray> atTheirRealPlaces(const QList<QByteArray>& paths)
+{
+    const QByteArray home = FileTree::standardized(QFile::encodeName(QDir::homePath()));
+    // Links above the home folder (a home under /usr/home) move nothing anywhere.
+    const auto holdsALink = [&home](const QByteArray& folder) {
+        QByteArray prefix = folder.startsWith(home + '/') ? home : QByteArray();
+        for (const QByteArray& part : folder.mid(prefix.size()).split('/')) {
+            if (part.isEmpty())
+                continue;
+            prefix += '/' + part;
+            struct stat info {};
+            if (::lstat(prefix.constData(), &info) == 0 && S_ISLNK(info.st_mode))
+                return true;
+        }
+        return false;
+    };
+    QList<QByteArray> placed;
+    for (const QByteArray& path : paths) {
+        const QByteArray parent = FileTree::parentOf(path);
+        char resolved[PATH_MAX];
+        if (!holdsALink(parent) || ::realpath(parent.constData(), resolved) == nullptr) {
+            placed.append(path);
+            continue;
+        }
+        const QByteArray real = FileTree::join(resolved, FileTree::lastComponent(path));
+        if (isThere(real))
+            ActivityLog::writeLogLine("Shred (its folder is a link; erased where it leads): " + real);
+        placed.append(real);
+    }
+    return placed;
+}
+
+} // namespace
+
 // Holding folders beside the paths of this run that an interrupted run left,
 // with what it had not finished erasing; not those the run itself was given.
-QList<QByteArray> leftOverHoldingFolders(const QList<QByteArray>& paths)
+QList<QByteArray> FileAccess::leftOverHoldingFolders(const QList<QByteArray>& paths)
 {
     QSet<QByteArray> given;
     for (const QByteArray& path : paths)
@@ -55,8 +103,6 @@ QList<QByteArray> leftOverHoldingFolders(const QList<QByteArray>& paths)
     }
     return found;
 }
-
-} // namespace
 
 FileAccess::FileAccess(Preferences& preferences, EraseDisplay* display)
     : preferencesInstance(preferences)
@@ -142,26 +188,52 @@ void FileAccess::showRunProgress()
 
 void FileAccess::shredOneFile(const QByteArray& path)
 {
-    overwrite(path, true);
+    overwriteAt(path, true);
 }
 
 void FileAccess::overwriteWorkFile(const QByteArray& path)
 {
-    overwrite(path, false);
+    overwriteAt(path, false);
 }
 
-void FileAccess::overwrite(const QByteArray& path, bool logName)
+void FileAccess::overwriteAt(const QByteArray& path, bool logName)
+{
+    const int folder = ::open(FileTree::parentOf(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (folder < 0)
+        return;
+    const DescriptorCloser closer{folder};
+    FolderWalk::Entry entry;
+    entry.folder = folder;
+    entry.name = FileTree::lastComponent(path);
+    entry.path = path;
+    if (::fstatat(folder, entry.name.constData(), &entry.info, AT_SYMLINK_NOFOLLOW) == 0 &&
+        S_ISREG(entry.info.st_mode))
+        overwrite(entry, logName);
+}
+
+void FileAccess::overwrite(const FolderWalk::Entry& entry, bool logName)
 {
     const Settings settings = readSettings();
+    const QByteArray& path = entry.path;
+    const QByteArray& name = entry.name;
 
-    struct stat info {};
-    if (::stat(path.constData(), &info) != 0)
+    // The owner may have to be let write; never anybody else.
+    if ((entry.info.st_mode & (S_IRUSR | S_IWUSR)) != (S_IRUSR | S_IWUSR))
+        ::fchmodat(entry.folder, name.constData(), (entry.info.st_mode & 07777) | S_IRUSR | S_IWUSR, 0);
+    // Never through a link, never a FIFO left waiting, and only the very file the
+    // walk looked at: a link or another file swapped in since cannot redirect the write.
+    const int fd = ::openat(entry.folder, name.constData(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (fd < 0) {
+        ActivityLog::writeLogLine("Overwrite failed (" + QByteArray(std::strerror(errno)) + "): " + path);
         return;
-    const QByteArray name = FileTree::lastComponent(path);
-    const int fd = ::open(path.constData(), O_RDWR | O_CLOEXEC);
-    if (fd < 0)
-        return;
+    }
     const DescriptorCloser closer{fd};
+    struct stat info {};
+    if (::fstat(fd, &info) != 0 || info.st_dev != entry.info.st_dev || info.st_ino != entry.info.st_ino ||
+        !S_ISREG(info.st_mode) || info.st_nlink != 1) {
+        ActivityLog::writeLogLine("Overwrite failed (the file changed while it was erased): " + path);
+        return;
+    }
     DeviceWriter writer(fd);
 
     quint64 remaining = quint64(info.st_size);
@@ -235,16 +307,16 @@ QByteArray FileAccess::moveAndRename(const QByteArray& path)
         return QByteArray();
     };
     if (source != holding) {
-        if (::mkdir(holding.constData(), 0777) != 0 && errno != EEXIST)
-            return leave(errno);
+        if (const int error = HoldingFolder::make(holding))
+            return leave(error);
         const QByteArray moved = FileTree::join(holding, FileTree::lastComponent(source));
         if (::rename(source.constData(), moved.constData()) != 0) {
             int error = errno;
-            // Moving a folder to another parent rewrites its "..": it must be writable.
+            // Moving a folder to another parent rewrites its "..": its owner must be let write it.
             struct stat info {};
             bool retried = false;
-            if (::lstat(source.constData(), &info) == 0 && S_ISDIR(info.st_mode) &&
-                ::chmod(source.constData(), 0777) == 0) {
+            if (::lstat(source.constData(), &info) == 0 && S_ISDIR(info.st_mode) && (info.st_mode & S_IWUSR) == 0 &&
+                ::chmod(source.constData(), (info.st_mode & 07777) | S_IRWXU) == 0) {
                 retried = ::rename(source.constData(), moved.constData()) == 0;
                 if (!retried) {
                     error = errno;
@@ -252,73 +324,108 @@ QByteArray FileAccess::moveAndRename(const QByteArray& path)
                 }
             }
             if (!retried) {
-                ::rmdir(holding.constData());
+                if (FileTree::entries(holding) == QList<QByteArray>{HoldingFolder::kMarker}) {
+                    ::unlink(FileTree::join(holding, HoldingFolder::kMarker).constData());
+                    ::rmdir(holding.constData());
+                }
                 return leave(error);
             }
         }
     }
 
-    for (const QByteArray& relative : FileTree::subpaths(holding)) {
-        randomizeName();
-        const QByteArray item = FileTree::join(holding, relative);
-        if (!FileTree::isDirectory(item))
-            ::rename(item.constData(), FileTree::join(FileTree::parentOf(item), mName.data()).constData());
-    }
-    const QList<QByteArray> folders = FileTree::subpaths(holding);
-    for (auto it = folders.crbegin(); it != folders.crend(); ++it) {
-        randomizeName();
-        const QByteArray item = FileTree::join(holding, *it);
-        if (FileTree::isDirectory(item))
-            ::rename(item.constData(), FileTree::join(FileTree::parentOf(item), mName.data()).constData());
-    }
-
-    // The random names reach the disk before any contents are overwritten: a
-    // crash must not leave the old name on a half-overwritten file.
-    for (const QByteArray& relative : FileTree::subpaths(holding)) {
-        const QByteArray item = FileTree::join(holding, relative);
-        struct stat info {};
-        if (::lstat(item.constData(), &info) == 0 && S_ISDIR(info.st_mode))
-            syncFolder(item);
-    }
-    syncFolder(holding);
+    const QByteArray original = FileTree::parentOf(source);
+    const auto isMarker = [](const FolderWalk::Entry& entry) { return entry.relative == HoldingFolder::kMarker; };
+    // Files first, each renamed within its folder; what is not this run's to
+    // overwrite is noted under its old name for the log.
+    FolderWalk::walk(holding, {[&](const FolderWalk::Entry& entry) {
+                                   if (entry.relative.isEmpty() || isMarker(entry))
+                                       return true;
+                                   if (entry.mountPoint) {
+                                       ActivityLog::writeLogLine("Skip (another file system is mounted here): " +
+                                                                 FileTree::join(original, entry.relative));
+                                       return false;
+                                   }
+                                   if (S_ISREG(entry.info.st_mode) && entry.info.st_nlink > 1)
+                                       mOtherNames.insert({entry.info.st_dev, entry.info.st_ino},
+                                                          FileTree::join(original, entry.relative));
+                                   if (!S_ISDIR(entry.info.st_mode)) {
+                                       randomizeName();
+                                       ::renameat(entry.folder, entry.name.constData(), entry.folder, mName.data());
+                                   }
+                                   return true;
+                               },
+                               nullptr,
+                               {}});
+    // Then the folders, deepest first. Each folder's new names reach the disk
+    // before any contents are overwritten: a crash must not leave an old name on
+    // a half-overwritten file.
+    FolderWalk::walk(holding, {[](const FolderWalk::Entry&) { return true; },
+                               [&](const FolderWalk::Entry& entry) {
+                                   const int fd = FolderWalk::openFolder(entry);
+                                   if (fd >= 0) {
+                                       ::fsync(fd);
+                                       ::close(fd);
+                                   }
+                                   if (entry.relative.isEmpty())
+                                       return;
+                                   randomizeName();
+                                   ::renameat(entry.folder, entry.name.constData(), entry.folder, mName.data());
+                               },
+                               {}});
     syncFolder(FileTree::parentOf(source));
     return holding;
 }
 
-void FileAccess::fileManagerWillProcessPath(const QByteArray& path)
+bool FileAccess::fileManagerWillProcessPath(const FolderWalk::Entry& entry)
 {
-    const bool isDirectory = FileTree::isDirectory(path);
-    ::chmod(path.constData(), 0777);
-    if (!isDirectory) {
-        QElapsedTimer overwrite;
-        overwrite.start();
-        shredOneFile(path);
-        mOverwriteNanoseconds += overwrite.nsecsElapsed();
+    if (entry.mountPoint)
+        return false;
+    if (S_ISDIR(entry.info.st_mode)) {
+        // Its owner must be let list and empty it; nobody else.
+        if ((entry.info.st_mode & S_IRWXU) != S_IRWXU)
+            ::fchmodat(entry.folder, entry.name.constData(), (entry.info.st_mode & 07777) | S_IRWXU, 0);
+        return true;
     }
-}
-
-bool FileAccess::fileManagerShouldProceedAfterError(const QByteArray& path)
-{
-    ::chmod(path.constData(), 0777);
-    const int folderError = ::rmdir(path.constData()) == 0 ? 0 : errno;
-    const int fileError = ::unlink(path.constData()) == 0 ? 0 : errno;
-    struct stat info {};
-    if (::lstat(path.constData(), &info) == 0) {
-        const int error = S_ISDIR(info.st_mode) ? folderError : fileError;
-        ActivityLog::writeLogLine("Skip (Remove failed: " + QByteArray(std::strerror(error)) + "): " + path);
+    // Links, sockets, FIFOs and devices are removed and never opened; the
+    // holding folder's own marker holds nothing.
+    if (!S_ISREG(entry.info.st_mode) || entry.relative == HoldingFolder::kMarker)
+        return true;
+    if (entry.info.st_nlink > 1) {
+        const QByteArray name = mOtherNames.value({entry.info.st_dev, entry.info.st_ino}, entry.path);
+        ActivityLog::writeLogLine("Not overwritten (the file has other names; only this one is removed): " + name);
+        return true;
     }
+    QElapsedTimer overwriting;
+    overwriting.start();
+    overwrite(entry, true);
+    mOverwriteNanoseconds += overwriting.nsecsElapsed();
     return true;
 }
 
-void FileAccess::shredNativePaths(const QList<QByteArray>& paths)
+void FileAccess::fileManagerShouldProceedAfterError(const FolderWalk::Entry& entry, int error)
 {
+    // A folder that lost its owner's rights on the way is given them back once.
+    const bool folder = S_ISDIR(entry.info.st_mode);
+    if (folder && ::fchmodat(entry.folder, entry.name.constData(), (entry.info.st_mode & 07777) | S_IRWXU, 0) == 0 &&
+        ::unlinkat(entry.folder, entry.name.constData(), AT_REMOVEDIR) == 0)
+        return;
+    struct stat info {};
+    if (::fstatat(entry.folder, entry.name.constData(), &info, AT_SYMLINK_NOFOLLOW) == 0)
+        ActivityLog::writeLogLine("Skip (Remove failed: " + QByteArray(std::strerror(error)) + "): " + entry.path);
+}
+
+void FileAccess::shredNativePaths(const QList<QByteArray>& listed)
+{
+    FolderWalk::allowDeepTrees();
     showProgressOnMainThread(0);
     mDeepPathSize = 0;
     mDeepShreddedSize = 0;
+    mOtherNames.clear();
+    const QList<QByteArray> paths = atTheirRealPlaces(listed);
     const QList<QByteArray> leftOvers = leftOverHoldingFolders(paths);
     QList<QByteArray> existing;
     for (const QByteArray& path : leftOvers + paths) {
-        if (FileTree::exists(path)) {
+        if (isThere(path)) {
             mDeepPathSize += sizeInBytes(path);
             existing.append(path);
         }
@@ -327,15 +434,15 @@ void FileAccess::shredNativePaths(const QList<QByteArray>& paths)
     // Their items already bear random names: they are overwritten and removed where they are.
     for (const QByteArray& folder : leftOvers) {
         ActivityLog::writeLogLine("Shred (left by an interrupted run): " + folder);
-        FileTree::removeFileAtPath(folder, *this);
+        FileTree::removeFileAtPath(folder, *this, HoldingFolder::kMarker);
     }
     for (const QByteArray& path : paths) {
-        if (!FileTree::exists(path))
+        if (!isThere(path))
             continue;
         // An item that cannot be moved aside (its folder is read-only) stays as it is.
         const QByteArray holding = moveAndRename(path);
         if (!holding.isEmpty())
-            FileTree::removeFileAtPath(holding, *this);
+            FileTree::removeFileAtPath(holding, *this, HoldingFolder::kMarker);
     }
     // What the devices hold in their own caches goes to the medium before the run ends.
     QSet<dev_t> devices;

@@ -3,6 +3,7 @@
 #include "erase/FileTree.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QStringList>
 
 #include <array>
@@ -27,13 +28,21 @@ class Preferences;
 // blocks, overwriting cannot reach the old ones: the run says so, once per file
 // system.
 //
+// It erases only what it was given: the walk goes through folder descriptors
+// (FolderWalk), so depth does not matter; symbolic links, sockets, FIFOs and
+// devices are removed and never opened; a file with other names keeps its
+// contents (only the name in the erased folder goes); nothing on another file
+// system or behind a mount is entered; and where an item must be made writable,
+// only its owner is given the rights. A listed path whose folders hold a link is
+// erased where the link leads, and the log says so.
+//
 // Lives on the thread that shreds (one run at a time); shows progress through the
 // display on the main thread, waiting for it. Failures never stop a run: a file
 // that cannot be opened is removed without being overwritten, an item that cannot
-// be renamed keeps its name, an item that resists removal is made writable and
-// removed again. An item that cannot be moved aside is left exactly as it is. A
-// write or sync that fails within a file's contents and an item that stays in
-// place are written to the activity log with the reason.
+// be renamed keeps its name, a folder that resists removal is given its owner's
+// rights and removed again. An item that cannot be moved aside is left exactly as
+// it is. Each of these, and a write or sync that fails within a file's contents,
+// is written to the activity log with the reason.
 class FileAccess final : public FileTree::RemovalHandler {
 public:
     static constexpr std::size_t kChunkSize = 131072;
@@ -55,8 +64,12 @@ public:
     // of an erase is moving, renaming and removal.
     qint64 overwriteNanoseconds() const { return mOverwriteNanoseconds; }
 
-    // Bytes of every file at or below path, symbolic links followed.
+    // Bytes the erase of path overwrites (FileTree::sizeInBytes).
     quint64 sizeInBytes(const QByteArray& path) const;
+
+    // Holding folders beside the paths that an interrupted run left, with what it
+    // had not finished erasing; not those among the paths themselves.
+    static QList<QByteArray> leftOverHoldingFolders(const QList<QByteArray>& paths);
 
     // Moves path into the holding folder beside it, renames everything inside
     // at random, and returns the holding folder; empty when path could not be moved.
@@ -68,8 +81,8 @@ public:
     void randomizeName();
     const char* currentName() const { return mName.data(); }
 
-    void fileManagerWillProcessPath(const QByteArray& path) override;
-    bool fileManagerShouldProceedAfterError(const QByteArray& path) override;
+    bool fileManagerWillProcessPath(const FolderWalk::Entry& entry) override;
+    void fileManagerShouldProceedAfterError(const FolderWalk::Entry& entry, int error) override;
 
     void showProgressOnMainThread(double percent);
     void showFileNameOnMainThread(const QString& name);
@@ -91,7 +104,8 @@ private:
     quint16 passCount(const Settings& settings) const;
     // Puts the DoD or NSA pattern of pass k in the buffer, as the methods ask.
     void applyMethods(const Settings& settings, quint16 k);
-    void overwrite(const QByteArray& path, bool logName);
+    void overwriteAt(const QByteArray& path, bool logName);
+    void overwrite(const FolderWalk::Entry& entry, bool logName);
     // 0, or the error that cut the pass short.
     int writePass(DeviceWriter& writer, const QByteArray& path, qint64 start, std::size_t length, quint16 k);
     void showRunProgress();
@@ -112,4 +126,6 @@ private:
     qint64 mOverwriteNanoseconds = 0;
 
     PassObserver mPassObserver;
+    // The old names of the files with other names met in this run, for the log.
+    QHash<std::pair<dev_t, ino_t>, QByteArray> mOtherNames;
 };

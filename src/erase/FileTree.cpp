@@ -1,6 +1,7 @@
 #include "erase/FileTree.h"
 
 #include <dirent.h>
+#include <fcntl.h>
 #include <limits.h>
 #include <stdlib.h>
 #include <sys/stat.h>
@@ -122,36 +123,32 @@ QByteArray lastComponent(const QByteArray& path)
 
 quint64 sizeInBytes(const QByteArray& path)
 {
-    const auto sizeOf = [](const QByteArray& item) -> quint64 {
-        struct stat info {};
-        if (::stat(item.constData(), &info) != 0 || S_ISDIR(info.st_mode))
-            return 0;
-        return quint64(info.st_size);
-    };
-    quint64 total = sizeOf(path);
-    for (const QByteArray& relative : subpaths(path))
-        total += sizeOf(join(path, relative));
+    quint64 total = 0;
+    FolderWalk::walk(path, {[&total](const FolderWalk::Entry& entry) {
+                                if (S_ISREG(entry.info.st_mode) && entry.info.st_nlink == 1)
+                                    total += quint64(entry.info.st_size);
+                                return true;
+                            },
+                            nullptr,
+                            {}});
     return total;
 }
 
-bool removeFileAtPath(const QByteArray& path, RemovalHandler& handler)
+bool removeFileAtPath(const QByteArray& path, RemovalHandler& handler, const QByteArray& lastInside)
 {
-    handler.fileManagerWillProcessPath(path);
-    struct stat info {};
-    if (::lstat(path.constData(), &info) != 0)
-        return handler.fileManagerShouldProceedAfterError(path);
-    if (!S_ISDIR(info.st_mode)) {
-        if (::unlink(path.constData()) != 0)
-            return handler.fileManagerShouldProceedAfterError(path);
-        return true;
-    }
-    for (const QByteArray& name : entries(path)) {
-        if (!removeFileAtPath(join(path, name), handler))
-            return false;
-    }
-    if (::rmdir(path.constData()) != 0)
-        return handler.fileManagerShouldProceedAfterError(path);
-    return true;
+    const auto remove = [&handler](const FolderWalk::Entry& entry, int flags) {
+        if (::unlinkat(entry.folder, entry.name.constData(), flags) != 0)
+            handler.fileManagerShouldProceedAfterError(entry, errno);
+    };
+    return FolderWalk::walk(path, {[&](const FolderWalk::Entry& entry) {
+                                       if (!handler.fileManagerWillProcessPath(entry))
+                                           return false;
+                                       if (!S_ISDIR(entry.info.st_mode))
+                                           remove(entry, 0);
+                                       return true;
+                                   },
+                                   [&](const FolderWalk::Entry& entry) { remove(entry, AT_REMOVEDIR); },
+                                   lastInside});
 }
 
 } // namespace FileTree

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "erase/FolderWalk.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QtGlobal>
@@ -31,22 +33,26 @@ QByteArray standardized(const QByteArray& path);
 // path made absolute against the working folder, then standardized.
 QByteArray absolute(const QByteArray& path);
 
-// Bytes of every file at or below path, symbolic links followed, folders counting 0.
+// Bytes of every file at or below path that an erase overwrites: regular files
+// with no other name; links are not followed, mounts not entered.
 quint64 sizeInBytes(const QByteArray& path);
 
 // The callbacks of a removal, in the order a file manager makes them.
 class RemovalHandler {
 public:
     virtual ~RemovalHandler() = default;
-    // Before each item is removed; a folder before its contents.
-    virtual void fileManagerWillProcessPath(const QByteArray& path) = 0;
-    // When an item could not be removed; true goes on with the next item.
-    virtual bool fileManagerShouldProceedAfterError(const QByteArray& path) = 0;
+    // Before each item is removed; a folder before its contents. False leaves
+    // the item, and what it holds, where it is.
+    virtual bool fileManagerWillProcessPath(const FolderWalk::Entry& entry) = 0;
+    // When an item could not be removed, with the reason.
+    virtual void fileManagerShouldProceedAfterError(const FolderWalk::Entry& entry, int error) = 0;
 };
 
-// Removes path and, for a folder, everything in it, depth first, telling the
-// handler before each item and after each failure. Symbolic links are removed,
-// not followed. False when the handler chose to stop.
-bool removeFileAtPath(const QByteArray& path, RemovalHandler& handler);
+// Removes path and, for a folder, everything in it, depth first, through folder
+// descriptors (FolderWalk), telling the handler before each item and after each
+// failure. Symbolic links and special files are removed, never followed or
+// opened; a mount inside is never entered. lastInside, a name directly inside
+// path, is removed after everything else there. False when path was not there.
+bool removeFileAtPath(const QByteArray& path, RemovalHandler& handler, const QByteArray& lastInside = {});
 
 } // namespace FileTree

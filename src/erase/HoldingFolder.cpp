@@ -2,16 +2,24 @@
 
 #include "erase/FileTree.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
 #include <ctime>
 
 namespace {
 
 constexpr char kPrefix[] = "Vantle X Items (";
+
+bool isMarked(const QByteArray& folder)
+{
+    struct stat info {};
+    return ::lstat(FileTree::join(folder, HoldingFolder::kMarker).constData(), &info) == 0 && S_ISREG(info.st_mode);
+}
 
 } // namespace
 
@@ -27,9 +35,23 @@ bool isHoldingFolderName(const QByteArray& name)
     if (!name.startsWith(kPrefix) || !name.endsWith(')'))
         return false;
     const QByteArray digits = name.mid(qsizetype(sizeof kPrefix) - 1).chopped(1);
-    return !digits.isEmpty() && std::all_of(digits.cbegin(), digits.cend(), [](char c) {
-        return std::isdigit(static_cast<unsigned char>(c)) != 0;
-    });
+    return !digits.isEmpty() && std::all_of(digits.cbegin(), digits.cend(),
+                                            [](char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; });
+}
+
+int make(const QByteArray& path)
+{
+    if (::mkdir(path.constData(), 0700) != 0)
+        return errno == EEXIST && isMarked(path) ? 0 : errno;
+    const int fd =
+        ::open(FileTree::join(path, kMarker).constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
+    if (fd < 0) {
+        const int error = errno;
+        ::rmdir(path.constData());
+        return error;
+    }
+    ::close(fd);
+    return 0;
 }
 
 QList<QByteArray> foldersIn(const QByteArray& folder)
@@ -38,7 +60,8 @@ QList<QByteArray> foldersIn(const QByteArray& folder)
     for (const QByteArray& name : FileTree::entries(folder)) {
         struct stat info {};
         const QByteArray path = FileTree::join(folder, name);
-        if (isHoldingFolderName(name) && ::lstat(path.constData(), &info) == 0 && S_ISDIR(info.st_mode))
+        if (isHoldingFolderName(name) && ::lstat(path.constData(), &info) == 0 && S_ISDIR(info.st_mode) &&
+            isMarked(path))
             found.append(path);
     }
     return found;
@@ -48,12 +71,17 @@ QByteArray setAside(const QByteArray& path)
 {
     const QByteArray source = FileTree::standardized(path);
     const QByteArray holding = FileTree::join(FileTree::parentOf(source), nameNow());
-    const bool made = ::mkdir(holding.constData(), 0777) == 0;
+    struct stat before {};
+    const bool existed = ::lstat(holding.constData(), &before) == 0;
+    if (make(holding) != 0)
+        return {};
     const QByteArray moved = FileTree::join(holding, FileTree::lastComponent(source));
     if (::rename(source.constData(), moved.constData()) == 0)
         return holding;
-    if (made)
+    if (!existed) {
+        ::unlink(FileTree::join(holding, kMarker).constData());
         ::rmdir(holding.constData());
+    }
     return {};
 }
 

@@ -87,14 +87,20 @@ TEST_F(EraseCliTest, ADotDotAfterALinkGoesUpFromWhereTheLinkPoints)
 TEST_F(EraseCliTest, UsesTheStoredSettings)
 {
     home.write(u"target"_s, "original");
+    home.write(u"erased"_s, "original");
     ASSERT_TRUE(QFile::link(home.file(u"target"_s), home.file(u"link"_s)));
     ASSERT_EQ(cli({u"prefs"_s, u"set"_s, u"OverwritePattern"_s, u"5"_s}).exitCode, 0);
     ASSERT_EQ(cli({u"prefs"_s, u"set"_s, u"NumberOfWrites"_s, u"2"_s}).exitCode, 0);
 
-    // Erasing a link overwrites its target with the chosen pattern and removes only the link.
-    EXPECT_EQ(cli({u"erase"_s, home.file(u"link"_s)}).exitCode, 0);
+    // The file is overwritten with the chosen pattern (seen through a descriptor
+    // held open); a link is removed as a link and its target left alone.
+    QFile held(home.file(u"erased"_s));
+    ASSERT_TRUE(held.open(QIODevice::ReadOnly));
+    EXPECT_EQ(cli({u"erase"_s, home.file(u"link"_s), home.file(u"erased"_s)}).exitCode, 0);
     EXPECT_FALSE(QFileInfo(home.file(u"link"_s)).isSymLink());
-    EXPECT_EQ(home.read(u"target"_s), QByteArray(16, 0x55));
+    EXPECT_FALSE(QFileInfo::exists(home.file(u"erased"_s)));
+    EXPECT_EQ(held.readAll(), QByteArray(16, 0x55));
+    EXPECT_EQ(home.read(u"target"_s), "original");
 }
 
 TEST_F(EraseCliTest, TimingSeparatesTheOverwritingFromTheWholeEraseOnlyWhenAsked)

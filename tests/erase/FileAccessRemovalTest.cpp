@@ -12,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -88,8 +90,10 @@ TEST_F(RemovalTest, EverythingIsRenamedBeforeAnyContentIsOverwritten)
         if (!firstFile.isEmpty())
             return;
         firstFile = file;
-        for (const QByteArray& relative : FileTree::subpaths(QFile::encodeName(home.file(u"Profile"_s))))
-            treeAtFirstPass << QFile::decodeName(relative);
+        for (const QByteArray& relative : FileTree::subpaths(QFile::encodeName(home.file(u"Profile"_s)))) {
+            if (!relative.endsWith(HoldingFolder::kMarker))
+                treeAtFirstPass << QFile::decodeName(relative);
+        }
     });
     QStringList paths{home.file(u"Profile/Cache"_s)};
     access.shredDroppedFile(paths);
@@ -144,27 +148,126 @@ TEST_F(RemovalTest, PathsWithTheSameParentWithinOneSecondShareAHoldingFolder)
     FAIL() << "no two moves within one second";
 }
 
-TEST_F(RemovalTest, ReadOnlyItemsAreErasedAndLinksRemovedWithTheirTargetOverwritten)
+TEST_F(RemovalTest, OnlyWhatWasListedIsErasedAndNothingIsOpenedToOthers)
 {
-    home.write(u"outside/target.txt"_s, "precious but linked");
+    // Outside the erased folder: a file and a folder that links point at, and a
+    // document with a second name inside the cache.
+    home.write(u"outside/thesis.txt"_s, "precious");
+    home.write(u"outside/folder/notes.txt"_s, "notes");
+    home.write(u"Documents/keep.txt"_s, "kept by its other name");
+    setMode(home.file(u"outside/thesis.txt"_s), 0600);
+    setMode(home.file(u"outside/folder"_s), 0700);
     home.write(u"Cache/readonly.txt"_s, "ro");
     home.write(u"Cache/locked/inner.txt"_s, "inner");
-    ASSERT_TRUE(QFile::link(home.file(u"outside/target.txt"_s), home.file(u"Cache/link"_s)));
-    ASSERT_TRUE(QFile::link(home.file(u"outside"_s), home.file(u"Cache/folder link"_s)));
+    home.write(u"Cache/swapped.txt"_s, QByteArray(300000, 's'));
+    ASSERT_TRUE(QFile::link(home.file(u"outside/thesis.txt"_s), home.file(u"Cache/link"_s)));
+    ASSERT_TRUE(QFile::link(home.file(u"outside/folder"_s), home.file(u"Cache/folder link"_s)));
+    ASSERT_EQ(::link(path(u"Documents/keep.txt"_s).constData(), path(u"Cache/hard link"_s).constData()), 0);
+    ASSERT_EQ(::mkfifo(path(u"Cache/fifo"_s).constData(), 0600), 0);
     setMode(home.file(u"Cache/readonly.txt"_s), 0444);
     setMode(home.file(u"Cache/locked/inner.txt"_s), 0444);
     setMode(home.file(u"Cache/locked"_s), 0555);
+    const auto modeOf = [this](const QString& relative) {
+        struct stat info {};
+        ::lstat(path(relative).constData(), &info);
+        return info.st_mode;
+    };
+    const QList<QString> outside{u"outside"_s, u"outside/thesis.txt"_s, u"outside/folder"_s,
+                                 u"outside/folder/notes.txt"_s, u"Documents/keep.txt"_s};
+    QList<mode_t> modes;
+    for (const QString& relative : outside)
+        modes << modeOf(relative);
 
     RecordingDisplay display;
     FileAccess& access = engine({{u"NumberOfWrites"_s, qint64(2)}, {u"OverwritePattern"_s, qint64(3)}}, &display);
-    EXPECT_EQ(access.sizeInBytes(path(u"Cache"_s)), quint64(2 + 5 + 19));  // the link counts as its target
+    EXPECT_EQ(access.sizeInBytes(path(u"Cache"_s)), quint64(2 + 5 + 300000));  // links and second names count nothing
+    // While the large file is overwritten, a link to the thesis takes its name:
+    // the write goes on into the file that was opened, never through the link.
+    bool swapped = false;
+    access.setPassObserverForTesting([&](const QByteArray& file, qint64, std::size_t length, quint16) {
+        if (!swapped && length == FileAccess::kChunkSize) {
+            swapped = ::unlink(file.constData()) == 0 &&
+                      ::symlink(path(u"outside/thesis.txt"_s).constData(), file.constData()) == 0;
+        }
+    });
+    ActivityLog::openLog(home.file(u"log.txt"_s));
     QStringList paths{home.file(u"Cache"_s)};
     access.shredDroppedFile(paths);
+    ActivityLog::closeLog();
 
+    EXPECT_TRUE(swapped);
     EXPECT_FALSE(QFileInfo::exists(home.file(u"Cache"_s)));
-    EXPECT_EQ(leftInHome(), (QStringList{u"outside"_s, u"outside/target.txt"_s}));
-    EXPECT_EQ(home.read(u"outside/target.txt"_s), QByteArray(38, '\0'));  // overwritten, grown by its chunk
+    EXPECT_EQ(home.read(u"outside/thesis.txt"_s), "precious");
+    EXPECT_EQ(home.read(u"outside/folder/notes.txt"_s), "notes");
+    EXPECT_EQ(home.read(u"Documents/keep.txt"_s), "kept by its other name");
+    for (qsizetype i = 0; i < outside.size(); ++i)
+        EXPECT_EQ(modeOf(outside[i]), modes[i]) << qPrintable(outside[i]);
+    EXPECT_TRUE(home.read(u"log.txt"_s)
+                    .contains(" Not overwritten (the file has other names; only this one is removed): " +
+                              path(u"Cache/hard link"_s) + '\n'));
     EXPECT_EQ(display.progress[display.progress.size() - 2], 100.0);
+}
+
+TEST_F(RemovalTest, TreesDeeperThanAPathCanNameAreErasedWhole)
+{
+    // 1,000 levels of 50-character names: 51,000 bytes of path, far past PATH_MAX.
+    const QByteArray level(50, 'd');
+    int fd = ::open(path(u""_s).constData(), O_RDONLY | O_DIRECTORY);
+    ASSERT_EQ(::mkdirat(fd, "Deep", 0700), 0);
+    int next = ::openat(fd, "Deep", O_RDONLY | O_DIRECTORY);
+    ::close(fd);
+    fd = next;
+    for (int i = 0; i < 1000; ++i) {
+        ASSERT_EQ(::mkdirat(fd, level.constData(), 0700), 0) << i;
+        next = ::openat(fd, level.constData(), O_RDONLY | O_DIRECTORY);
+        ::close(fd);
+        fd = next;
+    }
+    const int leaf = ::openat(fd, "leaf.txt", O_WRONLY | O_CREAT, 0600);
+    ASSERT_EQ(::write(leaf, "deep secret", 11), 11);
+    ::close(leaf);
+    ::close(fd);
+
+    FileAccess& access = engine({{u"NumberOfWrites"_s, qint64(2)}, {u"OverwritePattern"_s, qint64(3)}});
+    int passes = 0;
+    access.setPassObserverForTesting([&](const QByteArray&, qint64, std::size_t, quint16) { ++passes; });
+    EXPECT_EQ(access.sizeInBytes(path(u"Deep"_s)), 11u);
+    ActivityLog::openLog(home.file(u"log.txt"_s));
+    QStringList paths{home.file(u"Deep"_s)};
+    access.shredDroppedFile(paths);
+    ActivityLog::closeLog();
+
+    EXPECT_EQ(passes, 2);  // the leaf and its tail
+    EXPECT_EQ(leftInHome(), QStringList{u"log.txt"_s});
+    EXPECT_FALSE(home.read(u"log.txt"_s).contains("Skip")) << home.read(u"log.txt"_s).left(500).constData();
+}
+
+TEST_F(RemovalTest, AMountInsideAnErasedFolderIsNotEntered)
+{
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "needs root to bind-mount a folder";
+    home.write(u"Documents/letter.txt"_s, "kept");
+    home.write(u"Cache/data"_s, "cache");
+    ASSERT_TRUE(QDir().mkpath(home.file(u"Cache/mounted"_s)));
+    if (::mount(path(u"Documents"_s).constData(), path(u"Cache/mounted"_s).constData(), nullptr, MS_BIND, nullptr) != 0)
+        GTEST_SKIP() << "bind mounts are not allowed here";
+
+    FileAccess& access = engine({{u"NumberOfWrites"_s, qint64(2)}});
+    ActivityLog::openLog(home.file(u"log.txt"_s));
+    QStringList paths{home.file(u"Cache"_s)};
+    access.shredDroppedFile(paths);
+    ActivityLog::closeLog();
+
+    QByteArray mountPoint;
+    for (const QByteArray& relative : FileTree::subpaths(path(u""_s))) {
+        if (relative.endsWith("/mounted") || relative == "Cache/mounted")
+            mountPoint = path(QFile::decodeName(relative));
+    }
+    const bool unmounted = !mountPoint.isEmpty() && ::umount(mountPoint.constData()) == 0;
+    EXPECT_TRUE(unmounted);
+    EXPECT_EQ(home.read(u"Documents/letter.txt"_s), "kept");
+    EXPECT_TRUE(home.read(u"log.txt"_s)
+                    .contains(" Skip (another file system is mounted here): " + path(u"Cache/mounted"_s) + '\n'));
 }
 
 TEST_F(RemovalTest, HoldingFoldersAnInterruptedRunLeftBesideThePathsAreErasedFirst)
@@ -175,7 +278,11 @@ TEST_F(RemovalTest, HoldingFoldersAnInterruptedRunLeftBesideThePathsAreErasedFir
     home.write(u"Caches/Vantle X Items (1700000000)/Kl9mNo1pQr/St5uVw7xYz"_s, "deeper");
     home.write(u"Caches/site.db"_s, "queued");
     home.write(u"Gone/Vantle X Items (42)/Zz1yXx2wVv"_s, "beside a path that is gone");
-    // Not holding folders, or not beside a path of the run.
+    for (const QString& folder : {u"Caches/Vantle X Items (1700000000)/"_s, u"Gone/Vantle X Items (42)/"_s})
+        home.write(folder + QLatin1StringView(HoldingFolder::kMarker), {});
+    // Not holding folders, or not beside a path of the run; the user's own folder
+    // of that name has no marker.
+    home.write(u"Caches/Vantle X Items (1699999999)/notes.txt"_s, "mine");
     home.write(u"Caches/Vantle X Items (12) copy/keep"_s, "1");
     home.write(u"Caches/Vantle X Items ()/keep"_s, "2");
     home.write(u"Caches/Vantle X Items (7)"_s, "a file");
@@ -197,6 +304,7 @@ TEST_F(RemovalTest, HoldingFoldersAnInterruptedRunLeftBesideThePathsAreErasedFir
     EXPECT_EQ(left,
               (QStringList{u"Caches"_s, u"Caches/Vantle X Items ()"_s, u"Caches/Vantle X Items ()/keep"_s,
                            u"Caches/Vantle X Items (12) copy"_s, u"Caches/Vantle X Items (12) copy/keep"_s,
+                           u"Caches/Vantle X Items (1699999999)"_s, u"Caches/Vantle X Items (1699999999)/notes.txt"_s,
                            u"Caches/Vantle X Items (7)"_s, u"Gone"_s, u"Other"_s,
                            u"Other/Vantle X Items (5)"_s, u"Other/Vantle X Items (5)/keep"_s, u"run.log"_s}));
     for (const QByteArray name : {"Ab3dEf7hIj", "St5uVw7xYz", "Zz1yXx2wVv"})
@@ -310,9 +418,17 @@ TEST_F(RemovalTest, WithoutPermissionItemsAreRemovedWherePossibleAndOthersLeftAs
     setMode(home.file(u"p/w/readonly.txt"_s), 0444);
     setMode(home.file(u"p/w/locked/inner.txt"_s), 0444);
     setMode(home.file(u"p/w/locked"_s), 0555);
-    // Second names, to see what became of the contents once the originals are gone.
-    ASSERT_TRUE(::link(path(u"p/w/theirs.txt"_s).constData(), path(u"theirs witness"_s).constData()) == 0);
-    ASSERT_TRUE(::link(path(u"p/w/readonly.txt"_s).constData(), path(u"readonly witness"_s).constData()) == 0);
+    // Held open, to see what became of the contents once the names are gone
+    // (a second name would keep the erase from overwriting them).
+    const int theirs = ::open(path(u"p/w/theirs.txt"_s).constData(), O_RDONLY);
+    const int readonly = ::open(path(u"p/w/readonly.txt"_s).constData(), O_RDONLY);
+    const auto contents = [](int fd) {
+        QByteArray bytes(64, '?');
+        const ssize_t read = ::pread(fd, bytes.data(), std::size_t(bytes.size()), 0);
+        bytes.resize(read < 0 ? 0 : read);
+        ::close(fd);
+        return bytes;
+    };
 
     const QFileDevice::Permissions writableMode = QFileInfo(home.file(u"r/writable.txt"_s)).permissions();
 
@@ -323,8 +439,8 @@ TEST_F(RemovalTest, WithoutPermissionItemsAreRemovedWherePossibleAndOthersLeftAs
     ActivityLog::closeLog();
 
     EXPECT_TRUE(QDir(home.file(u"p"_s)).isEmpty());
-    EXPECT_EQ(home.read(u"theirs witness"_s), "owned by root");          // could not be opened: removed as it was
-    EXPECT_EQ(home.read(u"readonly witness"_s), QByteArray(18, '\0'));  // made writable, overwritten, removed
+    EXPECT_EQ(contents(theirs), "owned by root");           // could not be opened: removed as it was
+    EXPECT_EQ(contents(readonly), QByteArray(18, '\0'));  // writable by its owner, overwritten, removed
     // It cannot be moved aside: not a byte of it changes, nor its mode.
     EXPECT_EQ(home.read(u"r/writable.txt"_s), "writable, not removable");
     EXPECT_EQ(QFileInfo(home.file(u"r/writable.txt"_s)).permissions(), writableMode);
