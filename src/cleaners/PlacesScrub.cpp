@@ -2,6 +2,7 @@
 
 #include "cleaners/CleanerContext.h"
 #include "cleaners/DatabaseFiles.h"
+#include "cleaners/DatabaseLock.h"
 #include "cleaners/SchemaDigest.h"
 #include "cleaners/SqliteShell.h"
 #include "core/Bundle.h"
@@ -12,6 +13,7 @@
 #include <QFileInfo>
 
 #include <array>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -90,6 +92,10 @@ QString PlacesScrub::firefox3sqlite(const QString& placesFile)
     const QDir folder = QFileInfo(placesFile).absoluteDir();
     if (!SqliteShell::isQuotablePath(folder.path()))
         return fail(u"Places Database folder name holds a quote or backslash - not rewritten."_s);
+    // Held until the new database is in place (a dry run writes nothing, and takes no lock).
+    std::optional<DatabaseLock> lock;
+    if (!mContext.dryRun && lock.emplace(placesFile).isInUse())
+        return fail(u"Places Database is in use by another program - not rewritten."_s);
 
     const WorkFiles work(folder);
     if (!mContext.dryRun) {

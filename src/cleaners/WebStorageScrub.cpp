@@ -2,6 +2,7 @@
 
 #include "cleaners/CleanerContext.h"
 #include "cleaners/DatabaseFiles.h"
+#include "cleaners/DatabaseLock.h"
 #include "cleaners/SchemaDigest.h"
 #include "cleaners/SqliteShell.h"
 #include "core/Bundle.h"
@@ -12,6 +13,7 @@
 #include <QFileInfo>
 
 #include <functional>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -23,6 +25,7 @@ const QString kFirefoxKey = u"437f2e65e7c5184ca651c805ca3c809f"_s;
 // How one kind of store is named: its messages, template and work files.
 struct Store {
     QString missing;
+    QString inUse;
     QString mismatch;
     QString templateMissing;
     QString notCreated;
@@ -32,6 +35,7 @@ struct Store {
 };
 
 const Store kFirefoxStore{u"Webappsstore Database does not exist."_s,
+                          u"Webappsstore Database is in use by another program - not rewritten."_s,
                           u"Webappsstore Database Schema does not match key:"_s,
                           u"Webappsstore Vacuumed Database does not exist."_s,
                           u"Webappsstore Vantle X Database was not created."_s,
@@ -44,6 +48,7 @@ const Store kFirefoxStore{u"Webappsstore Database does not exist."_s,
                           u"webappsstore.vantlex.dst.sqlite"_s};
 
 const Store kDatabasesStore{u"Databases file does not exist."_s,
+                            u"Databases file is in use by another program - not rewritten."_s,
                             u"Databases Database Schema does not match key:"_s,
                             u"dbfile Vacuumed Database does not exist."_s,
                             u"dbfile Vantle X Database was not created."_s,
@@ -81,6 +86,10 @@ public:
             return fail(u"SQLite shell does not exist."_s);
         if (!SqliteShell::isQuotablePath(mFolder.path()))
             return fail(u"Databases folder name holds a quote or backslash - not rewritten."_s);
+        // Held until the new database is in place (a dry run writes nothing, and takes no lock).
+        std::optional<DatabaseLock> lock;
+        if (!mContext.dryRun && QFileInfo::exists(mPath) && lock.emplace(mPath).isInUse())
+            return fail(mStore.inUse);
 
         const QString work = file(mStore.work);
         const QString renamed = file(mStore.renamed);

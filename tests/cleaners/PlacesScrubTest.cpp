@@ -8,6 +8,8 @@
 #include <QFileInfo>
 
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -236,6 +238,50 @@ TEST_F(PlacesScrubTest, LeftOversOfAnInterruptedRunAreRemoved)
     EXPECT_EQ(table(places, u"select count(*) from moz_bookmarks"_s), QStringList{u"5"_s});
     EXPECT_EQ(modeOf(places), mode_t(0600));
     EXPECT_EQ(modeOf(renamed), mode_t(0600));
+}
+
+TEST_F(PlacesScrubTest, ADatabaseAnotherProgramWritesIsLeftAsItWasAndItsCommitKept)
+{
+    makePlaces();
+    setKey(PreferenceKey::ShredHistory, true);
+    const QByteArray before = home.read(QDir(home.path()).relativeFilePath(places));
+
+    // Another process inside a write transaction: it adds a bookmark, waits for
+    // the rebuild to be over, then commits.
+    int ready[2];
+    int go[2];
+    ASSERT_EQ(::pipe(ready), 0);
+    ASSERT_EQ(::pipe(go), 0);
+    const pid_t writer = ::fork();
+    ASSERT_GE(writer, 0);
+    if (writer == 0) {
+        TestDatabase db(places);
+        db.exec(u"BEGIN IMMEDIATE; INSERT INTO moz_bookmarks (id, type, fk, parent, position, title) "
+                "VALUES (9, 1, 7, 3, 1, 'Written meanwhile');"_s);
+        char byte = 1;
+        if (::write(ready[1], &byte, 1) != 1 || ::read(go[0], &byte, 1) != 1)
+            std::_Exit(2);
+        db.exec(u"COMMIT;"_s);
+        std::_Exit(0);
+    }
+    char byte = 0;
+    ASSERT_EQ(::read(ready[0], &byte, 1), 1);
+    const QStringList lines = run([&] { EXPECT_TRUE(scrub().isNull()); });
+    EXPECT_EQ(home.read(QDir(home.path()).relativeFilePath(places)), before);
+    EXPECT_EQ(::write(go[1], &byte, 1), 1);
+    int status = -1;
+    ::waitpid(writer, &status, 0);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+
+    EXPECT_TRUE(lines.contains(u"Places Database is in use by another program - not rewritten."_s)) << qPrintable(lines.join(u'\n'));
+    EXPECT_EQ(table(places, u"select title from moz_bookmarks where id = 9"_s), QStringList{u"Written meanwhile"_s});
+    EXPECT_EQ(leftOvers(), QStringList());
+
+    // What a program that stopped mid-write left in its journal is not dropped either.
+    home.write(QDir(home.path()).relativeFilePath(places + u"-journal"_s), QByteArray(512, 'j'));
+    const QByteArray committed = home.read(QDir(home.path()).relativeFilePath(places));
+    EXPECT_TRUE(run([&] { scrub(); }).contains(u"Places Database is in use by another program - not rewritten."_s));
+    EXPECT_EQ(home.read(QDir(home.path()).relativeFilePath(places)), committed);
 }
 
 TEST_F(PlacesScrubTest, TheJournalOfAShellStoppedInsideATransactionIsNotPlayedIntoTheNextRebuild)

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+struct sqlite3;
+
+// Holds the write lock of a live database while it is read, rebuilt and
+// replaced, so that no other program commits into a file that is about to be
+// swapped out and erased. A database another program is writing (a hot journal
+// or write-ahead log beside it, or a lock that cannot be had at once) is in use,
+// and is left exactly as it is. A file that is no database is not in use: the
+// schema check turns it away.
+class DatabaseLock {
+public:
+    explicit DatabaseLock(const QString& path);
+    ~DatabaseLock();
+    DatabaseLock(const DatabaseLock&) = delete;
+    DatabaseLock& operator=(const DatabaseLock&) = delete;
+
+    bool isInUse() const { return mInUse; }
+
+private:
+    sqlite3* mDatabase = nullptr;
+    bool mHeld = false;
+    bool mInUse = false;
+};
