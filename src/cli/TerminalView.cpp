@@ -29,10 +29,16 @@ TerminalView::TerminalView(Options options)
         m_progress = std::make_unique<TerminalProgress>(stderr);
 }
 
-void TerminalView::setProgressValue(double percent)
+void TerminalView::setProgressIndeterminate(bool indeterminate)
 {
     if (m_progress)
-        m_progress->showProgress(percent);
+        m_progress->setFinding(indeterminate);
+}
+
+void TerminalView::showBytes(quint64 done, quint64 total)
+{
+    if (m_progress)
+        m_progress->showBytes(done, total);
 }
 
 void TerminalView::setItemText(const QString& text)
@@ -41,18 +47,18 @@ void TerminalView::setItemText(const QString& text)
         m_progress->showFileName(text);
 }
 
-void TerminalView::showWarning(const QString& text)
+void TerminalView::say(const QString& text)
 {
     if (m_progress)
-        m_progress->showWarning(text);
+        m_progress->print(text);
     else
         printErr(text + u'\n');
 }
 
-void TerminalView::endProgressLine()
+void TerminalView::clearProgress()
 {
     if (m_progress)
-        m_progress = std::make_unique<TerminalProgress>(stderr);  // the old bar ends its line
+        m_progress->clear();
 }
 
 void TerminalView::setWatchStatusText(const QString& text)
@@ -61,7 +67,7 @@ void TerminalView::setWatchStatusText(const QString& text)
         return;
     m_status = text;
     if (m_options.printStatus)
-        std::fputs((text + u'\n').toUtf8().constData(), stdout), std::fflush(stdout);
+        clearProgress(), std::fputs((text + u'\n').toUtf8().constData(), stdout), std::fflush(stdout);
 }
 
 void TerminalView::setApplicationLabelColor(WatchedApp application, LabelColor color)
@@ -72,6 +78,7 @@ void TerminalView::setApplicationLabelColor(WatchedApp application, LabelColor c
     label = color;
     if (!m_options.printApplications)
         return;
+    clearProgress();
     for (const auto& watched : ProcessScan::watchedPatterns()) {
         if (watched.flag != application)
             continue;
@@ -85,7 +92,7 @@ void TerminalView::setApplicationLabelColor(WatchedApp application, LabelColor c
 
 int TerminalView::ask(const QString& title, const QString& message, const QString& question)
 {
-    endProgressLine();
+    clearProgress();
     printErr(u"%1\n%2\n"_s.arg(title, message));
     if (!::isatty(STDIN_FILENO)) {
         printErr(u"No terminal to answer on: Cancel.\n"_s);

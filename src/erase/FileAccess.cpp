@@ -23,6 +23,7 @@
 #include <cstring>
 
 using namespace OverwriteSchedule;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -137,7 +138,14 @@ int FileAccess::writePass(DeviceWriter& writer, const QByteArray& path, qint64 s
 void FileAccess::showRunProgress()
 {
     const quint64 percent = mDeepPathSize != 0 ? (100 * mDeepShreddedSize) / mDeepPathSize : 0;
-    showProgressOnMainThread(double(percent));
+    if (mDisplay) {
+        runOnMainThread(
+            [this, percent, done = mDeepShreddedSize, total = mDeepPathSize] {
+                mDisplay->showProgress(double(percent));
+                mDisplay->showBytes(done, total);
+            },
+            true);
+    }
 }
 
 void FileAccess::shredOneFile(const QByteArray& path)
@@ -165,10 +173,8 @@ void FileAccess::overwrite(const QByteArray& path, bool logName)
     DeviceWriter writer(fd);
 
     quint64 remaining = quint64(info.st_size);
-    if (logName) {
-        showFileNameOnMainThread(QFile::decodeName(name));
+    if (logName)
         ActivityLog::writeLogLine(name);
-    }
 
     mOverwritePattern = settings.pattern;
     randomize();
@@ -230,8 +236,9 @@ QByteArray FileAccess::moveAndRename(const QByteArray& path)
     const QByteArray source = FileTree::standardized(path);
     const QByteArray holding = FileTree::join(FileTree::parentOf(source), HoldingFolder::nameNow());
     // A folder set aside this very second already is the holding folder.
-    const auto leave = [&source](int error) {
+    const auto leave = [this, &source](int error) {
         ActivityLog::writeLogLine("Skip (Move failed: " + QByteArray(std::strerror(error)) + "): " + source);
+        mMoveError = error;
         return QByteArray();
     };
     if (source != holding) {
@@ -288,6 +295,12 @@ QByteArray FileAccess::moveAndRename(const QByteArray& path)
 void FileAccess::fileManagerWillProcessPath(const QByteArray& path)
 {
     const bool isDirectory = FileTree::isDirectory(path);
+    if (!isDirectory && mCounting) {
+        ++mTally.files;
+        struct stat info {};
+        if (::stat(path.constData(), &info) == 0 && S_ISREG(info.st_mode))
+            mTally.bytes += quint64(info.st_size);
+    }
     ::chmod(path.constData(), 0777);
     if (!isDirectory) {
         QElapsedTimer overwrite;
@@ -306,6 +319,8 @@ bool FileAccess::fileManagerShouldProceedAfterError(const QByteArray& path)
     if (::lstat(path.constData(), &info) == 0) {
         const int error = S_ISDIR(info.st_mode) ? folderError : fileError;
         ActivityLog::writeLogLine("Skip (Remove failed: " + QByteArray(std::strerror(error)) + "): " + path);
+        if (mRemoveError == 0)
+            mRemoveError = error;
     }
     return true;
 }
@@ -313,14 +328,20 @@ bool FileAccess::fileManagerShouldProceedAfterError(const QByteArray& path)
 void FileAccess::shredNativePaths(const QList<QByteArray>& paths)
 {
     showProgressOnMainThread(0);
+    mTally = {};
     mDeepPathSize = 0;
     mDeepShreddedSize = 0;
     const QList<QByteArray> leftOvers = leftOverHoldingFolders(paths);
+    const QList<bool> outermost = ErasePaths::outermost(paths);
     QList<QByteArray> existing;
-    for (const QByteArray& path : leftOvers + paths) {
-        if (FileTree::exists(path)) {
-            mDeepPathSize += sizeInBytes(path);
-            existing.append(path);
+    for (const QByteArray& path : leftOvers) {
+        mDeepPathSize += ErasePaths::measure(path).second;
+        existing.append(path);
+    }
+    for (qsizetype i = 0; i < paths.size(); ++i) {
+        if (outermost[i]) {
+            mDeepPathSize += ErasePaths::measure(paths[i]).second;
+            existing.append(paths[i]);
         }
     }
     warnOfCopyOnWrite(existing);
@@ -329,13 +350,41 @@ void FileAccess::shredNativePaths(const QList<QByteArray>& paths)
         ActivityLog::writeLogLine("Shred (left by an interrupted run): " + folder);
         FileTree::removeFileAtPath(folder, *this);
     }
-    for (const QByteArray& path : paths) {
+    for (qsizetype i = 0; i < paths.size(); ++i) {
+        const QByteArray& path = paths[i];
+        if (mStopRequested) {
+            // Between items: each is erased whole or left exactly as it is.
+            mTally.stopped = true;
+            mTally.left = outermost.mid(i).count(true);
+            ActivityLog::writeLogLine(u"Shredding stopped by the user - %1 items left as they were"_s.arg(mTally.left));
+            break;
+        }
         if (!FileTree::exists(path))
             continue;
+        if (outermost[i])
+            showFileNameOnMainThread(QFile::decodeName(path));
+        // Nested paths count with the item that holds them.
+        mCounting = true;
+        mMoveError = 0;
+        mRemoveError = 0;
         // An item that cannot be moved aside (its folder is read-only) stays as it is.
         const QByteArray holding = moveAndRename(path);
         if (!holding.isEmpty())
             FileTree::removeFileAtPath(holding, *this);
+        mCounting = false;
+        if (!outermost[i])
+            continue;
+        const int error = mMoveError != 0 ? mMoveError : mRemoveError;
+        if (error == 0 && !FileTree::exists(holding)) {
+            ++mTally.items;
+        } else {
+            ++mTally.failed;
+            if (mTally.firstFailure.isEmpty()) {
+                const QString step = mMoveError != 0 ? u"could not be moved aside"_s : u"could not be removed"_s;
+                mTally.firstFailure = u"%1 %2: %3"_s.arg(QFile::decodeName(path), step,
+                                                        QString::fromLocal8Bit(std::strerror(error)));
+            }
+        }
     }
     showProgressOnMainThread(0);
     showFileNameOnMainThread(QString());
