@@ -32,6 +32,7 @@ ApplicationMenus::ApplicationMenus(QMainWindow& window, bool trayIcon, QObject* 
     m_quit->setMenuRole(QAction::QuitRole);
     m_quit->setShortcut(QKeySequence::Quit);
 
+    m_preview = command(u"Preview…"_s, "preview");
     m_shredAndNothing = command(u"Shred"_s, "shredAndNothing");
     m_shredAndLogout = command(u"Shred and Log Out"_s, "shredAndLogout");
     m_shredAndShutdown = command(u"Shred and Shut Down"_s, "shredAndShutdown");
@@ -66,6 +67,8 @@ void ApplicationMenus::buildMenuBar()
     application->addAction(m_quit);
 
     QMenu* shred = bar->addMenu(u"&Shred"_s);
+    shred->addAction(m_preview);
+    shred->addSeparator();
     shred->addActions({m_shredAndNothing, m_shredAndLogout, m_shredAndShutdown, m_shredAndRestart});
 
     QMenu* help = bar->addMenu(u"&Help"_s);

@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QWidget* header(QPushButton* shredButton, QWidget* parent)
+QWidget* header(const QList<QPushButton*>& buttons, QWidget* parent)
 {
     auto* widget = new QWidget(parent);
     auto* layout = new QHBoxLayout(widget);
@@ -41,7 +41,8 @@ QWidget* header(QPushButton* shredButton, QWidget* parent)
     layout->addLayout(titles);
     layout->addStretch();
     layout->addSpacing(12);
-    layout->addWidget(shredButton, 0, Qt::AlignVCenter);
+    for (QPushButton* button : buttons)
+        layout->addWidget(button, 0, Qt::AlignVCenter);
     return widget;
 }
 
@@ -59,6 +60,17 @@ MainWindow::MainWindow(UserDefaults& defaults, std::function<void()> beep, QWidg
     m_shredButton->setDefault(true);
     m_shredButton->setMinimumWidth(m_shredButton->fontMetrics().horizontalAdvance(u"Shred"_s) * 3);
     connect(m_shredButton, &QPushButton::clicked, this, &MainWindow::shredClicked);
+    m_previewButton = new QPushButton(u"Preview…"_s);
+    m_previewButton->setObjectName(u"mPreviewButton"_s);
+    connect(m_previewButton, &QPushButton::clicked, this, &MainWindow::previewClicked);
+    m_stopButton = new QPushButton(u"Stop"_s);
+    m_stopButton->setObjectName(u"mStopButton"_s);
+    m_stopButton->setEnabled(false);
+    connect(m_stopButton, &QPushButton::clicked, this, [this] {
+        m_stopButton->setEnabled(false);
+        m_stopButton->setText(u"Stopping…"_s);
+        emit stopClicked();
+    });
 
     m_progress = new QProgressBar;
     m_progress->setObjectName(u"mShreddingProgressIndicator"_s);
@@ -73,7 +85,7 @@ MainWindow::MainWindow(UserDefaults& defaults, std::function<void()> beep, QWidg
     auto* central = new QWidget(this);
     auto* layout = new QVBoxLayout(central);
     layout->setContentsMargins(16, 14, 16, 16);
-    layout->addWidget(header(m_shredButton, central));
+    layout->addWidget(header({m_previewButton, m_stopButton, m_shredButton}, central));
     layout->addSpacing(10);
     layout->addWidget(m_progress);
     layout->addWidget(m_item);
@@ -147,6 +159,10 @@ void MainWindow::setProgressValue(double percent)
 void MainWindow::setProgressIndeterminate(bool indeterminate)
 {
     m_indeterminate = indeterminate;
+    if (indeterminate) {
+        m_progress->setTextVisible(false);
+        m_progressText.reset();
+    }
     showProgress();
 }
 
@@ -184,6 +200,9 @@ void MainWindow::setCustomStoppedCount(int count)
 void MainWindow::setShredButtonEnabled(bool enabled)
 {
     m_shredButton->setEnabled(enabled);
+    m_previewButton->setEnabled(enabled);
+    m_stopButton->setEnabled(!enabled);
+    m_stopButton->setText(u"Stop"_s);
     if (enabled)
         m_shredButton->setFocus();
 }
@@ -230,4 +249,20 @@ void MainWindow::replyToApplicationShouldTerminate(bool terminate)
 void MainWindow::beep()
 {
     m_beep();
+}
+
+void MainWindow::showBytes(quint64 done, quint64 total)
+{
+    QString text = m_progressText.update(done, total);
+    m_progress->setFormat(text.replace(u'%', u"%%"_s));
+    m_progress->setTextVisible(true);
+}
+
+void MainWindow::showResult(const RunResult& result)
+{
+    m_progress->setTextVisible(false);
+    const QString summary = RunReport::resultSummary(result);
+    m_item->setFullText(summary);
+    m_item->setToolTip(RunReport::resultLines(result).join(u'\n'));
+    emit resultShown(summary);
 }
