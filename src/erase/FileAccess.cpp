@@ -361,8 +361,7 @@ void FileAccess::shredNativePaths(const QList<QByteArray>& paths)
         }
         if (!FileTree::exists(path))
             continue;
-        if (outermost[i])
-            showFileNameOnMainThread(QFile::decodeName(path));
+        showFileNameOnMainThread(QFile::decodeName(path));
         // Nested paths count with the item that holds them.
         mCounting = true;
         mMoveError = 0;

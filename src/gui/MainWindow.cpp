@@ -253,8 +253,8 @@ void MainWindow::beep()
 
 void MainWindow::showBytes(quint64 done, quint64 total)
 {
-    QString text = m_progressText.update(done, total);
-    m_progress->setFormat(text.replace(u'%', u"%%"_s));
+    // Only %p, %v and %m are placeholders: the percentage in the text stays as it is.
+    m_progress->setFormat(m_progressText.update(done, total));
     m_progress->setTextVisible(true);
 }
 

@@ -76,7 +76,8 @@ TEST_F(RemovalTest, AFolderTreeIsErasedWholeAndTheListEmptied)
     for (qsizetype i = 1; i + 1 < display.progress.size(); ++i)
         EXPECT_LE(display.progress[i - 1], display.progress[i]) << i;
     // The entries of the list, never the random names their files get.
-    EXPECT_EQ(display.names, (QStringList{home.file(u"Caches"_s), home.file(u"Cookies.plist"_s), QString()}));
+    EXPECT_EQ(display.names, (QStringList{home.file(u"Caches/site/a.db"_s), home.file(u"Caches"_s),
+                                          home.file(u"Cookies.plist"_s), QString()}));
 }
 
 TEST_F(RemovalTest, EverythingIsRenamedBeforeAnyContentIsOverwritten)
