@@ -7,6 +7,7 @@
 #include "cleaners/SafariCleaners.h"
 #include "cleaners/SimpleCleaners.h"
 #include "core/ApplicationFlags.h"
+#include "erase/EraseQueue.h"
 
 using namespace Qt::StringLiterals;
 
@@ -27,30 +28,38 @@ void CleanerDispatch::run(qint32 customIsRunning, quint8& logoutShutdownRestart)
 
     const ApplicationFlags& running = mContext.mIsRunning;
     const auto isRunning = [&](WatchedApp application) { return running[application] == 1; };
+    EraseQueue& queue = mContext.eraseQueue();
     // Set when a counted group was passed over because its application runs.
     bool skipped = customIsRunning != 0;
     // Runs a counted group when its application does not run.
-    const auto group = [&](bool applicationRuns, const auto& cleaners) {
-        if (applicationRuns)
+    const auto group = [&](const QString& application, bool applicationRuns, const auto& cleaners) {
+        if (applicationRuns) {
             skipped = true;
-        else
+            queue.passOver(application);
+        } else {
+            queue.setApplication(application);
             cleaners();
+        }
     };
 
-    if (customIsRunning == 0)
+    if (customIsRunning == 0) {
+        queue.setApplication(u"Custom processes"_s);
         simple.CustomFiles();
-    group(isRunning(WatchedApp::ie), [&] { simple.IE51(); });
-    group(isRunning(WatchedApp::icab), [&] {
+    } else {
+        queue.passOver(u"Custom processes"_s);
+    }
+    group(u"Internet Explorer"_s, isRunning(WatchedApp::ie), [&] { simple.IE51(); });
+    group(u"iCab"_s, isRunning(WatchedApp::icab), [&] {
         simple.iCab28();
         simple.iCab30();
         simple.iCab411();
     });
-    group(isRunning(WatchedApp::omniweb), [&] {
+    group(u"OmniWeb"_s, isRunning(WatchedApp::omniweb), [&] {
         simple.OmniWeb41();
         simple.OmniWeb51();
         simple.OmniWeb57();
     });
-    group(isRunning(WatchedApp::opera), [&] {
+    group(u"Opera"_s, isRunning(WatchedApp::opera), [&] {
         simple.Opera50();
         simple.Opera60();
         simple.Opera70();
@@ -60,17 +69,17 @@ void CleanerDispatch::run(qint32 customIsRunning, quint8& logoutShutdownRestart)
         simple.Opera110();
         simple.Opera170();
     });
-    group(isRunning(WatchedApp::mail), [&] {
+    group(u"Mail"_s, isRunning(WatchedApp::mail), [&] {
         mail.AppleMail11();
         mail.AppleMail12();
         mail.AppleMail20to50();
         mail.MailCache();
     });
-    group(isRunning(WatchedApp::eudora), [&] {
+    group(u"Eudora"_s, isRunning(WatchedApp::eudora), [&] {
         mail.Eudora51();
         mail.Eudora62();
     });
-    group(isRunning(WatchedApp::safari), [&] {
+    group(u"Safari"_s, isRunning(WatchedApp::safari), [&] {
         safari.Safari10();
         safari.Safari20Shiira12();
         safari.Safari30();
@@ -79,12 +88,12 @@ void CleanerDispatch::run(qint32 customIsRunning, quint8& logoutShutdownRestart)
         safari.Safari51();
         safari.Safari60();
     });
-    group(isRunning(WatchedApp::netscape) || isRunning(WatchedApp::mozilla) || isRunning(WatchedApp::seamonkey), [&] {
+    group(u"Mozilla"_s, isRunning(WatchedApp::netscape) || isRunning(WatchedApp::mozilla) || isRunning(WatchedApp::seamonkey), [&] {
         mozilla.Mozilla();
         mozilla.SeaMonkey1();
     });
-    group(isRunning(WatchedApp::postbox), [&] { mail.Postbox21(); });
-    group(isRunning(WatchedApp::camino), [&] {
+    group(u"Postbox"_s, isRunning(WatchedApp::postbox), [&] { mail.Postbox21(); });
+    group(u"Camino"_s, isRunning(WatchedApp::camino), [&] {
         mozilla.Camino07();
         mozilla.Camino08();
         mozilla.Camino10();
@@ -92,7 +101,7 @@ void CleanerDispatch::run(qint32 customIsRunning, quint8& logoutShutdownRestart)
         mozilla.Camino20();
         mozilla.Camino21();
     });
-    group(isRunning(WatchedApp::firefox), [&] {
+    group(u"Firefox"_s, isRunning(WatchedApp::firefox), [&] {
         mozilla.Firefox08();
         mozilla.Firefox10();
         mozilla.Firefox15();
@@ -100,29 +109,34 @@ void CleanerDispatch::run(qint32 customIsRunning, quint8& logoutShutdownRestart)
         mozilla.Firefox30Flock25SeaMonkey20(u"Firefox"_s, u"~/Library/Application Support/Firefox/Profiles"_s);
     });
     // Thunderbird alone does not count: while it runs the plug-in cache is still taken.
-    if (!isRunning(WatchedApp::thunderbird))
+    if (!isRunning(WatchedApp::thunderbird)) {
+        queue.setApplication(u"Thunderbird"_s);
         mail.Thunderbird15();
-    group(isRunning(WatchedApp::shiira), [&] {
+    } else {
+        queue.passOver(u"Thunderbird"_s);
+    }
+    group(u"Shiira"_s, isRunning(WatchedApp::shiira), [&] {
         safari.Shiira12();
         safari.Shiira20();
         safari.Safari20Shiira12();
     });
-    group(isRunning(WatchedApp::flock), [&] {
+    group(u"Flock"_s, isRunning(WatchedApp::flock), [&] {
         mozilla.Flock25();
         mozilla.Firefox30Flock25SeaMonkey20(u"Flock"_s, u"~/Library/Application Support/Flock/Profiles"_s);
         mozilla.Flock35();
     });
-    group(isRunning(WatchedApp::chrome), [&] {
+    group(u"Chrome"_s, isRunning(WatchedApp::chrome), [&] {
         chrome.Chrome40();
         chrome.Chrome50();
         chrome.Chrome170();
         chrome.Chrome300();
     });
-    group(isRunning(WatchedApp::seamonkey), [&] {
+    group(u"SeaMonkey"_s, isRunning(WatchedApp::seamonkey), [&] {
         mozilla.SeaMonkey20cache();
         mozilla.SeaMonkey20();
         mozilla.Firefox30Flock25SeaMonkey20(u"SeaMonkey 2"_s, u"~/Library/Application Support/SeaMonkey/Profiles"_s);
     });
+    queue.setApplication(u"Plug-ins"_s);
     if (!skipped || logoutShutdownRestart == 1)
         simple.PluginsCache();
     if (logoutShutdownRestart == 1) {

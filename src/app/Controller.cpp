@@ -17,6 +17,7 @@
 #include "settings/ProfilesManager.h"
 #include "watch/CustomShred.h"
 
+#include <QDir>
 #include <QFile>
 
 #include <fcntl.h>
@@ -86,6 +87,18 @@ QStringList Controller::foundPaths() const
 {
     std::lock_guard lock(mListsMutex);
     return mFoundPaths;
+}
+
+RunPlan Controller::lastPlan() const
+{
+    std::lock_guard lock(mListsMutex);
+    return mPlan;
+}
+
+RunResult Controller::result(const EraseTally& erased) const
+{
+    std::lock_guard lock(mListsMutex);
+    return {erased, mPlan.rewrites.size(), mPlan.passedOver, mPlan.lookedFor, QDir::homePath(), mRunClock.elapsed()};
 }
 
 void Controller::startWatchTimer()
@@ -195,8 +208,11 @@ void Controller::shred()
         mServices.view.setWatchStatusText(kWatchOff);
     }
 
-    if (mServices.dryRun && mServices.dryRunLog)
+    // A preview leaves the log file as the last run wrote it.
+    if (dryRun() && mServices.dryRunLog && !mPreview)
         ActivityLog::openConsoleLog(mServices.dryRunLog);
+    else if (dryRun())
+        ActivityLog::closeLog();
     else
         ActivityLog::openRunLog(mServices.preferences.valueForKey(PreferenceKey::ActivityLog).toBool());
 
@@ -219,7 +235,7 @@ void Controller::shred()
     ActivityLog::writeLogLine(QString());
 
     const QString categories = categoryList(mServices.preferences);
-    if (mServices.preferences.prefsConfirmShredding()) {
+    if (mServices.preferences.prefsConfirmShredding() && !mPreview) {
         mServices.view.showWindow();
         mServices.view.beginConfirmationSheet(u"Vantle Confirmation"_s,
                                               u"Are you sure you want to shred these items: %1 ?"_s.arg(categories),
@@ -247,12 +263,28 @@ void Controller::confirmSheetDidEnd(int returnCode)
         emit runFinished();
         return;
     }
+    fileAccessInstance->setStopRequested(false);
+    mRunClock.start();
     joinServingMainThread(mFindingThread, mFindingDone);
     mFindingDone = false;
     mFindingThread = std::thread([this] {
         HandleFindingThread();
         mFindingDone = true;
     });
+}
+
+void Controller::preview()
+{
+    if (isRunInProgress() || mAppNeedsToTerminate == 1)
+        return;
+    mPreview = true;
+    mShutdownStatus = None;
+    shred();
+}
+
+void Controller::stopRun()
+{
+    fileAccessInstance->setStopRequested(true);
 }
 
 void Controller::cancelRun()
@@ -282,7 +314,7 @@ void Controller::HandleFindingThread()
     }
 
     // A dry run changes nothing: it quits no application either.
-    if (mShutdownStatus != None && !mServices.dryRun) {
+    if (mShutdownStatus != None && !dryRun()) {
         runOnMainThread([this] { stopWatchTimer(); }, true, this);
         showTHStatusOnMainThread(kWatchOff);
         disableProcessDisplay();
@@ -308,13 +340,14 @@ void Controller::HandleFindingThread()
 
 void Controller::callCleaners()
 {
-    EraseQueue queue(mServices.preferences, mServices.dryRun);
+    EraseQueue queue(mServices.preferences, dryRun());
     QVariantMap status = customStatus();
-    CleanerContext context(queue, mIsRunning, status, mServices.preferences, mServices.dryRun,
-                           CustomShred::sharedInstance());
+    CleanerContext context(queue, mIsRunning, status, mServices.preferences, dryRun(), CustomShred::sharedInstance());
     quint8 logoutShutdownRestart = mLogoutShutdownRestart;
     CleanerDispatch(context, mServices.defaults, mServices.runner).run(mCustomIsRunning, logoutShutdownRestart);
     mLogoutShutdownRestart = logoutShutdownRestart;
+    // A real run's figures come from the erase itself.
+    RunPlan plan = dryRun() ? queue.plan() : RunPlan{{}, queue.rewrites(), queue.passedOver(), queue.lookedFor()};
 
     // A dry run names what the erase would sweep up besides: the holding folders
     // an interrupted run left beside these paths.
@@ -327,6 +360,7 @@ void Controller::callCleaners()
     }
 
     std::lock_guard lock(mListsMutex);
+    mPlan = std::move(plan);
     mFoundPaths = queue.paths();
     mPathArray.append(queue.takePaths());
     mTouchArray.append(queue.takeTouches());
@@ -360,14 +394,16 @@ void Controller::ShredOnMainThread()
     {
         std::lock_guard lock(mListsMutex);
         anything = !mPathArray.isEmpty();
-        if (mServices.dryRun) {
+        if (dryRun()) {
             // A dry run stops here: what was found stays in foundPaths.
             mPathArray.clear();
             mTouchArray.clear();
         }
     }
-    if (mServices.dryRun) {
+    if (dryRun()) {
+        mPreview = false;
         v.setShredButtonEnabled(true);
+        mAwaitingConfirmation = 0;
         emit runFinished();
     } else if (anything) {
         ++mThreadCount;
@@ -382,6 +418,7 @@ void Controller::ShredOnMainThread()
     } else {
         ActivityLog::writeLogLine(u"Nothing selected to shred"_s);
         v.setShredButtonEnabled(true);
+        v.showResult(result({}));
         emit runFinished();
     }
     mAwaitingConfirmation = 0;
@@ -410,6 +447,8 @@ void Controller::HandleThread()
             runOnMainThread([this] { hideOnMainThread(); }, false, this);
         NotificationCenter::defaultCenter().post(Notifications::VantleShreddingDoneNotification);
     }
+    // After a hide that comes with the run's end, so that the window knows to notify instead.
+    view([summary = result(fileAccessInstance->tally())](ControllerView& v) { v.showResult(summary); }, false);
 
     ActivityLog::writeLogLine(QString());
     ActivityLog::writeLogLine(u"Vantle Completed Successfully"_s);

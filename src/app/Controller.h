@@ -1,7 +1,9 @@
 #pragma once
 
+#include "app/RunReport.h"
 #include "core/ApplicationFlags.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QStringList>
 #include <QTimer>
@@ -68,6 +70,11 @@ public:
     void shredAndRestart();
     // The end of the confirmation sheet: 1 cancels, anything else goes on.
     void confirmSheetDidEnd(int returnCode);
+    // A finding stage without confirmation that changes nothing and writes no
+    // log; its plan is in lastPlan() when runFinished comes. Nothing while a run is under way.
+    void preview();
+    // The shredding stage ends after the item it erases; a run still finding erases nothing.
+    void stopRun();
 
     TerminateReply applicationShouldTerminate();
     void applicationWillTerminate();
@@ -82,12 +89,15 @@ public:
 
     // State, for the front ends and the tests.
     bool isRunInProgress() const { return mAwaitingConfirmation.load() != 0 || mThreadCount.load() != 0; }
+    bool isShredding() const { return mThreadCount.load() != 0; }
     bool isWatchTimerActive() const { return mTarnholdTimerOn.load(); }
     qint16 shutdownStatus() const { return mShutdownStatus.load(); }
     const ApplicationFlags& isRunning() const { return mIsRunning; }
     QVariantMap customStatus() const;
     // Paths the last finding stage queued (a dry run keeps them here).
     QStringList foundPaths() const;
+    // What the last dry run or preview would erase and rewrite.
+    RunPlan lastPlan() const;
 
     // The thread functions, run on their own threads.
     void HandleFindingThread();
@@ -111,6 +121,8 @@ private:
     bool CheckStatus();
     void checkEnabled();
     void callCleaners();
+    bool dryRun() const { return mServices.dryRun || mPreview; }
+    RunResult result(const EraseTally& erased) const;
     void view(std::function<void(ControllerView&)> call, bool wait = true);
 
     ControllerServices mServices;
@@ -127,6 +139,8 @@ private:
     QStringList mPathArray;
     QStringList mTouchArray;
     QStringList mFoundPaths;
+    RunPlan mPlan;  // of a dry run; only rewrites and applications otherwise
+    QElapsedTimer mRunClock;
 
     ApplicationFlags mWasRunning;
     ApplicationFlags mIsRunning;
@@ -142,6 +156,7 @@ private:
     std::atomic<qint16> mShutdownStatus{None};
     std::atomic<quint8> mLogoutShutdownRestart{0};
     std::atomic<quint8> mUserDidCancel{0};
+    std::atomic<bool> mPreview{false};
 
     std::thread mFindingThread;
     std::thread mShreddingThread;

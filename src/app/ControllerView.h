@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/RunReport.h"
 #include "core/ApplicationFlags.h"
 #include "erase/EraseDisplay.h"
 
@@ -39,7 +40,10 @@ public:
     virtual void replyToApplicationShouldTerminate(bool terminate) = 0;
     virtual void beep() = 0;
 
-    // The erase engine's display: the run's progress and the file being overwritten.
+    // What a finished run did; shown until the next run begins.
+    virtual void showResult(const RunResult& result) { Q_UNUSED(result); }
+
+    // The erase engine's display: the run's progress and the entry being erased, by its place in the home.
     void showProgress(double percent) override { setProgressValue(percent); }
-    void showFileName(const QString& name) override { setItemText(name); }
+    void showFileName(const QString& name) override { setItemText(RunReport::tilde(name)); }
 };

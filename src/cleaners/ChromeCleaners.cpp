@@ -4,6 +4,7 @@
 #include "cleaners/Html5Storage.h"
 #include "cleaners/JsonPreferenceEdit.h"
 #include "cleaners/WebStorageScrub.h"
+#include "erase/EraseQueue.h"
 #include "settings/HTML5Manager.h"
 #include "settings/PreferenceKeys.h"
 
@@ -53,6 +54,7 @@ void ChromeCleaners::editJsonWithDetails(const QString& file, const QString& key
     switch (JsonPreferenceEdit::removeKey(file, key, requireKey, mContext.dryRun)) {
     case Result::Done:
         mContext.log(u"Shred: "_s + file);
+        mContext.eraseQueue().rewrite(file, JsonPreferenceEdit::oldCopyPath(file));
         mContext.queue(JsonPreferenceEdit::oldCopyPath(file));
         break;
     case Result::ReadFailed:
@@ -108,6 +110,7 @@ void ChromeCleaners::Chrome50()
         if (JsonPreferenceEdit::removeKey(file, u"StartupDNSPrefetchList"_s, false, mContext.dryRun) ==
             JsonPreferenceEdit::Result::Done) {
             mContext.log(u"Shred: "_s + localState);
+            mContext.eraseQueue().rewrite(file, JsonPreferenceEdit::oldCopyPath(file));
             mContext.queue(JsonPreferenceEdit::oldCopyPath(file));
         } else {
             mContext.log(u"Skip: "_s + localState);

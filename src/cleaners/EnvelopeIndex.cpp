@@ -27,6 +27,7 @@ int appendRow(void* argument, int columns, char** values, char** names)
 bool EnvelopeIndex::open(const QString& path, bool readOnly)
 {
     close();
+    mPath = path;
     const int flags = readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
     const int result = sqlite3_open_v2(QFile::encodeName(path).constData(), &mDatabase, flags, nullptr);
     if (result != SQLITE_OK) {

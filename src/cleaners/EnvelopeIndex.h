@@ -30,10 +30,13 @@ public:
     void close();
 
     QString errorMessage() const { return mErrorMessage; }
+    // The file last opened.
+    QString path() const { return mPath; }
 
 private:
     bool exec(const QString& sql, int (*callback)(void*, int, char**, char**), void* argument);
 
     sqlite3* mDatabase = nullptr;
     QString mErrorMessage;
+    QString mPath;
 };

@@ -158,13 +158,13 @@ void MailCleaners::removeMessages(EnvelopeIndex& index, const QString& command, 
         return;
     }
     mContext.log(command);
-    if (mContext.dryRun)
-        return;
-    if (!index.execute(command)) {
+    if (!mContext.dryRun && !index.execute(command)) {
         mContext.log(u"Could not remove messages from index database"_s);
         mContext.log(index.errorMessage());
         mContext.endCleaner();
+        return;
     }
+    mContext.eraseQueue().rewrite(index.path());
 }
 
 void MailCleaners::handleMailAtPath(const QString& mailFolder, const QString& indexPath)

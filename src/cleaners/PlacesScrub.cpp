@@ -110,8 +110,10 @@ QString PlacesScrub::firefox3sqlite(const QString& placesFile)
         logMismatch(SchemaDigest::raw(schema), compactDigest);
         return QString();
     }
-    if (mContext.dryRun)
+    if (mContext.dryRun) {
+        mContext.eraseQueue().rewrite(placesFile, work.renamed);
         return work.renamed;
+    }
 
     DatabaseFiles::writeWorkFile(work.schema, schema.toUtf8());
     const QString templatePath = Bundle::mainBundle().pathForResource(u"placesvacuumed"_s, u"sqlite"_s);
@@ -136,6 +138,7 @@ QString PlacesScrub::firefox3sqlite(const QString& placesFile)
     }
     if (!DatabaseFiles::swap(placesFile, work.database, work.renamed))
         return QString();
+    mContext.eraseQueue().rewrite(placesFile, work.renamed);
     return work.renamed;
 }
 

@@ -105,7 +105,7 @@ public:
         if (!matches(SchemaDigest::raw(schema), acceptedKeys, mStore.mismatch))
             return QString();
         if (mContext.dryRun)
-            return renamed;
+            return rewritten(renamed);
 
         DatabaseFiles::writeWorkFile(schemaFile, schema.toUtf8());
         const QString templatePath = Bundle::mainBundle().pathForResource(mStore.templateName, u"sqlite"_s);
@@ -129,10 +129,15 @@ public:
             DatabaseFiles::eraseWorkDatabase(mContext.eraseQueue(), work);
             return fail(u"Rebuilt database is damaged - not replaced."_s);
         }
-        return DatabaseFiles::swap(mPath, work, renamed) ? renamed : QString();
+        return DatabaseFiles::swap(mPath, work, renamed) ? rewritten(renamed) : QString();
     }
 
 private:
+    QString rewritten(const QString& renamed)
+    {
+        mContext.eraseQueue().rewrite(mPath, renamed);
+        return renamed;
+    }
     QString file(const QString& name) const { return mFolder.filePath(name); }
 
     QString fail(const QString& message)

@@ -3,11 +3,12 @@
 #include "app/ApplicationModels.h"
 #include "app/Controller.h"
 #include "cli/InterruptWatcher.h"
+#include "cli/PlanOutput.h"
 #include "cli/RunTiming.h"
 #include "cli/TerminalView.h"
 #include "core/Bundle.h"
 #include "core/ChildProcess.h"
-#include "erase/FileTree.h"
+#include "log/ActivityLog.h"
 #include "platform/SessionEnd.h"
 #include "platform/linux/ProcApplicationQuitter.h"
 #include "settings/Preferences.h"
@@ -21,10 +22,17 @@
 #include <CLI/CLI.hpp>
 
 #include <cstdio>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+void printLines(const QStringList& lines)
+{
+    for (const QString& line : lines)
+        printLine(line);
+}
 
 struct ShredOptions {
     bool yes = false;
@@ -34,39 +42,46 @@ struct ShredOptions {
     bool dryRun = false;
     bool quiet = false;
     bool timing = false;
+    bool verbose = false;
+    bool json = false;
 };
 
-// The queued paths that exist (the cleaners queue paths unseen), with their sizes.
-void printFoundPaths(const QStringList& paths)
-{
-    quint64 total = 0;
-    qsizetype existing = 0;
-    printLine(Cli::tr("Would erase:"));
-    for (const QString& path : paths) {
-        const QByteArray native = QFile::encodeName(path);
-        if (!FileTree::exists(native))
-            continue;
-        const quint64 size = FileTree::sizeInBytes(native);
-        total += size;
-        ++existing;
-        printLine(u"%1  %2"_s.arg(size, 12).arg(path));
+// The log of a dry run, kept in memory for --verbose.
+class MemoryLog {
+public:
+    MemoryLog() { m_stream = ::open_memstream(&m_buffer, &m_size); }
+    ~MemoryLog()
+    {
+        close();
+        std::free(m_buffer);
     }
-    printLine(Cli::tr("%1  bytes in %2 of the %3 paths queued (the others do not exist)")
-                  .arg(total, 12)
-                  .arg(existing)
-                  .arg(paths.size()));
-}
+    FILE* stream() const { return m_stream; }
+    QByteArray close()
+    {
+        if (m_stream)
+            std::fclose(std::exchange(m_stream, nullptr));
+        return QByteArray(m_buffer, qsizetype(m_size));
+    }
+
+private:
+    char* m_buffer = nullptr;
+    std::size_t m_size = 0;
+    FILE* m_stream = nullptr;
+};
 
 int shred(const ShredOptions& options)
 {
     ApplicationModels::create(options.dryRun);
-    TerminalView view({options.yes, !options.quiet, false, false});
+    // A dry run changes nothing: there is nothing to confirm.
+    TerminalView view({options.yes || options.dryRun, !options.quiet, false, false});
+    MemoryLog dryRunLog;
     ProcApplicationQuitter quitter;
     const std::unique_ptr<SessionEnd> sessionEnd = createPlatformSessionEnd();
     SystemCommandRunner runner;
     Controller controller({Preferences::sharedInstance(), UserDefaults::standardUserDefaults(), view, quitter,
                            *sessionEnd, runner, Bundle::mainBundle(),
-                           [](int milliseconds) { QThread::msleep(ulong(milliseconds)); }, options.dryRun, stdout});
+                           [](int milliseconds) { QThread::msleep(ulong(milliseconds)); }, options.dryRun,
+                           options.verbose ? dryRunLog.stream() : nullptr});
     controller.applicationDidFinishLaunching(false);
 
     QEventLoop loop;
@@ -75,8 +90,18 @@ int shred(const ShredOptions& options)
         finished = true;
         loop.quit();
     });
-    // The first Ctrl-C asks to quit: a run under way finishes erasing first.
+    // The first Ctrl-C stops the run after the item it erases; no item is ever
+    // left half-erased, so the next ones are refused until it ends.
+    bool stopping = false;
     InterruptWatcher interrupts([&] {
+        if (controller.isShredding()) {
+            view.say(stopping ? u"Still finishing the current item: it is never left half-erased."_s
+                              : u"Stopping after the current item; the others stay as they are."_s);
+            stopping = true;
+            controller.stopRun();
+            return;
+        }
+        view.say(u"Stopped before anything was erased."_s);
         if (controller.applicationShouldTerminate() == Controller::TerminateReply::Now)
             loop.quit();
     });
@@ -95,10 +120,21 @@ int shred(const ShredOptions& options)
     if (!finished)
         loop.exec();
 
+    view.clearProgress();
+    if (options.dryRun && finished) {
+        ActivityLog::closeLog();
+        if (options.json) {
+            std::fputs(PlanOutput::json(controller.lastPlan()).c_str(), stdout);
+        } else {
+            if (options.verbose)
+                printLines(PlanOutput::shredAndSkipLines(dryRunLog.close()));
+            printLines(PlanOutput::text(controller.lastPlan()));
+        }
+    } else if (view.result()) {
+        printLines(RunReport::resultLines(*view.result()));
+    }
     if (options.timing && finished)
         std::fprintf(stderr, "%s\n", qPrintable(timing.report()));
-    if (options.dryRun && finished)
-        printFoundPaths(controller.foundPaths());
     return finished && !view.userCancelled() ? 0 : 1;
 }
 
@@ -119,8 +155,12 @@ void addShredCommand(CLI::App& app, CommandAction& action)
     logout->excludes(shutdown)->excludes(restart);
     shutdown->excludes(restart);
     command->add_flag("-n,--dry-run", options->dryRun,
-                      Cli::tr("Show what would be erased, with sizes, and change nothing on disk").toStdString());
-    command->add_flag("-q,--quiet", options->quiet, Cli::tr("Show no progress bar").toStdString());
+                      Cli::tr("Show what would be erased and rewritten, with sizes, and change nothing on disk")
+                          .toStdString());
+    command->add_flag("-v,--verbose", options->verbose,
+                      Cli::tr("With --dry-run: every Shred and Skip line first").toStdString());
+    command->add_flag("--json", options->json, Cli::tr("With --dry-run: the plan as JSON").toStdString());
+    command->add_flag("-q,--quiet", options->quiet, Cli::tr("Show no progress line").toStdString());
     command->add_flag("--timing", options->timing,
                       Cli::tr("Print each stage's wall time and peak memory (finding, shredding) on the standard error")
                           .toStdString());

@@ -6,5 +6,5 @@ namespace CLI {
 class App;
 }
 
-// shred [--yes] [--logout | --shutdown | --restart] [--dry-run] [--quiet] [--timing]
+// shred [--yes] [--logout | --shutdown | --restart] [--dry-run [--verbose] [--json]] [--quiet] [--timing]
 void addShredCommand(CLI::App& app, CommandAction& action);

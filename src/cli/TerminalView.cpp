@@ -31,10 +31,16 @@ TerminalView::TerminalView(Options options)
         m_progress = std::make_unique<TerminalProgress>(stderr);
 }
 
-void TerminalView::setProgressValue(double percent)
+void TerminalView::setProgressIndeterminate(bool indeterminate)
 {
     if (m_progress)
-        m_progress->showProgress(percent);
+        m_progress->setFinding(indeterminate);
+}
+
+void TerminalView::showBytes(quint64 done, quint64 total)
+{
+    if (m_progress)
+        m_progress->showBytes(done, total);
 }
 
 void TerminalView::setItemText(const QString& text)
@@ -43,18 +49,18 @@ void TerminalView::setItemText(const QString& text)
         m_progress->showFileName(text);
 }
 
-void TerminalView::showWarning(const QString& text)
+void TerminalView::say(const QString& text)
 {
     if (m_progress)
-        m_progress->showWarning(text);
+        m_progress->print(text);
     else
         printErr(text + u'\n');
 }
 
-void TerminalView::endProgressLine()
+void TerminalView::clearProgress()
 {
     if (m_progress)
-        m_progress = std::make_unique<TerminalProgress>(stderr); // the old bar ends its line
+        m_progress->clear();
 }
 
 void TerminalView::setWatchStatusText(const QString& text)
@@ -63,7 +69,7 @@ void TerminalView::setWatchStatusText(const QString& text)
         return;
     m_status = text;
     if (m_options.printStatus)
-        std::fputs((text + u'\n').toUtf8().constData(), stdout), std::fflush(stdout);
+        clearProgress(), std::fputs((text + u'\n').toUtf8().constData(), stdout), std::fflush(stdout);
 }
 
 void TerminalView::setApplicationLabelColor(WatchedApp application, LabelColor color)
@@ -74,6 +80,7 @@ void TerminalView::setApplicationLabelColor(WatchedApp application, LabelColor c
     label = color;
     if (!m_options.printApplications)
         return;
+    clearProgress();
     for (const auto& watched : ProcessScan::watchedPatterns()) {
         if (watched.flag != application)
             continue;
@@ -87,7 +94,7 @@ void TerminalView::setApplicationLabelColor(WatchedApp application, LabelColor c
 
 int TerminalView::ask(const QString& title, const QString& message, const QString& question)
 {
-    endProgressLine();
+    clearProgress();
     printErr(u"%1\n%2\n"_s.arg(title, message));
     if (!::isatty(STDIN_FILENO)) {
         printErr(Cli::tr("No terminal to answer on: Cancel.\n"));

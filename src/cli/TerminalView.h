@@ -6,8 +6,9 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 
-// The controller's view on a terminal: a progress bar (on a terminal only), the
+// The controller's view on a terminal: a progress line (on a terminal only), the
 // confirmation and the quit alert as y/N questions whose default is Cancel, and
 // the watch's status lines when asked for.
 class TerminalView final : public ControllerView {
@@ -21,11 +22,13 @@ public:
 
     explicit TerminalView(Options options);
 
-    void setProgressValue(double percent) override;
-    void setProgressIndeterminate(bool) override {}
+    void setProgressValue(double) override {}
+    void setProgressIndeterminate(bool indeterminate) override;
     void setProgressAnimating(bool) override {}
     void setItemText(const QString& text) override;
-    void showWarning(const QString& text) override;
+    void showWarning(const QString& text) override { say(text); }
+    void showBytes(quint64 done, quint64 total) override;
+    void showResult(const RunResult& result) override { m_result = result; }
     void setWatchStatusText(const QString& text) override;
     void setApplicationLabelColor(WatchedApp application, LabelColor color) override;
     void setCustomRunningCount(int, LabelColor) override {}
@@ -42,16 +45,22 @@ public:
 
     // Whether the user answered Cancel to a question of this run.
     bool userCancelled() const { return m_cancelled; }
+    // What the last run did, once it has ended.
+    const std::optional<RunResult>& result() const { return m_result; }
+    // A line on the standard error, the progress line cleared first.
+    void say(const QString& text);
+    // The progress line goes before anything else is printed.
+    void clearProgress();
 
 private:
     // 0 for yes, 1 for anything else or no terminal to ask on.
     int ask(const QString& title, const QString& message, const QString& question);
-    void endProgressLine();
 
     Options m_options;
     std::unique_ptr<TerminalProgress> m_progress;
     QString m_status;
     LabelColor m_labels[kWatchedAppCount];
     bool m_cancelled = false;
+    std::optional<RunResult> m_result;
     std::function<void()> m_terminate;
 };

@@ -16,6 +16,33 @@ EraseQueue::EraseQueue(Preferences& preferences, bool dryRun)
 
 EraseQueue::~EraseQueue() = default;
 
+void EraseQueue::setApplication(const QString& name)
+{
+    mApplication = name;
+    if (!mLookedFor.contains(name))
+        mLookedFor.append(name);
+}
+
+void EraseQueue::erase(const QString& path)
+{
+    mPaths.append(path);
+    mApplications.append(mApplication);
+}
+
+void EraseQueue::rewrite(const QString& path, const QString& oldCopy)
+{
+    for (const Rewrite& done : std::as_const(mRewrites)) {
+        if (done.path == path)
+            return;
+    }
+    mRewrites.append({mApplication, path, oldCopy});
+}
+
+RunPlan EraseQueue::plan() const
+{
+    return RunPlan::measure(mPaths, mApplications, mRewrites, mPassedOver, mLookedFor);
+}
+
 bool EraseQueue::setAside(const QString& path)
 {
     if (mDryRun)
@@ -51,6 +78,7 @@ void EraseQueue::eraseNow(const QString& path)
 
 QStringList EraseQueue::takePaths()
 {
+    mApplications.clear();
     return std::exchange(mPaths, {});
 }
 

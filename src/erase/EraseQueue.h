@@ -1,5 +1,7 @@
 #pragma once
 
+#include "erase/RunPlan.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -23,8 +25,16 @@ public:
     EraseQueue(const EraseQueue&) = delete;
     EraseQueue& operator=(const EraseQueue&) = delete;
 
+    // The application the next paths, rewrites and passing over belong to.
+    void setApplication(const QString& name);
+    // Its cleaners are not called: it is running.
+    void passOver(const QString& application) { mPassedOver.append(application); }
+    // A file rebuilt where it lies (or that a dry run would rebuild); oldCopy
+    // holds the old contents once the new file is in place.
+    void rewrite(const QString& path, const QString& oldCopy = QString());
+
     // Erased in the shredding stage, in the order queued.
-    void erase(const QString& path) { mPaths.append(path); }
+    void erase(const QString& path);
     bool isQueued(const QString& path) const { return mPaths.contains(path); }
     const QStringList& paths() const { return mPaths; }
 
@@ -47,11 +57,22 @@ public:
     QStringList takePaths();
     QStringList takeTouches();
 
+    // What the run would erase and rewrite, measured now; the paths stay queued.
+    RunPlan plan() const;
+    const QList<Rewrite>& rewrites() const { return mRewrites; }
+    const QStringList& passedOver() const { return mPassedOver; }
+    const QStringList& lookedFor() const { return mLookedFor; }
+
 private:
     Preferences& mPreferences;
     const bool mDryRun;
     QStringList mPaths;
+    QStringList mApplications;  // of each path
     QStringList mTouches;
+    QString mApplication;
+    QList<Rewrite> mRewrites;
+    QStringList mPassedOver;
+    QStringList mLookedFor;
     std::unique_ptr<FileAccess> mEngine;
 };
 

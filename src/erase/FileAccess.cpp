@@ -26,6 +26,7 @@
 #include <cstring>
 
 using namespace OverwriteSchedule;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -183,7 +184,14 @@ int FileAccess::writePass(DeviceWriter& writer, const QByteArray& path, qint64 s
 void FileAccess::showRunProgress()
 {
     const quint64 percent = mDeepPathSize != 0 ? (100 * mDeepShreddedSize) / mDeepPathSize : 0;
-    showProgressOnMainThread(double(percent));
+    if (mDisplay) {
+        runOnMainThread(
+            [this, percent, done = mDeepShreddedSize, total = mDeepPathSize] {
+                mDisplay->showProgress(double(percent));
+                mDisplay->showBytes(done, total);
+            },
+            true);
+    }
 }
 
 void FileAccess::shredOneFile(const QByteArray& path)
@@ -237,10 +245,8 @@ void FileAccess::overwrite(const FolderWalk::Entry& entry, bool logName)
     DeviceWriter writer(fd);
 
     quint64 remaining = quint64(info.st_size);
-    if (logName) {
-        showFileNameOnMainThread(QFile::decodeName(name));
+    if (logName)
         ActivityLog::writeLogLine(name);
-    }
 
     mOverwritePattern = settings.pattern;
     randomize();
@@ -302,8 +308,9 @@ QByteArray FileAccess::moveAndRename(const QByteArray& path)
     const QByteArray source = FileTree::standardized(path);
     const QByteArray holding = FileTree::join(FileTree::parentOf(source), HoldingFolder::nameNow());
     // A folder set aside this very second already is the holding folder.
-    const auto leave = [&source](int error) {
+    const auto leave = [this, &source](int error) {
         ActivityLog::writeLogLine("Skip (Move failed: " + QByteArray(std::strerror(error)) + "): " + source);
+        mMoveError = error;
         return QByteArray();
     };
     if (source != holding) {
@@ -380,6 +387,11 @@ bool FileAccess::fileManagerWillProcessPath(const FolderWalk::Entry& entry)
 {
     if (entry.mountPoint)
         return false;
+    if (!S_ISDIR(entry.info.st_mode) && mCounting && entry.relative != HoldingFolder::kMarker) {
+        ++mTally.files;
+        if (S_ISREG(entry.info.st_mode) && entry.info.st_nlink == 1)
+            mTally.bytes += quint64(entry.info.st_size);
+    }
     if (S_ISDIR(entry.info.st_mode)) {
         // Its owner must be let list and empty it; nobody else.
         if ((entry.info.st_mode & S_IRWXU) != S_IRWXU)
@@ -410,24 +422,33 @@ void FileAccess::fileManagerShouldProceedAfterError(const FolderWalk::Entry& ent
         ::unlinkat(entry.folder, entry.name.constData(), AT_REMOVEDIR) == 0)
         return;
     struct stat info {};
-    if (::fstatat(entry.folder, entry.name.constData(), &info, AT_SYMLINK_NOFOLLOW) == 0)
+    if (::fstatat(entry.folder, entry.name.constData(), &info, AT_SYMLINK_NOFOLLOW) == 0) {
         ActivityLog::writeLogLine("Skip (Remove failed: " + QByteArray(std::strerror(error)) + "): " + entry.path);
+        if (mRemoveError == 0)
+            mRemoveError = error;
+    }
 }
 
 void FileAccess::shredNativePaths(const QList<QByteArray>& listed)
 {
     FolderWalk::allowDeepTrees();
     showProgressOnMainThread(0);
+    mTally = {};
     mDeepPathSize = 0;
     mDeepShreddedSize = 0;
     mOtherNames.clear();
     const QList<QByteArray> paths = atTheirRealPlaces(listed);
     const QList<QByteArray> leftOvers = leftOverHoldingFolders(paths);
+    const QList<bool> outermost = ErasePaths::outermost(paths);
     QList<QByteArray> existing;
-    for (const QByteArray& path : leftOvers + paths) {
-        if (isThere(path)) {
-            mDeepPathSize += sizeInBytes(path);
-            existing.append(path);
+    for (const QByteArray& path : leftOvers) {
+        mDeepPathSize += ErasePaths::measure(path).second;
+        existing.append(path);
+    }
+    for (qsizetype i = 0; i < paths.size(); ++i) {
+        if (outermost[i]) {
+            mDeepPathSize += ErasePaths::measure(paths[i]).second;
+            existing.append(paths[i]);
         }
     }
     warnOfCopyOnWrite(existing);
@@ -436,13 +457,40 @@ void FileAccess::shredNativePaths(const QList<QByteArray>& listed)
         ActivityLog::writeLogLine("Shred (left by an interrupted run): " + folder);
         FileTree::removeFileAtPath(folder, *this, HoldingFolder::kMarker);
     }
-    for (const QByteArray& path : paths) {
+    for (qsizetype i = 0; i < paths.size(); ++i) {
+        const QByteArray& path = paths[i];
+        if (mStopRequested) {
+            // Between items: each is erased whole or left exactly as it is.
+            mTally.stopped = true;
+            mTally.left = outermost.mid(i).count(true);
+            ActivityLog::writeLogLine(u"Shredding stopped by the user - %1 items left as they were"_s.arg(mTally.left));
+            break;
+        }
         if (!isThere(path))
             continue;
+        showFileNameOnMainThread(QFile::decodeName(path));
+        // Nested paths count with the item that holds them.
+        mCounting = true;
+        mMoveError = 0;
+        mRemoveError = 0;
         // An item that cannot be moved aside (its folder is read-only) stays as it is.
         const QByteArray holding = moveAndRename(path);
         if (!holding.isEmpty())
             FileTree::removeFileAtPath(holding, *this, HoldingFolder::kMarker);
+        mCounting = false;
+        if (!outermost[i])
+            continue;
+        const int error = mMoveError != 0 ? mMoveError : mRemoveError;
+        if (error == 0 && !isThere(holding)) {
+            ++mTally.items;
+        } else {
+            ++mTally.failed;
+            if (mTally.firstFailure.isEmpty()) {
+                const QString step = mMoveError != 0 ? u"could not be moved aside"_s : u"could not be removed"_s;
+                mTally.firstFailure = u"%1 %2: %3"_s.arg(QFile::decodeName(path), step,
+                                                        QString::fromLocal8Bit(std::strerror(error)));
+            }
+        }
     }
     // What the devices hold in their own caches goes to the medium before the run ends.
     QSet<dev_t> devices;

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "erase/FileTree.h"
+#include "erase/RunPlan.h"
 
 #include <QByteArray>
 #include <QHash>
 #include <QStringList>
 
 #include <array>
+#include <atomic>
 #include <functional>
 
 class DeviceWriter;
@@ -37,7 +39,8 @@ class Preferences;
 // erased where the link leads, and the log says so.
 //
 // Lives on the thread that shreds (one run at a time); shows progress through the
-// display on the main thread, waiting for it. Failures never stop a run: a file
+// display on the main thread, waiting for it: the path-list entry it works on
+// and the bytes overwritten of the list's total. Failures never stop a run: a file
 // that cannot be opened is removed without being overwritten, an item that cannot
 // be renamed keeps its name, a folder that resists removal is given its owner's
 // rights and removed again. An item that cannot be moved aside is left exactly as
@@ -51,6 +54,11 @@ public:
 
     // Erases every path of the list and empties it.
     void shredDroppedFile(QStringList& paths);
+    // What the last erase of a path list did.
+    const EraseTally& tally() const { return mTally; }
+    // Asked from any thread: the erase goes on with no new path of its list, and
+    // says in the log how many it left.
+    void setStopRequested(bool stop) { mStopRequested = stop; }
     // The same on native paths, whose names need not be valid UTF-8.
     void shredNativePaths(const QList<QByteArray>& paths);
 
@@ -124,6 +132,12 @@ private:
     quint64 mDeepShreddedSize = 0;
     quint32 mOverwritePattern = 0;
     qint64 mOverwriteNanoseconds = 0;
+
+    std::atomic<bool> mStopRequested{false};
+    EraseTally mTally;
+    bool mCounting = false;
+    int mMoveError = 0;
+    int mRemoveError = 0;
 
     PassObserver mPassObserver;
     // The old names of the files with other names met in this run, for the log.

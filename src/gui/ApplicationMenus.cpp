@@ -37,6 +37,7 @@ ApplicationMenus::ApplicationMenus(QMainWindow& window, bool trayIcon, QObject* 
     m_quit->setMenuRole(QAction::QuitRole);
     m_quit->setShortcut(QKeySequence::Quit);
 
+    m_preview = command(tr("Pre&view…"), "preview");
     m_shredAndNothing = command(tr("&Shred"), "shredAndNothing");
     m_shredAndNothing->setShortcut(shredShortcut());
     m_shredAndLogout = command(tr("Shred and &Log Out"), "shredAndLogout");
@@ -72,6 +73,8 @@ void ApplicationMenus::buildMenuBar()
     application->addAction(m_quit);
 
     QMenu* shred = bar->addMenu(tr("&Shred"));
+    shred->addAction(m_preview);
+    shred->addSeparator();
     shred->addActions({m_shredAndNothing, m_shredAndLogout, m_shredAndShutdown, m_shredAndRestart});
 
     QMenu* help = bar->addMenu(tr("&Help"));

@@ -32,6 +32,7 @@ public:
     QAction* about() const { return m_about; }
     QAction* settings() const { return m_settings; }
     QAction* quit() const { return m_quit; }
+    QAction* preview() const { return m_preview; }
     QAction* shredAndNothing() const { return m_shredAndNothing; }
     QAction* shredAndLogout() const { return m_shredAndLogout; }
     QAction* shredAndShutdown() const { return m_shredAndShutdown; }
@@ -55,6 +56,7 @@ private:
     QAction* m_about;
     QAction* m_settings;
     QAction* m_quit;
+    QAction* m_preview;
     QAction* m_shredAndNothing;
     QAction* m_shredAndLogout;
     QAction* m_shredAndShutdown;

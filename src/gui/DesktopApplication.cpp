@@ -6,6 +6,7 @@
 #include "gui/AlertSheet.h"
 #include "gui/ApplicationMenus.h"
 #include "gui/MainWindow.h"
+#include "gui/PreviewWindow.h"
 #include "gui/QuitSheet.h"
 #include "gui/SettingsWindow.h"
 #include "gui/WatchPanel.h"
@@ -22,6 +23,7 @@
 #include <QDir>
 #include <QEvent>
 #include <QIcon>
+#include <QSystemTrayIcon>
 
 using namespace Qt::StringLiterals;
 
@@ -54,7 +56,25 @@ DesktopApplication::DesktopApplication(DesktopPlatform platform, bool startHidde
                                                   m_platform.beep);
     m_menus = std::make_unique<ApplicationMenus>(*m_window, !kHasDock && m_platform.canHideWindows);
 
+    m_preview = std::make_unique<PreviewWindow>(m_window.get());
+
     connect(m_window.get(), &MainWindow::shredClicked, this, [this] { m_controller->shred(); });
+    connect(m_window.get(), &MainWindow::previewClicked, this, &DesktopApplication::preview);
+    connect(m_window.get(), &MainWindow::stopClicked, this, [this] { m_controller->stopRun(); });
+    connect(m_preview.get(), &PreviewWindow::shredRequested, this, [this] { m_controller->shredAndNothing(); });
+    connect(m_controller.get(), &Controller::runFinished, this, [this] {
+        if (std::exchange(m_previewing, false)) {
+            m_preview->showPlan(m_controller->lastPlan());
+            m_preview->show();
+            m_preview->raise();
+        }
+    });
+    // A run the watch started while the window was away says its result in a notification.
+    connect(m_window.get(), &MainWindow::resultShown, this, [this](const QString& summary) {
+        QSystemTrayIcon* tray = m_menus->trayIcon();
+        if (tray && (!m_window->isVisible() || m_window->isMinimized()))
+            tray->showMessage(u"Vantle X"_s, summary, QSystemTrayIcon::Information);
+    });
     connect(m_window.get(), &MainWindow::hideRequested, this, &DesktopApplication::hideApplication);
     connect(m_window.get(), &MainWindow::closeRequested, this, &DesktopApplication::windowCloseRequested);
     connect(m_window.get(), &MainWindow::terminationReplied, this, [this](bool terminate) {
@@ -66,6 +86,7 @@ DesktopApplication::DesktopApplication(DesktopPlatform platform, bool startHidde
     connect(menus.about(), &QAction::triggered, this, [this] { AboutBox::show(m_window.get(), m_platform.bundle); });
     connect(menus.settings(), &QAction::triggered, this, [this] { m_settings->showPanel(); });
     connect(menus.quit(), &QAction::triggered, this, &DesktopApplication::reallyQuit);
+    connect(menus.preview(), &QAction::triggered, this, &DesktopApplication::preview);
     connect(menus.shredAndNothing(), &QAction::triggered, this, [this] { m_controller->shredAndNothing(); });
     connect(menus.shredAndLogout(), &QAction::triggered, this, [this] { m_controller->shredAndLogout(); });
     connect(menus.shredAndShutdown(), &QAction::triggered, this, [this] { m_controller->shredAndShutdown(); });
@@ -120,6 +141,15 @@ bool DesktopApplication::eventFilter(QObject* watched, QEvent* event)
         return true;
     }
     return QObject::eventFilter(watched, event);
+}
+
+void DesktopApplication::preview()
+{
+    if (m_controller->isRunInProgress())
+        return;
+    m_previewing = true;
+    m_controller->preview();
+    m_previewing = m_controller->isRunInProgress();
 }
 
 void DesktopApplication::reallyQuit()

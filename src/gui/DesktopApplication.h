@@ -10,6 +10,7 @@ class ApplicationMenus;
 class Bundle;
 class Controller;
 class MainWindow;
+class PreviewWindow;
 class QIcon;
 class SettingsWindow;
 
@@ -36,6 +37,10 @@ public:
     MainWindow& mainWindow() const { return *m_window; }
     SettingsWindow& settingsWindow() const { return *m_settings; }
     ApplicationMenus& menus() const { return *m_menus; }
+    PreviewWindow& previewWindow() const { return *m_preview; }
+
+    // Finds what a run would do and shows it in the preview window.
+    void preview();
 
     // The Quit command: at once with the watch off, else after the quit sheet.
     void reallyQuit();
@@ -59,5 +64,7 @@ private:
     std::unique_ptr<Controller> m_controller;
     std::unique_ptr<SettingsWindow> m_settings;
     std::unique_ptr<ApplicationMenus> m_menus;
+    std::unique_ptr<PreviewWindow> m_preview;
+    bool m_previewing = false;
     bool m_terminated = false;
 };

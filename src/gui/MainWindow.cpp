@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QWidget* header(QPushButton* shredButton, QWidget* parent)
+QWidget* header(const QList<QPushButton*>& buttons, QWidget* parent)
 {
     auto* widget = new QWidget(parent);
     auto* layout = new QHBoxLayout(widget);
@@ -45,7 +45,8 @@ QWidget* header(QPushButton* shredButton, QWidget* parent)
     layout->addLayout(titles);
     layout->addStretch();
     layout->addSpacing(12);
-    layout->addWidget(shredButton, 0, Qt::AlignVCenter);
+    for (QPushButton* button : buttons)
+        layout->addWidget(button, 0, Qt::AlignVCenter);
     return widget;
 }
 
@@ -66,6 +67,17 @@ MainWindow::MainWindow(UserDefaults& defaults, std::function<void()> beep, QWidg
                                   .arg(ApplicationMenus::shredShortcut().toString(QKeySequence::NativeText)));
     m_shredButton->setAccessibleDescription(m_shredButton->toolTip());
     connect(m_shredButton, &QPushButton::clicked, this, &MainWindow::shredClicked);
+    m_previewButton = new QPushButton(u"Preview…"_s);
+    m_previewButton->setObjectName(u"mPreviewButton"_s);
+    connect(m_previewButton, &QPushButton::clicked, this, &MainWindow::previewClicked);
+    m_stopButton = new QPushButton(u"Stop"_s);
+    m_stopButton->setObjectName(u"mStopButton"_s);
+    m_stopButton->setEnabled(false);
+    connect(m_stopButton, &QPushButton::clicked, this, [this] {
+        m_stopButton->setEnabled(false);
+        m_stopButton->setText(u"Stopping…"_s);
+        emit stopClicked();
+    });
 
     m_progress = new QProgressBar;
     m_progress->setObjectName(u"mShreddingProgressIndicator"_s);
@@ -82,7 +94,7 @@ MainWindow::MainWindow(UserDefaults& defaults, std::function<void()> beep, QWidg
     auto* central = new QWidget(this);
     auto* layout = new QVBoxLayout(central);
     layout->setContentsMargins(16, 14, 16, 16);
-    layout->addWidget(header(m_shredButton, central));
+    layout->addWidget(header({m_previewButton, m_stopButton, m_shredButton}, central));
     layout->addSpacing(10);
     layout->addWidget(m_progress);
     layout->addWidget(m_item);
@@ -156,6 +168,10 @@ void MainWindow::setProgressValue(double percent)
 void MainWindow::setProgressIndeterminate(bool indeterminate)
 {
     m_indeterminate = indeterminate;
+    if (indeterminate) {
+        m_progress->setTextVisible(false);
+        m_progressText.reset();
+    }
     showProgress();
 }
 
@@ -193,6 +209,9 @@ void MainWindow::setCustomStoppedCount(int count)
 void MainWindow::setShredButtonEnabled(bool enabled)
 {
     m_shredButton->setEnabled(enabled);
+    m_previewButton->setEnabled(enabled);
+    m_stopButton->setEnabled(!enabled);
+    m_stopButton->setText(u"Stop"_s);
     if (enabled)
         m_shredButton->setFocus();
 }
@@ -246,4 +265,20 @@ void MainWindow::replyToApplicationShouldTerminate(bool terminate)
 void MainWindow::beep()
 {
     m_beep();
+}
+
+void MainWindow::showBytes(quint64 done, quint64 total)
+{
+    // Only %p, %v and %m are placeholders: the percentage in the text stays as it is.
+    m_progress->setFormat(m_progressText.update(done, total));
+    m_progress->setTextVisible(true);
+}
+
+void MainWindow::showResult(const RunResult& result)
+{
+    m_progress->setTextVisible(false);
+    const QString summary = RunReport::resultSummary(result);
+    m_item->setFullText(summary);
+    m_item->setToolTip(RunReport::resultLines(result).join(u'\n'));
+    emit resultShown(summary);
 }

@@ -13,8 +13,9 @@ class QPushButton;
 class UserDefaults;
 class WatchPanel;
 
-// The main window and the controller's view: the Shred button, the progress of
-// a run and the item it works on, and the watch's display. Its frame is kept in
+// The main window and the controller's view: the Shred, Preview and Stop
+// buttons, the progress of a run (bytes, percentage, time left) and the item it
+// works on, then the run's result in the item's place, and the watch's display. Its frame is kept in
 // the settings under the autosave name "My Window". The confirmation is a sheet
 // on it; the quit-browsers alert is modal to the application.
 //
@@ -44,6 +45,8 @@ public:
     int runQuitBrowsersAlert(const QString& title, const QString& message) override;
     void replyToApplicationShouldTerminate(bool terminate) override;
     void beep() override;
+    void showBytes(quint64 done, quint64 total) override;
+    void showResult(const RunResult& result) override;
 
     WatchPanel& watchPanel() const { return *m_watch; }
     // Stores the frame under its autosave name now.
@@ -53,6 +56,10 @@ public:
 
 signals:
     void shredClicked();
+    void previewClicked();
+    void stopClicked();
+    // A run's result is on the window: a summary, for a notification when it is hidden.
+    void resultShown(const QString& summary);
     void hideRequested();
     void terminationReplied(bool terminate);
     // The title bar's close button was used.
@@ -69,11 +76,14 @@ private:
     UserDefaults& m_defaults;
     std::function<void()> m_beep;
     QPushButton* m_shredButton;
+    QPushButton* m_previewButton;
+    QPushButton* m_stopButton;
     QProgressBar* m_progress;
     ElidedLabel* m_item;
     WatchPanel* m_watch;
     QTimer m_frameSave;
 
+    ProgressText m_progressText;
     double m_value = 0;
     bool m_indeterminate = false;
     bool m_animating = false;

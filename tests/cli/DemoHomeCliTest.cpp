@@ -1,12 +1,16 @@
 // A whole run on the demo home: everything the dry run listed is gone, every
 // other file is byte-identical except the databases and settings files that are
-// rewritten, and what the user keeps inside those survives.
+// rewritten, what the user keeps inside those survives, and the run's result
+// has the figures of the dry run's plan.
 #include "cli/CliFixture.h"
 #include "support/TestDatabase.h"
 
 #include <QCryptographicHash>
 #include <QDirIterator>
 #include <QFileInfo>
+#include <QRegularExpression>
+
+#include <nlohmann/json.hpp>
 
 using namespace Qt::StringLiterals;
 
@@ -70,20 +74,36 @@ TEST_F(DemoHomeCliTest, ARunErasesWhatTheDryRunListedAndKeepsTheRest)
         ASSERT_EQ(cli(command).exitCode, 0);
 
     const QMap<QString, QByteArray> before = snapshot();
-    const CliRun dry = cli({u"shred"_s, u"--dry-run"_s, u"--yes"_s, u"--quiet"_s});
+    // No terminal, no --yes: a dry run asks nothing.
+    const CliRun dry = cli({u"shred"_s, u"--dry-run"_s, u"--json"_s});
     ASSERT_EQ(dry.exitCode, 0) << qPrintable(dry.err);
     EXPECT_EQ(snapshot(), before);
+    const auto plan = nlohmann::json::parse(dry.out.toStdString());
     QStringList listed;
-    for (const QString& line : dry.out.section(u"Would erase:\n"_s, 1).split(u'\n')) {
-        const QString path = line.trimmed().section(u"  "_s, 1);
-        if (path.startsWith(home.path() + u'/'))
-            listed.append(path.mid(home.path().size() + 1));
+    for (const auto& application : plan["applications"]) {
+        for (const auto& item : application["erase"]) {
+            const QString path = QString::fromStdString(item["path"].get<std::string>());
+            if (path.startsWith(home.path() + u'/'))
+                listed.append(path.mid(home.path().size() + 1));
+        }
     }
     ASSERT_GT(listed.size(), 20) << qPrintable(dry.out);
 
     const CliRun run = cli({u"shred"_s, u"--yes"_s, u"--quiet"_s});
     ASSERT_EQ(run.exitCode, 0) << qPrintable(run.err);
     const QMap<QString, QByteArray> after = snapshot();
+
+    const QRegularExpressionMatch erased =
+        QRegularExpression(uR"(^Erased (\d+) items? \((\d+) files?, [^=]+ = (\d+) bytes\)\.\nRewrote (\d+) )"_s)
+            .match(run.out);
+    ASSERT_TRUE(erased.hasMatch()) << qPrintable(run.out);
+    const auto& totals = plan["totals"];
+    EXPECT_EQ(erased.captured(1).toLongLong(), totals["items"].get<qint64>());
+    EXPECT_EQ(erased.captured(2).toLongLong(), totals["files"].get<qint64>());
+    EXPECT_EQ(erased.captured(3).toLongLong(), totals["bytes"].get<qint64>());
+    EXPECT_EQ(erased.captured(4).toLongLong(), totals["rewrites"].get<qint64>());
+    EXPECT_GT(totals["rewrites"].get<qint64>(), 4);
+    EXPECT_TRUE(run.out.endsWith(u" s.\n"_s)) << qPrintable(run.out);
 
     for (auto file = before.cbegin(); file != before.cend(); ++file) {
         const QString& path = file.key();

@@ -273,7 +273,7 @@ TEST_F(InterruptedRunCliTest, NothingKeptIsDamagedNothingElseIsGoneAndTheNextRun
     makeHome();
     // What a run may erase: what a dry run lists, and what each run's log names.
     QueuedPaths dryRun;
-    dryRun.addDryRun(cli({u"shred"_s, u"--dry-run"_s, u"--yes"_s}).out);
+    dryRun.addDryRun(cli({u"shred"_s, u"--dry-run"_s, u"--json"_s}).out);
     ASSERT_GT(dryRun.size(), 0);
     const HomeSnapshot before(home.path(), dryRun);
 

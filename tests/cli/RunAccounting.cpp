@@ -5,17 +5,19 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
-#include <QRegularExpression>
+
+#include <nlohmann/json.hpp>
 
 using namespace Qt::StringLiterals;
 
 void QueuedPaths::addDryRun(const QString& output)
 {
-    static const QRegularExpression kLine(uR"(^ *\d+  (/.*)$)"_s);
-    for (const QString& line : output.section(u"Would erase:\n"_s, 1).split(u'\n')) {
-        const QRegularExpressionMatch match = kLine.match(line);
-        if (match.hasMatch())
-            m_paths.append(match.captured(1));
+    const auto plan = nlohmann::json::parse(output.toStdString(), nullptr, false);
+    if (!plan.is_object())
+        return;
+    for (const auto& application : plan["applications"]) {
+        for (const auto& item : application["erase"])
+            m_paths.append(QString::fromStdString(item["path"].get<std::string>()));
     }
 }
 

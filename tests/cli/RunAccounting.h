@@ -12,7 +12,7 @@
 // A path covers itself and everything below it.
 class QueuedPaths {
 public:
-    // The "Would erase:" list of vantle-cli shred --dry-run.
+    // The paths to erase of vantle-cli shred --dry-run --json.
     void addDryRun(const QString& output);
     // The paths of a run log's "Shred: " lines ("~" is the home) and the holding
     // folders it erased for an interrupted run.

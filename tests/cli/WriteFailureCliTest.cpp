@@ -3,6 +3,7 @@
 // completes, keeps whole what the user keeps, says in its log why it left
 // something as it was, and erases nothing outside its path list.
 #include "cli/CliFixture.h"
+#include "app/RunReport.h"
 #include "cli/RunAccounting.h"
 #include "erase/FileTree.h"
 #include "support/TestDatabase.h"
@@ -93,13 +94,7 @@ protected:
     // bytes into any file; SIGXFSZ as a freshly started program finds it.
     CliRun restrictedShred(rlim_t fileSizeLimit = RLIM_INFINITY) const
     {
-        const bool asNobody = ::geteuid() == 0;
-        if (asNobody) {
-            const QByteArray root = QFile::encodeName(home.path());
-            ::lchown(root.constData(), kNobody, kNobody);
-            for (const QByteArray& relative : FileTree::subpaths(root))
-                ::lchown(FileTree::join(root, relative).constData(), kNobody, kNobody);
-        }
+        const bool asNobody = handOverHome();
         QProcess process;
         process.setProgram(QStringLiteral(VANTLE_CLI_PATH));
         process.setArguments({u"--home"_s, home.path(), u"shred"_s, u"--yes"_s, u"--quiet"_s});
@@ -125,10 +120,11 @@ protected:
     QByteArray accountedShred(rlim_t fileSizeLimit = RLIM_INFINITY)
     {
         QueuedPaths queued;
-        queued.addDryRun(cli({u"shred"_s, u"--dry-run"_s, u"--yes"_s}).out);
+        queued.addDryRun(cli({u"shred"_s, u"--dry-run"_s, u"--json"_s}).out);
         const HomeSnapshot before(home.path(), queued);
 
         const CliRun run = restrictedShred(fileSizeLimit);
+        lastOutput = run.out;
         EXPECT_EQ(run.exitCode, 0) << qPrintable(run.err);
         const QByteArray log = home.read(kLog);
         EXPECT_TRUE(log.endsWith(" Vantle Completed Successfully\n")) << log.right(400).constData();
@@ -138,6 +134,35 @@ protected:
         EXPECT_EQ(workFiles(), QStringList());
         return log;
     }
+
+    // The home to the user the restricted run is: nobody when the tests run as root.
+    bool handOverHome() const
+    {
+        const bool asNobody = ::geteuid() == 0;
+        if (asNobody) {
+            const QByteArray root = QFile::encodeName(home.path());
+            ::lchown(root.constData(), kNobody, kNobody);
+            for (const QByteArray& relative : FileTree::subpaths(root))
+                ::lchown(FileTree::join(root, relative).constData(), kNobody, kNobody);
+        }
+        return asNobody;
+    }
+
+    // A program from the home, as the user the restricted run is.
+    void startAsRunUser(QProcess& process, const QString& program, const QStringList& arguments) const
+    {
+        const bool asNobody = handOverHome();
+        process.setChildProcessModifier([asNobody] {
+            if (asNobody &&
+                (::setgroups(0, nullptr) != 0 || ::setgid(kNobody) != 0 || ::setuid(kNobody) != 0))
+                ::_exit(121);
+        });
+        process.start(program, arguments);
+        EXPECT_TRUE(process.waitForStarted());
+    }
+
+    // The standard output of the last accounted run.
+    QString lastOutput;
 
     // What a rewrite leaves while it works; none may stay after a run.
     QStringList workFiles() const
@@ -207,7 +232,38 @@ TEST_F(WriteFailureCliTest, ReadOnlyFoldersAndFilesAreLeftWithTheReasonAndTheRun
     setMode(kCache + u"index"_s, 0444);
     setMode(kCache, 0555);
 
+    // A folder of the user's own and a folder inside it, both given: the inner one counts with the outer.
+    const QString editor = home.file(u"Applications/Editor.app"_s);
+    ASSERT_EQ(cli({u"custom"_s, u"add-process"_s, editor}).exitCode, 0);
+    ASSERT_EQ(cli({u"custom"_s, u"add-path"_s, editor, home.file(u"Drafts/inner"_s)}).exitCode, 0);
+    ASSERT_EQ(cli({u"custom"_s, u"add-path"_s, editor, home.file(u"Drafts"_s)}).exitCode, 0);
+    home.write(u"Drafts/a.txt"_s, QByteArray(1000, 'a'));
+    home.write(u"Drafts/inner/b.txt"_s, QByteArray(2000, 'b'));
+    // Opera runs: its cache stays.
+    home.write(u"Library/Caches/Opera/cache4/opr1.tmp"_s, "opera");
+    const QString opera = home.file(u"Applications/Opera.app/Contents/MacOS/Opera"_s);
+    QDir().mkpath(QFileInfo(opera).absolutePath());
+    ASSERT_TRUE(QFile::copy(u"/bin/sleep"_s, opera));
+    QProcess running;
+    startAsRunUser(running, opera, {u"60"_s});
+    const qint64 localStateBytes = home.read(kLocalState).size();
+
     const QByteArray log = accountedShred();
+    running.kill();
+    running.waitForFinished();
+
+    // The result counts what was erased, each file once, and says what was not and why.
+    const QString sessionStorePath = u"~/"_s + kProfile + u"sessionstore.js"_s;
+    EXPECT_EQ(lastOutput.section(u"\nTook "_s, 0, 0),
+              u"Erased 3 items (5 files, %1 = %2 bytes).\n"
+              u"Rewrote 1 database or settings file.\n"
+              u"Passed over because running: Opera.\n"
+              u"Could not erase 1 item; first: %3 could not be moved aside: Permission denied."_s
+                  .arg(RunReport::humanSize(quint64(localStateBytes + 300005 + 3000)))
+                  .arg(localStateBytes + 300005 + 3000)
+                  .arg(sessionStorePath));
+    EXPECT_EQ(home.read(u"Library/Caches/Opera/cache4/opr1.tmp"_s), "opera");
+    EXPECT_FALSE(QFileInfo::exists(home.file(u"Drafts"_s)));
 
     EXPECT_TRUE(hasLine(log, "Places Vantle X Database was not created."));
     EXPECT_EQ(home.read(kProfile + u"places.sqlite"_s), placesBytes);

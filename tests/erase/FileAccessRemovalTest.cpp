@@ -58,12 +58,18 @@ TEST_F(RemovalTest, AFolderTreeIsErasedWholeAndTheListEmptied)
 
     RecordingDisplay display;
     FileAccess& access = engine({{u"NumberOfWrites"_s, qint64(2)}}, &display);
-    QStringList paths{home.file(u"Caches"_s), home.file(u"Cookies.plist"_s)};
+    // A path given before the folder that holds it counts with the folder.
+    QStringList paths{home.file(u"Caches/site/a.db"_s), home.file(u"Caches"_s), home.file(u"Cookies.plist"_s)};
     access.shredDroppedFile(paths);
 
     EXPECT_TRUE(paths.isEmpty());
     EXPECT_EQ(leftInHome(), QStringList{u"Bookmarks.plist"_s});
     EXPECT_EQ(home.read(u"Bookmarks.plist"_s), "kept");
+    const EraseTally& tally = access.tally();
+    EXPECT_EQ(tally.items, 2);
+    EXPECT_EQ(tally.files, 4);
+    EXPECT_EQ(tally.bytes, quint64(200000 + 3 + 6));
+    EXPECT_EQ(tally.failed + tally.left, 0);
 
     ASSERT_GE(display.progress.size(), 3);
     EXPECT_EQ(display.progress.first(), 0.0);
@@ -71,10 +77,9 @@ TEST_F(RemovalTest, AFolderTreeIsErasedWholeAndTheListEmptied)
     EXPECT_EQ(display.progress[display.progress.size() - 2], 100.0);
     for (qsizetype i = 1; i + 1 < display.progress.size(); ++i)
         EXPECT_LE(display.progress[i - 1], display.progress[i]) << i;
-    EXPECT_EQ(display.names.last(), QString());
-    // Only random names are ever shown: the originals are gone before the contents.
-    for (qsizetype i = 0; i + 1 < display.names.size(); ++i)
-        EXPECT_TRUE(kRandomName.match(display.names[i]).hasMatch()) << qPrintable(display.names[i]);
+    // The entries of the list, never the random names their files get.
+    EXPECT_EQ(display.names, (QStringList{home.file(u"Caches/site/a.db"_s), home.file(u"Caches"_s),
+                                          home.file(u"Cookies.plist"_s), QString()}));
 }
 
 TEST_F(RemovalTest, EverythingIsRenamedBeforeAnyContentIsOverwritten)
@@ -375,6 +380,57 @@ TEST_F(RemovalTest, AWorkerThreadShowsProgressOnTheMainThreadAndWaits)
     EXPECT_TRUE(display.onMainThread);
     // Five chunks of the 600,000 bytes: 21, 43, 65, 87, 100 percent.
     EXPECT_EQ(display.progress, (QList<double>{0, 21, 43, 65, 87, 100, 0}));
+}
+
+TEST_F(RemovalTest, AStopEndsTheEraseBetweenItemsAndLeavesTheRestAsTheyWere)
+{
+    FileAccess& access = engine({{u"NumberOfWrites"_s, qint64(2)}});
+    // The stop comes during some pass over the files: the first, a later one, or after the last.
+    for (const int stopAtPass : {1, 12, 100000}) {
+        const QByteArray contents(300000, 'x');
+        QStringList paths;
+        for (int i = 0; i < 3; ++i) {
+            home.write(u"item%1/data"_s.arg(i), contents);
+            paths.append(home.file(u"item%1"_s.arg(i)));
+        }
+        int passes = 0;
+        access.setStopRequested(false);
+        access.setPassObserverForTesting([&](const QByteArray&, qint64, std::size_t, quint16) {
+            if (++passes == stopAtPass)
+                access.setStopRequested(true);
+        });
+        ActivityLog::openLog(home.file(u"log.txt"_s));
+        access.shredDroppedFile(paths);
+        ActivityLog::closeLog();
+
+        qint64 gone = 0;
+        qint64 untouched = 0;
+        for (int i = 0; i < 3; ++i) {
+            const QString item = u"item%1"_s.arg(i);
+            if (!QFileInfo::exists(home.file(item)))
+                ++gone;
+            else if (home.read(item + u"/data"_s) == contents &&
+                     QDir(home.file(item)).entryList(QDir::NoDotAndDotDot | QDir::AllEntries).size() == 1)
+                ++untouched;
+        }
+        const EraseTally& tally = access.tally();
+        EXPECT_EQ(gone + untouched, 3) << stopAtPass;
+        EXPECT_EQ(tally.items, gone);
+        EXPECT_EQ(tally.left, untouched);
+        EXPECT_EQ(tally.stopped, untouched != 0);
+        const bool said = home.read(u"log.txt"_s)
+                              .contains(" Shredding stopped by the user - " + QByteArray::number(untouched) +
+                                        " items left as they were\n");
+        EXPECT_EQ(said, untouched != 0) << stopAtPass;
+        // The first item is under way at the first pass; all have ended long before the last.
+        if (stopAtPass == 1) {
+            EXPECT_EQ(untouched, 2);
+        } else if (stopAtPass == 100000) {
+            EXPECT_EQ(gone, 3);
+        }
+        for (int i = 0; i < 3; ++i)
+            QDir(home.file(u"item%1"_s.arg(i))).removeRecursively();
+    }
 }
 
 namespace {

@@ -1,4 +1,5 @@
 #include "gui/GuiFixture.h"
+#include "gui/PreviewWindow.h"
 #include "gui/WatchPanel.h"
 #include "watch/CustomShred.h"
 
@@ -11,6 +12,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QStyle>
+#include <QTreeWidget>
 
 #include <cmath>
 
@@ -110,6 +112,46 @@ TEST_F(MainWindowTest, TheBarIsBusyWhileFindingAndCountsWhileShredding)
     EXPECT_TRUE(std::any_of(values.cbegin(), values.cend(), [](int v) { return v > 0 && v < 100; }));
     EXPECT_EQ(progressBar()->maximum(), 100);
     EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Safari"_s)));
+}
+
+TEST_F(MainWindowTest, PreviewShowsThePlanItsShredButtonRunsAndTheResultTakesTheItemLine)
+{
+    home.write(u"Library/Caches/Safari/cache.db"_s, QByteArray(3000, 'c'));
+    app();
+    set(PreferenceKey::ConfirmShredding, false);
+    set(PreferenceKey::ActivityLog, true);
+    auto* stop = window().findChild<QPushButton*>(u"mStopButton"_s);
+    EXPECT_FALSE(stop->isEnabled());
+
+    ASSERT_TRUE(waitForRun([&] {
+        QTest::mouseClick(window().findChild<QPushButton*>(u"mPreviewButton"_s), Qt::LeftButton);
+    }));
+    PreviewWindow& preview = app().previewWindow();
+    ASSERT_TRUE(preview.isVisible());
+    ASSERT_EQ(preview.tree()->topLevelItemCount(), 1);
+    const QTreeWidgetItem* safari = preview.tree()->topLevelItem(0);
+    EXPECT_EQ(safari->text(0), u"Safari"_s);
+    ASSERT_EQ(safari->childCount(), 1);
+    EXPECT_EQ(safari->child(0)->text(0), u"~/Library/Caches/Safari"_s);
+    EXPECT_EQ(safari->child(0)->text(2), u"2.93 KiB"_s);
+    EXPECT_EQ(preview.findChild<QLabel*>(u"mPreviewTotals"_s)->text(),
+              u"Would erase 1 item (1 file, 2.93 KiB) and rewrite 0 databases and settings files."_s);
+    // A preview changes nothing and writes no log.
+    EXPECT_TRUE(QFileInfo::exists(home.file(u"Library/Caches/Safari/cache.db"_s)));
+    EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Logs/Vantle X Log.txt"_s)));
+
+    QSignalSpy started(&controller(), &Controller::shreddingStarted);
+    ASSERT_TRUE(waitForRun([&] {
+        QTest::mouseClick(preview.findChild<QPushButton*>(u"mPreviewShredButton"_s), Qt::LeftButton);
+    }));
+    EXPECT_EQ(started.count(), 1);
+    EXPECT_FALSE(preview.isVisible());
+    EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Safari"_s)));
+    const QLabel* item = window().findChild<QLabel*>(u"mItemTextField"_s);
+    EXPECT_TRUE(item->text().startsWith(u"Erased 1 item (2.93 KiB) in "_s)) << qPrintable(item->text());
+    EXPECT_TRUE(item->toolTip().startsWith(u"Erased 1 item (1 file, 2.93 KiB = 3000 bytes).\n"_s));
+    EXPECT_FALSE(stop->isEnabled());
+    EXPECT_TRUE(logLines().contains(u"Vantle Completed Successfully"_s));
 }
 
 TEST_F(MainWindowTest, TheWatchPaintsEachApplicationsLabelAndCountsTheCustomProcesses)

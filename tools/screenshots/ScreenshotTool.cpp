@@ -1,6 +1,6 @@
 // Runs the desktop application's windows on a demo home under an X server and
-// writes pictures of them: the main window idle, asking to confirm and during
-// a run, and every settings pane. Nothing outside the demo home is touched: the
+// writes pictures of them: the main window idle, the preview, the main window
+// asking to confirm, during a run and with its result, and every settings pane. Nothing outside the demo home is touched: the
 // process listing is a fixed one, no application is asked to quit, and the
 // session is never ended.
 
@@ -12,6 +12,7 @@
 #include "core/Translations.h"
 #include "gui/DesktopApplication.h"
 #include "gui/MainWindow.h"
+#include "gui/PreviewWindow.h"
 #include "gui/SettingsWindow.h"
 #include "platform/ApplicationQuitter.h"
 #include "platform/SessionEnd.h"
@@ -34,6 +35,7 @@
 #include <QScreen>
 #include <QTabWidget>
 #include <QThread>
+#include <QTreeWidget>
 #include <QUrl>
 
 #include <algorithm>
@@ -173,6 +175,18 @@ int main(int argc, char* argv[])
 
     bool ok = save(&window, output, u"main-idle"_s);
 
+    // The preview, with its first application opened to its paths.
+    desktop.preview();
+    PreviewWindow& preview = desktop.previewWindow();
+    QElapsedTimer waited;
+    waited.start();
+    while (!preview.isVisible() && waited.elapsed() < 30000)
+        settle(50);
+    if (preview.tree()->topLevelItemCount() > 0)
+        preview.tree()->topLevelItem(0)->setExpanded(true);
+    ok = preview.isVisible() && save(&preview, output, u"main-preview"_s) && ok;
+    preview.hide();
+
     // The confirmation, answered with OK once it is on the picture.
     desktop.controller().shredAndNothing();
     settle();
@@ -207,6 +221,7 @@ int main(int argc, char* argv[])
         }
     }
     ok = ok && during && finished;
+    ok = save(&window, output, u"main-result"_s) && ok;
 
     SettingsWindow& settings = desktop.settingsWindow();
     settings.showPanel();
