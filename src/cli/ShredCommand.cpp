@@ -3,6 +3,7 @@
 #include "app/ApplicationModels.h"
 #include "app/Controller.h"
 #include "cli/InterruptWatcher.h"
+#include "cli/RunLockMessages.h"
 #include "cli/RunTiming.h"
 #include "cli/TerminalView.h"
 #include "core/Bundle.h"
@@ -34,6 +35,7 @@ struct ShredOptions {
     bool dryRun = false;
     bool quiet = false;
     bool timing = false;
+    bool wait = false;
 };
 
 // The queued paths that exist (the cleaners queue paths unseen), with their sizes.
@@ -68,6 +70,9 @@ int shred(const ShredOptions& options)
                            *sessionEnd, runner, Bundle::mainBundle(),
                            [](int milliseconds) { QThread::msleep(ulong(milliseconds)); }, options.dryRun, stdout});
     controller.applicationDidFinishLaunching(false);
+    controller.setWaitForOtherRun(options.wait);
+    bool refused = false;
+    RunLockMessages::report(controller, refused);
 
     QEventLoop loop;
     bool finished = false;
@@ -92,8 +97,10 @@ int shred(const ShredOptions& options)
         controller.shredAndRestart();
     else
         controller.shredAndNothing();
-    if (!finished)
+    if (!finished && !refused)
         loop.exec();
+    if (refused)
+        return kBusyExitCode;
 
     if (options.timing && finished)
         std::fprintf(stderr, "%s\n", qPrintable(timing.report()));
@@ -121,6 +128,9 @@ void addShredCommand(CLI::App& app, CommandAction& action)
     command->add_flag("-n,--dry-run", options->dryRun,
                       Cli::tr("Show what would be erased, with sizes, and change nothing on disk").toStdString());
     command->add_flag("-q,--quiet", options->quiet, Cli::tr("Show no progress bar").toStdString());
+    command->add_flag(
+        "--wait", options->wait,
+        Cli::tr("When another run is erasing in this home, wait for it to finish instead of giving up").toStdString());
     command->add_flag("--timing", options->timing,
                       Cli::tr("Print each stage's wall time and peak memory (finding, shredding) on the standard error")
                           .toStdString());

@@ -3,6 +3,7 @@
 #include "app/ApplicationModels.h"
 #include "app/Controller.h"
 #include "cli/InterruptWatcher.h"
+#include "cli/RunLockMessages.h"
 #include "cli/TerminalView.h"
 #include "core/Bundle.h"
 #include "core/ChildProcess.h"
@@ -43,6 +44,9 @@ int watch(const WatchOptions& options)
                            *sessionEnd, runner, Bundle::mainBundle(),
                            [](int milliseconds) { QThread::msleep(ulong(milliseconds)); }});
     controller.setWatchInterval(int(options.interval * 1000));
+    // The watch's runs wait for another run: none is refused.
+    bool refused = false;
+    RunLockMessages::report(controller, refused);
 
     QEventLoop loop;
     view.setTerminationHandler([&loop] { loop.quit(); });

@@ -62,6 +62,12 @@ DesktopApplication::DesktopApplication(DesktopPlatform platform, bool startHidde
             finishTermination();
     });
 
+    connect(m_controller.get(), &Controller::runRefused, this, &DesktopApplication::showRunRefused);
+    connect(m_controller.get(), &Controller::waitingForOtherRun, this,
+            [this](const QString& program, qint64 processId) {
+                m_window->setItemText(tr("Waiting for %1 to finish erasing").arg(otherRunName(program, processId)));
+            });
+
     const ApplicationMenus& menus = *m_menus;
     connect(menus.about(), &QAction::triggered, this, [this] { AboutBox::show(m_window.get(), m_platform.bundle); });
     connect(menus.settings(), &QAction::triggered, this, [this] { m_settings->showPanel(); });
@@ -158,6 +164,24 @@ void DesktopApplication::finishTermination()
     m_window->saveFrame();
     m_controller->applicationWillTerminate();
     m_platform.exitEventLoop();
+}
+
+QString DesktopApplication::otherRunName(const QString& program, qint64 processId)
+{
+    return program.isEmpty() ? tr("another Vantle X process") : tr("%1 (process %2)").arg(program).arg(processId);
+}
+
+void DesktopApplication::showRunRefused(const QString& program, qint64 processId)
+{
+    m_window->showWindow();
+    AlertSheet::begin(m_window.get(),
+                      {tr("Vantle"),
+                       tr("%1 is erasing in this home folder. Nothing was changed: shred again when it has finished.")
+                           .arg(otherRunName(program, processId)),
+                       {tr("OK"), QMessageBox::AcceptRole},
+                       {},
+                       {}},
+                      [](int) {});
 }
 
 void DesktopApplication::hideApplication()

@@ -51,6 +51,9 @@ protected:
 
 private:
     void finishTermination();
+    // Another process holds the run lock: a run started here is refused, the watch's waits.
+    static QString otherRunName(const QString& program, qint64 processId);
+    void showRunRefused(const QString& program, qint64 processId);
     void windowCloseRequested();
 
     DesktopPlatform m_platform;
