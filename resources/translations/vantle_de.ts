@@ -523,6 +523,22 @@ um zu sehen, was ein Lauf löschen würde.
         <translation>%1 löscht in diesem persönlichen Ordner; nichts wurde geändert. Starten Sie den Lauf erneut, wenn er fertig ist, oder geben Sie --wait an, um auf ihn zu warten.</translation>
     </message>
     <message>
+        <source>the settings file could not be read (%1).</source>
+        <translation>die Einstellungsdatei konnte nicht gelesen werden (%1).</translation>
+    </message>
+    <message>
+        <source>the settings file could not be read (%1); it is kept as %2.</source>
+        <translation>die Einstellungsdatei konnte nicht gelesen werden (%1); sie ist als %2 aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>Factory settings are in use and nothing is saved until &apos;vantle-cli prefs reset&apos; confirms them or the repaired file is put back in its place.</source>
+        <translation>Es gelten die Werkseinstellungen, und nichts wird gespeichert, bis &apos;vantle-cli prefs reset&apos; sie bestätigt oder die reparierte Datei wieder an ihrem Platz liegt.</translation>
+    </message>
+    <message>
+        <source>nothing was erased: shred and watch wait for the factory settings to be confirmed or the settings file to be repaired.</source>
+        <translation>nichts wurde gelöscht: shred und watch warten, bis die Werkseinstellungen bestätigt sind oder die Einstellungsdatei repariert ist.</translation>
+    </message>
+    <message>
         <source>Examples:
   vantle-cli shred --dry-run          list what a run would erase, change nothing
   vantle-cli shred --yes              erase without asking
@@ -541,6 +557,8 @@ Exit status:
      the wrong kind); nothing was changed
   3  another run was erasing in the same home (its program and process are named on
      the standard error); nothing was changed. shred and erase wait for it with --wait
+  5  the settings file is damaged: it was kept aside and shred and watch erase nothing
+     until &apos;prefs reset&apos; confirms the factory settings or the file is repaired
 
 Files:
   ~/.config/com.orvick.vantle.plist     the settings, shared with the desktop application
@@ -569,6 +587,9 @@ Rückgabewert:
   3  ein anderer Lauf löschte im selben persönlichen Ordner (Programm und Prozess
      nennt die Standardfehlerausgabe); nichts wurde geändert. shred und erase warten
      mit --wait auf ihn
+  5  die Einstellungsdatei ist beschädigt: sie wurde beiseitegelegt, und shred und watch
+     löschen nichts, bis &apos;prefs reset&apos; die Werkseinstellungen bestätigt oder die Datei
+     repariert ist
 
 Dateien:
   ~/.config/com.orvick.vantle.plist     die Einstellungen, geteilt mit dem Desktop-Programm
@@ -578,6 +599,12 @@ Dateien:
 
 vantle-cli legt nie einen Anmeldeeintrag an; das Desktop-Programm vantle(1) startet die
 Überwachung bei der Anmeldung, solange sie an ist.</translation>
+    </message>
+    <message>
+        <source>vantle-cli: HOME is not set; working in %1 as the home folder
+</source>
+        <translation>vantle-cli: HOME ist nicht gesetzt; %1 dient als persönlicher Ordner
+</translation>
     </message>
 </context>
 <context>
@@ -731,6 +758,22 @@ vantle-cli legt nie einen Anmeldeeintrag an; das Desktop-Programm vantle(1) star
     <message>
         <source>OK</source>
         <translation>OK</translation>
+    </message>
+    <message>
+        <source> It is kept as %1.</source>
+        <translation> Sie ist als %1 aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>The settings file could not be read (%1).%2 Vantle erases nothing until you choose the factory settings or put the repaired file back in its place.</source>
+        <translation>Die Einstellungsdatei konnte nicht gelesen werden (%1).%2 Vantle löscht nichts, bis Sie die Werkseinstellungen wählen oder die reparierte Datei wieder an ihren Platz legen.</translation>
+    </message>
+    <message>
+        <source>Use Factory Settings</source>
+        <translation>Werkseinstellungen verwenden</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,7 @@
 
 #include "app/ApplicationModels.h"
 #include "app/Controller.h"
+#include "cli/DamagedSettings.h"
 #include "cli/InterruptWatcher.h"
 #include "cli/RunLockMessages.h"
 #include "cli/RunTiming.h"
@@ -61,6 +62,8 @@ void printFoundPaths(const QStringList& paths)
 
 int shred(const ShredOptions& options)
 {
+    if (const SettingsDamage::Report damage = SettingsDamage::found(); damage.isDamaged())
+        return DamagedSettings::refuseRun(damage, !options.dryRun);
     ApplicationModels::create(options.dryRun);
     TerminalView view({options.yes, !options.quiet, false, false});
     ProcApplicationQuitter quitter;

@@ -2,6 +2,7 @@
 
 #include "app/ApplicationModels.h"
 #include "app/Controller.h"
+#include "cli/DamagedSettings.h"
 #include "cli/InterruptWatcher.h"
 #include "cli/RunLockMessages.h"
 #include "cli/TerminalView.h"
@@ -30,6 +31,8 @@ struct WatchOptions {
 
 int watch(const WatchOptions& options)
 {
+    if (const SettingsDamage::Report damage = SettingsDamage::found(); damage.isDamaged())
+        return DamagedSettings::refuseRun(damage);
     if (options.interval <= 0 || options.interval > 3600)
         return refuse(Cli::tr("--interval takes a number of seconds from above 0 to 3600"));
     ApplicationModels::create(false);

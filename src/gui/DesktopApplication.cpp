@@ -1,6 +1,7 @@
 #include "gui/DesktopApplication.h"
 
 #include "app/Controller.h"
+#include "app/RunLock.h"
 #include "core/Bundle.h"
 #include "gui/AboutBox.h"
 #include "gui/AlertSheet.h"
@@ -14,6 +15,7 @@
 #include "settings/PreferenceKeys.h"
 #include "settings/Preferences.h"
 #include "settings/ProfilesManager.h"
+#include "settings/SettingsDamage.h"
 #include "settings/UserDefaults.h"
 #include "watch/CustomShred.h"
 
@@ -100,6 +102,31 @@ DesktopApplication::DesktopApplication(DesktopPlatform platform, bool startHidde
 DesktopApplication::~DesktopApplication()
 {
     qApp->removeEventFilter(this);
+}
+
+bool DesktopApplication::acceptDamagedSettings(const QString& settingsPath)
+{
+    const SettingsDamage::Report damage = SettingsDamage::inspect(settingsPath);
+    if (!damage.isDamaged())
+        return true;
+    {
+        RunLock runLock;
+        if (runLock.tryLock() != RunLock::Outcome::Busy)
+            SettingsDamage::writeToLog(damage);
+    }
+    const QString kept = damage.keptAs.isEmpty() ? QString() : tr(" It is kept as %1.").arg(damage.keptAs);
+    const int answer = AlertSheet::run(
+        nullptr, {tr("Vantle"),
+                  tr("The settings file could not be read (%1).%2 Vantle erases nothing until you choose the factory "
+                     "settings or put the repaired file back in its place.")
+                      .arg(damage.reason, kept),
+                  {tr("Use Factory Settings"), QMessageBox::AcceptRole},
+                  {tr("Quit"), QMessageBox::RejectRole},
+                  {}});
+    if (answer != AlertSheet::DefaultReturn)
+        return false;
+    SettingsDamage::confirmFactorySettings(settingsPath);
+    return true;
 }
 
 QIcon DesktopApplication::applicationIcon(const Bundle& bundle)

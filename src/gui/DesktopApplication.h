@@ -26,6 +26,11 @@ public:
     DesktopApplication(DesktopPlatform platform, bool startHidden, QObject* parent = nullptr);
     ~DesktopApplication() override;
 
+    // Before the shared settings objects are made: a damaged settings file found
+    // at start-up is said in an alert that offers the factory settings or
+    // quitting; true when the application may go on.
+    static bool acceptDamagedSettings(const QString& settingsPath);
+
     // The application icon from the bundle's icons folder.
     static QIcon applicationIcon(const Bundle& bundle);
 
