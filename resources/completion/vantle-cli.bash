@@ -34,9 +34,9 @@ _vantle_cli()
         local options="--help --home"
         case $command in
             "") options+=" --version" ;;
-            shred) options+=" --yes --dry-run --logout --shutdown --restart --quiet --timing" ;;
+            shred) options+=" --yes --dry-run --logout --shutdown --restart --quiet --timing --wait" ;;
             watch) options+=" --yes --verbose --interval" ;;
-            erase) options+=" --quiet --timing" ;;
+            erase) options+=" --quiet --timing --wait" ;;
         esac
         COMPREPLY=($(compgen -W "$options" -- "$cur"))
         return

@@ -249,56 +249,6 @@
         <translation>Behalten, wo immer ein Speichername sie enthält</translation>
     </message>
     <message>
-        <source>Examples:
-  vantle-cli shred --dry-run          list what a run would erase, change nothing
-  vantle-cli shred --yes              erase without asking
-  vantle-cli prefs set ShredHistory YES
-                                      erase the browsing history too
-  vantle-cli keep add example.org     keep that site&apos;s HTML5 storage
-  vantle-cli erase ~/Downloads/old.pdf
-                                      overwrite and remove one file
-  vantle-cli apps list --home /mnt/mac/Users/me
-                                      work on another home folder
-
-Exit status:
-  0  the command did what it was asked
-  1  the run was cancelled, or a file could not be erased
-  2  the command line was refused (unknown command, setting or name, a value of
-     the wrong kind); nothing was changed
-
-Files:
-  ~/.config/com.orvick.vantle.plist     the settings, shared with the desktop application
-  ~/Library/Logs/Vantle X Log.txt       the activity log of the last run, when it is on
-  /usr/share/vantle/                    resources: the SQLite shell, empty databases
-
-vantle-cli never creates a login item; the desktop application vantle(1) starts the
-watch at login while the watch is on.</source>
-        <translation>Beispiele:
-  vantle-cli shred --dry-run          zeigen, was ein Lauf löschen würde, nichts ändern
-  vantle-cli shred --yes              ohne Rückfrage löschen
-  vantle-cli prefs set ShredHistory YES
-                                      auch den Browserverlauf löschen
-  vantle-cli keep add example.org     den HTML5-Speicher dieser Website behalten
-  vantle-cli erase ~/Downloads/old.pdf
-                                      eine Datei überschreiben und entfernen
-  vantle-cli apps list --home /mnt/mac/Users/me
-                                      mit einem anderen persönlichen Ordner arbeiten
-
-Rückgabewert:
-  0  der Befehl hat getan, was verlangt war
-  1  der Lauf wurde abgebrochen, oder eine Datei konnte nicht gelöscht werden
-  2  die Befehlszeile wurde abgelehnt (unbekannter Befehl, unbekannte Einstellung
-     oder unbekannter Name, ein Wert der falschen Art); nichts wurde geändert
-
-Dateien:
-  ~/.config/com.orvick.vantle.plist     die Einstellungen, geteilt mit dem Desktop-Programm
-  ~/Library/Logs/Vantle X Log.txt       das Protokoll des letzten Laufs, wenn es an ist
-  /usr/share/vantle/                    Ressourcen: die SQLite-Shell, leere Datenbanken
-
-vantle-cli legt nie einen Anmeldeeintrag an; das Desktop-Programm vantle(1) startet die
-Überwachung bei der Anmeldung, solange sie an ist.</translation>
-    </message>
-    <message>
         <source>unknown command &apos;%1&apos;</source>
         <translation>unbekannter Befehl &apos;%1&apos;</translation>
     </message>
@@ -552,6 +502,110 @@ um zu sehen, was ein Lauf löschen würde.
         <source>Seconds between polls (default 10; for tests and demos)</source>
         <translation>Sekunden zwischen zwei Abfragen (Standard 10; für Tests und Vorführungen)</translation>
     </message>
+    <message>
+        <source>When another run is erasing in this home, wait for it to finish instead of giving up</source>
+        <translation>Wenn ein anderer Lauf in diesem persönlichen Ordner löscht, auf sein Ende warten, statt aufzugeben</translation>
+    </message>
+    <message>
+        <source>another Vantle X process</source>
+        <translation>ein anderer Vantle-X-Prozess</translation>
+    </message>
+    <message>
+        <source>%1 (process %2)</source>
+        <translation>%1 (Prozess %2)</translation>
+    </message>
+    <message>
+        <source>%1 is erasing in this home; waiting for it to finish</source>
+        <translation>%1 löscht in diesem persönlichen Ordner; warte auf das Ende</translation>
+    </message>
+    <message>
+        <source>%1 is erasing in this home; nothing was changed. Run again when it has finished, or add --wait to wait for it.</source>
+        <translation>%1 löscht in diesem persönlichen Ordner; nichts wurde geändert. Starten Sie den Lauf erneut, wenn er fertig ist, oder geben Sie --wait an, um auf ihn zu warten.</translation>
+    </message>
+    <message>
+        <source>the settings file could not be read (%1).</source>
+        <translation>die Einstellungsdatei konnte nicht gelesen werden (%1).</translation>
+    </message>
+    <message>
+        <source>the settings file could not be read (%1); it is kept as %2.</source>
+        <translation>die Einstellungsdatei konnte nicht gelesen werden (%1); sie ist als %2 aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>Factory settings are in use and nothing is saved until &apos;vantle-cli prefs reset&apos; confirms them or the repaired file is put back in its place.</source>
+        <translation>Es gelten die Werkseinstellungen, und nichts wird gespeichert, bis &apos;vantle-cli prefs reset&apos; sie bestätigt oder die reparierte Datei wieder an ihrem Platz liegt.</translation>
+    </message>
+    <message>
+        <source>nothing was erased: shred and watch wait for the factory settings to be confirmed or the settings file to be repaired.</source>
+        <translation>nichts wurde gelöscht: shred und watch warten, bis die Werkseinstellungen bestätigt sind oder die Einstellungsdatei repariert ist.</translation>
+    </message>
+    <message>
+        <source>Examples:
+  vantle-cli shred --dry-run          list what a run would erase, change nothing
+  vantle-cli shred --yes              erase without asking
+  vantle-cli prefs set ShredHistory YES
+                                      erase the browsing history too
+  vantle-cli keep add example.org     keep that site&apos;s HTML5 storage
+  vantle-cli erase ~/Downloads/old.pdf
+                                      overwrite and remove one file
+  vantle-cli apps list --home /mnt/mac/Users/me
+                                      work on another home folder
+
+Exit status:
+  0  the command did what it was asked
+  1  the run was cancelled, or a file could not be erased
+  2  the command line was refused (unknown command, setting or name, a value of
+     the wrong kind); nothing was changed
+  3  another run was erasing in the same home (its program and process are named on
+     the standard error); nothing was changed. shred and erase wait for it with --wait
+  5  the settings file is damaged: it was kept aside and shred and watch erase nothing
+     until &apos;prefs reset&apos; confirms the factory settings or the file is repaired
+
+Files:
+  ~/.config/com.orvick.vantle.plist     the settings, shared with the desktop application
+  ~/.config/com.orvick.vantle.lock      held by the run that is erasing, and names it
+  ~/Library/Logs/Vantle X Log.txt       the activity log of the last run, when it is on
+  /usr/share/vantle/                    resources: the SQLite shell, empty databases
+
+vantle-cli never creates a login item; the desktop application vantle(1) starts the
+watch at login while the watch is on.</source>
+        <translation>Beispiele:
+  vantle-cli shred --dry-run          zeigen, was ein Lauf löschen würde, nichts ändern
+  vantle-cli shred --yes              ohne Rückfrage löschen
+  vantle-cli prefs set ShredHistory YES
+                                      auch den Browserverlauf löschen
+  vantle-cli keep add example.org     den HTML5-Speicher dieser Website behalten
+  vantle-cli erase ~/Downloads/old.pdf
+                                      eine Datei überschreiben und entfernen
+  vantle-cli apps list --home /mnt/mac/Users/me
+                                      mit einem anderen persönlichen Ordner arbeiten
+
+Rückgabewert:
+  0  der Befehl hat getan, was verlangt war
+  1  der Lauf wurde abgebrochen, oder eine Datei konnte nicht gelöscht werden
+  2  die Befehlszeile wurde abgelehnt (unbekannter Befehl, unbekannte Einstellung
+     oder unbekannter Name, ein Wert der falschen Art); nichts wurde geändert
+  3  ein anderer Lauf löschte im selben persönlichen Ordner (Programm und Prozess
+     nennt die Standardfehlerausgabe); nichts wurde geändert. shred und erase warten
+     mit --wait auf ihn
+  5  die Einstellungsdatei ist beschädigt: sie wurde beiseitegelegt, und shred und watch
+     löschen nichts, bis &apos;prefs reset&apos; die Werkseinstellungen bestätigt oder die Datei
+     repariert ist
+
+Dateien:
+  ~/.config/com.orvick.vantle.plist     die Einstellungen, geteilt mit dem Desktop-Programm
+  ~/.config/com.orvick.vantle.lock      gehalten vom Lauf, der gerade löscht, und nennt ihn
+  ~/Library/Logs/Vantle X Log.txt       das Protokoll des letzten Laufs, wenn es an ist
+  /usr/share/vantle/                    Ressourcen: die SQLite-Shell, leere Datenbanken
+
+vantle-cli legt nie einen Anmeldeeintrag an; das Desktop-Programm vantle(1) startet die
+Überwachung bei der Anmeldung, solange sie an ist.</translation>
+    </message>
+    <message>
+        <source>vantle-cli: HOME is not set; working in %1 as the home folder
+</source>
+        <translation>vantle-cli: HOME ist nicht gesetzt; %1 dient als persönlicher Ordner
+</translation>
+    </message>
 </context>
 <context>
     <name>Controller</name>
@@ -677,6 +731,49 @@ um zu sehen, was ein Lauf löschen würde.
     <message>
         <source>Please select an item to shred.</source>
         <translation>Bitte wählen Sie aus, was geschreddert werden soll.</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopApplication</name>
+    <message>
+        <source>Waiting for %1 to finish erasing</source>
+        <translation>Warte, bis %1 mit dem Löschen fertig ist</translation>
+    </message>
+    <message>
+        <source>another Vantle X process</source>
+        <translation>ein anderer Vantle-X-Prozess</translation>
+    </message>
+    <message>
+        <source>%1 (process %2)</source>
+        <translation>%1 (Prozess %2)</translation>
+    </message>
+    <message>
+        <source>Vantle</source>
+        <translation>Vantle</translation>
+    </message>
+    <message>
+        <source>%1 is erasing in this home folder. Nothing was changed: shred again when it has finished.</source>
+        <translation>%1 löscht in diesem persönlichen Ordner. Nichts wurde geändert: Schreddern Sie erneut, wenn er fertig ist.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source> It is kept as %1.</source>
+        <translation> Sie ist als %1 aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>The settings file could not be read (%1).%2 Vantle erases nothing until you choose the factory settings or put the repaired file back in its place.</source>
+        <translation>Die Einstellungsdatei konnte nicht gelesen werden (%1).%2 Vantle löscht nichts, bis Sie die Werkseinstellungen wählen oder die reparierte Datei wieder an ihren Platz legen.</translation>
+    </message>
+    <message>
+        <source>Use Factory Settings</source>
+        <translation>Werkseinstellungen verwenden</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
     </message>
 </context>
 <context>

@@ -58,6 +58,12 @@ Controller::Controller(ControllerServices services, QObject* parent)
     connect(&mTimer, &QTimer::timeout, this, &Controller::HandleTimer);
     tarnholdTimer.setInterval(10000);
     connect(&tarnholdTimer, &QTimer::timeout, this, [this] { HandleTarnholdTimer(true); });
+    // A waiting run asks again now and then, so that the main thread never blocks on the lock.
+    mRunLockTimer.setInterval(250);
+    connect(&mRunLockTimer, &QTimer::timeout, this, [this] {
+        mAwaitingConfirmation = 0;
+        shred();
+    });
 }
 
 Controller::~Controller()
@@ -202,6 +208,8 @@ void Controller::shred()
     if (mAwaitingConfirmation == 1)
         return;
     mAwaitingConfirmation = 1;
+    if (!takeRunLock())
+        return;
 
     if (!mTarnholdTimerOn) {
         HandleTarnholdTimer(false);
@@ -225,6 +233,7 @@ void Controller::shred()
     if (mAppNeedsToTerminate == 1) {
         ActivityLog::writeLogLine(u"Vantle *not* Initiated - application needs to terminate"_s);
         ActivityLog::writeLogLine(QString());
+        mRunLock.unlock();
         mServices.view.replyToApplicationShouldTerminate(true);
         return;
     }
@@ -245,6 +254,32 @@ void Controller::shred()
     }
 }
 
+// Before the run opens its log or touches anything. A run of this controller
+// that is still shredding holds the lock already; a dry run changes nothing and
+// goes without.
+bool Controller::takeRunLock()
+{
+    const bool waiting = mRunLockTimer.isActive();
+    const bool wait = mStartedByWatch.exchange(false) || mWaitForOtherRun || waiting;
+    if (dryRun() || mThreadCount != 0)
+        return true;
+    if (mRunLock.tryLock() != RunLock::Outcome::Busy) {
+        mRunLockTimer.stop();
+        return true;
+    }
+    if (waiting)
+        return false;
+    const RunLock::Holder holder = mRunLock.holder();
+    if (wait) {
+        mRunLockTimer.start();
+        emit waitingForOtherRun(holder.program, holder.processId);
+    } else {
+        mAwaitingConfirmation = 0;
+        emit runRefused(holder.program, holder.processId);
+    }
+    return false;
+}
+
 void Controller::confirmSheetDidEnd(int returnCode)
 {
     ControllerView& v = mServices.view;
@@ -256,6 +291,7 @@ void Controller::confirmSheetDidEnd(int returnCode)
     if (returnCode == 1) {
         ActivityLog::writeLogLine(u"User selected Cancel in Confirm dialog - Vantle Cancelled"_s);
         cancelRun();
+        mRunLock.unlock();
         v.setProgressValue(0);
         v.setProgressAnimating(false);
         v.setProgressIndeterminate(false);
@@ -325,6 +361,7 @@ void Controller::HandleFindingThread()
             mUserDidCancel = 0;
             runOnMainThread([this, stillRunning] { showFailedKillOnMainThread(stillRunning); }, true, this);
             if (mUserDidCancel == 1) {
+                mRunLock.unlock();
                 runOnMainThread([this] { emit runFinished(); }, false, this);
                 return;
             }
@@ -417,6 +454,7 @@ void Controller::ShredOnMainThread()
         emit shreddingStarted();
     } else {
         ActivityLog::writeLogLine(u"Nothing selected to shred"_s);
+        mRunLock.unlock();
         v.setShredButtonEnabled(true);
         v.showResult(result({}));
         emit runFinished();
@@ -453,6 +491,7 @@ void Controller::HandleThread()
     ActivityLog::writeLogLine(QString());
     ActivityLog::writeLogLine(u"Vantle Completed Successfully"_s);
     ActivityLog::closeLog();
+    mRunLock.unlock();
 
     if (!mTarnholdTimerOn)
         disableProcessDisplay();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/RunLock.h"
 #include "app/RunReport.h"
 #include "core/ApplicationFlags.h"
 
@@ -79,6 +80,10 @@ public:
     TerminateReply applicationShouldTerminate();
     void applicationWillTerminate();
 
+    // A run that finds another one erasing in this home waits for it to end
+    // instead of being refused; the watch's runs always wait.
+    void setWaitForOtherRun(bool wait) { mWaitForOtherRun = wait; }
+
     // Ten seconds unless a demo or a test asks for quicker polls.
     void setWatchInterval(int milliseconds) { tarnholdTimer.setInterval(milliseconds); }
 
@@ -108,6 +113,11 @@ signals:
     void shreddingStarted();
     // Emitted on the main thread after every run's shredding stage (or when a run ends early).
     void runFinished();
+    // Another process holds the run lock (program and process id, empty and 0
+    // when it has not named itself yet): the run waits for it, or is refused
+    // having touched nothing.
+    void waitingForOtherRun(const QString& program, qint64 processId);
+    void runRefused(const QString& program, qint64 processId);
 
 private:
     void startWatchTimer();
@@ -118,6 +128,7 @@ private:
     void enableShredButtonOnMainThread();
     void hideOnMainThread();
     void cancelRun();
+    bool takeRunLock();
     bool CheckStatus();
     void checkEnabled();
     void callCleaners();
@@ -163,4 +174,9 @@ private:
     std::atomic<bool> mFindingDone{true};
     std::atomic<bool> mShreddingDone{true};
     std::atomic<bool> mTerminating{false};
+
+    RunLock mRunLock;
+    QTimer mRunLockTimer;
+    std::atomic<bool> mWaitForOtherRun{false};
+    std::atomic<bool> mStartedByWatch{false};
 };

@@ -162,6 +162,8 @@ void Controller::HandleTarnholdTimer(bool fromTimer)
         if (mWasRunning[watched.flag] == 1 && mIsRunning[watched.flag] == 0 && mIsEnabled[watched.flag] != 0)
             due = true;
     }
-    if (due && fromTimer)
+    if (due && fromTimer) {
+        mStartedByWatch = true;
         shredAndNothing();
+    }
 }

@@ -1,5 +1,6 @@
 #include "cli/EraseCommand.h"
 
+#include "cli/RunLockMessages.h"
 #include "cli/RunTiming.h"
 #include "cli/TerminalProgress.h"
 #include "erase/FileAccess.h"
@@ -28,6 +29,7 @@ struct EraseOptions {
     std::vector<std::string> paths;
     bool quiet = false;
     bool timing = false;
+    bool wait = false;
 };
 
 std::optional<QByteArray> canonicalPath(const QByteArray& path)
@@ -76,6 +78,14 @@ int erase(const EraseOptions& options)
         }
     }
 
+    RunLock runLock;
+    if (runLock.tryLock() == RunLock::Outcome::Busy) {
+        if (!options.wait)
+            return RunLockMessages::refused(runLock.holder());
+        RunLockMessages::waiting(runLock.holder());
+        runLock.lock();
+    }
+
     // Warnings are printed even where no bar is drawn.
     TerminalProgress progress(stderr, !options.quiet && ::isatty(STDERR_FILENO));
     QElapsedTimer whole;
@@ -102,6 +112,9 @@ void addEraseCommand(CLI::App& app, CommandAction& action)
         "erase", Cli::tr("Overwrite, rename and remove files and folders with the current settings").toStdString());
     command->add_option("PATH", options->paths, Cli::tr("Files or folders to erase").toStdString())->required();
     command->add_flag("-q,--quiet", options->quiet, Cli::tr("Show no progress").toStdString());
+    command->add_flag(
+        "--wait", options->wait,
+        Cli::tr("When another run is erasing in this home, wait for it to finish instead of giving up").toStdString());
     command->add_flag(
         "--timing", options->timing,
         Cli::tr("Print the wall time spent overwriting and the whole erase's, with peak memory, on stderr")

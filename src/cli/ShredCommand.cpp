@@ -2,8 +2,10 @@
 
 #include "app/ApplicationModels.h"
 #include "app/Controller.h"
+#include "cli/DamagedSettings.h"
 #include "cli/InterruptWatcher.h"
 #include "cli/PlanOutput.h"
+#include "cli/RunLockMessages.h"
 #include "cli/RunTiming.h"
 #include "cli/TerminalView.h"
 #include "core/Bundle.h"
@@ -44,6 +46,7 @@ struct ShredOptions {
     bool timing = false;
     bool verbose = false;
     bool json = false;
+    bool wait = false;
 };
 
 // The log of a dry run, kept in memory for --verbose.
@@ -71,6 +74,8 @@ private:
 
 int shred(const ShredOptions& options)
 {
+    if (const SettingsDamage::Report damage = SettingsDamage::found(); damage.isDamaged())
+        return DamagedSettings::refuseRun(damage, !options.dryRun);
     ApplicationModels::create(options.dryRun);
     // A dry run changes nothing: there is nothing to confirm.
     TerminalView view({options.yes || options.dryRun, !options.quiet, false, false});
@@ -83,6 +88,9 @@ int shred(const ShredOptions& options)
                            [](int milliseconds) { QThread::msleep(ulong(milliseconds)); }, options.dryRun,
                            options.verbose ? dryRunLog.stream() : nullptr});
     controller.applicationDidFinishLaunching(false);
+    controller.setWaitForOtherRun(options.wait);
+    bool refused = false;
+    RunLockMessages::report(controller, refused);
 
     QEventLoop loop;
     bool finished = false;
@@ -117,8 +125,10 @@ int shred(const ShredOptions& options)
         controller.shredAndRestart();
     else
         controller.shredAndNothing();
-    if (!finished)
+    if (!finished && !refused)
         loop.exec();
+    if (refused)
+        return kBusyExitCode;
 
     view.clearProgress();
     if (options.dryRun && finished) {
@@ -161,6 +171,9 @@ void addShredCommand(CLI::App& app, CommandAction& action)
                       Cli::tr("With --dry-run: every Shred and Skip line first").toStdString());
     command->add_flag("--json", options->json, Cli::tr("With --dry-run: the plan as JSON").toStdString());
     command->add_flag("-q,--quiet", options->quiet, Cli::tr("Show no progress line").toStdString());
+    command->add_flag(
+        "--wait", options->wait,
+        Cli::tr("When another run is erasing in this home, wait for it to finish instead of giving up").toStdString());
     command->add_flag("--timing", options->timing,
                       Cli::tr("Print each stage's wall time and peak memory (finding, shredding) on the standard error")
                           .toStdString());

@@ -2,7 +2,9 @@
 
 #include "app/ApplicationModels.h"
 #include "app/Controller.h"
+#include "cli/DamagedSettings.h"
 #include "cli/InterruptWatcher.h"
+#include "cli/RunLockMessages.h"
 #include "cli/TerminalView.h"
 #include "core/Bundle.h"
 #include "core/ChildProcess.h"
@@ -29,6 +31,8 @@ struct WatchOptions {
 
 int watch(const WatchOptions& options)
 {
+    if (const SettingsDamage::Report damage = SettingsDamage::found(); damage.isDamaged())
+        return DamagedSettings::refuseRun(damage);
     if (options.interval <= 0 || options.interval > 3600)
         return refuse(Cli::tr("--interval takes a number of seconds from above 0 to 3600"));
     ApplicationModels::create(false);
@@ -43,6 +47,9 @@ int watch(const WatchOptions& options)
                            *sessionEnd, runner, Bundle::mainBundle(),
                            [](int milliseconds) { QThread::msleep(ulong(milliseconds)); }});
     controller.setWatchInterval(int(options.interval * 1000));
+    // The watch's runs wait for another run: none is refused.
+    bool refused = false;
+    RunLockMessages::report(controller, refused);
 
     QEventLoop loop;
     view.setTerminationHandler([&loop] { loop.quit(); });

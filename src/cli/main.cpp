@@ -1,6 +1,7 @@
 #include "cli/AppsCommands.h"
 #include "cli/CliOutput.h"
 #include "cli/CustomCommands.h"
+#include "cli/DamagedSettings.h"
 #include "cli/EraseCommand.h"
 #include "cli/KeepCommands.h"
 #include "cli/PluginsCommands.h"
@@ -12,6 +13,7 @@
 #include "core/FileSizeSignal.h"
 #include "core/ProcessRandom.h"
 #include "core/Translations.h"
+#include "settings/UserDefaults.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -57,9 +59,14 @@ QString helpFooter()
                    "  1  the run was cancelled, or a file could not be erased\n"
                    "  2  the command line was refused (unknown command, setting or name, a value of\n"
                    "     the wrong kind); nothing was changed\n"
+                   "  3  another run was erasing in the same home (its program and process are named on\n"
+                   "     the standard error); nothing was changed. shred and erase wait for it with --wait\n"
+                   "  5  the settings file is damaged: it was kept aside and shred and watch erase nothing\n"
+                   "     until 'prefs reset' confirms the factory settings or the file is repaired\n"
                    "\n"
                    "Files:\n"
                    "  ~/.config/com.orvick.vantle.plist     the settings, shared with the desktop application\n"
+                   "  ~/.config/com.orvick.vantle.lock      held by the run that is erasing, and names it\n"
                    "  ~/Library/Logs/Vantle X Log.txt       the activity log of the last run, when it is on\n"
                    "  /usr/share/vantle/                    resources: the SQLite shell, empty databases\n"
                    "\n"
@@ -173,6 +180,24 @@ int main(int argc, char* argv[])
 
     if (!home.empty() && !useHomeFolder(home))
         return refuse(Cli::tr("--home: no such folder \"%1\"").arg(QString::fromStdString(home)));
+    if (home.empty() && qEnvironmentVariableIsEmpty("HOME"))
+        std::fputs(Cli::tr("vantle-cli: HOME is not set; working in %1 as the home folder\n")
+                       .arg(QDir::homePath())
+                       .toUtf8()
+                       .constData(),
+                   stderr);
+
+    // Before anything reads the settings. Only 'prefs reset' goes on to save them.
+    const QString settingsPath = UserDefaults::defaultFilePath();
+    if (const SettingsDamage::Report damage = SettingsDamage::inspect(settingsPath); damage.isDamaged()) {
+        const CLI::App* prefs = app.get_subcommand("prefs");
+        if (prefs->parsed() && prefs->get_subcommand("reset")->parsed()) {
+            SettingsDamage::confirmFactorySettings(settingsPath);
+        } else {
+            UserDefaults::standardUserDefaults().setReadOnly();
+            DamagedSettings::warn(damage);
+        }
+    }
 
     ProcessRandom::seedFromEntropy();
     return action();

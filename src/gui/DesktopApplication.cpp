@@ -1,6 +1,7 @@
 #include "gui/DesktopApplication.h"
 
 #include "app/Controller.h"
+#include "app/RunLock.h"
 #include "core/Bundle.h"
 #include "gui/AboutBox.h"
 #include "gui/AlertSheet.h"
@@ -15,6 +16,7 @@
 #include "settings/PreferenceKeys.h"
 #include "settings/Preferences.h"
 #include "settings/ProfilesManager.h"
+#include "settings/SettingsDamage.h"
 #include "settings/UserDefaults.h"
 #include "watch/CustomShred.h"
 
@@ -82,6 +84,12 @@ DesktopApplication::DesktopApplication(DesktopPlatform platform, bool startHidde
             finishTermination();
     });
 
+    connect(m_controller.get(), &Controller::runRefused, this, &DesktopApplication::showRunRefused);
+    connect(m_controller.get(), &Controller::waitingForOtherRun, this,
+            [this](const QString& program, qint64 processId) {
+                m_window->setItemText(tr("Waiting for %1 to finish erasing").arg(otherRunName(program, processId)));
+            });
+
     const ApplicationMenus& menus = *m_menus;
     connect(menus.about(), &QAction::triggered, this, [this] { AboutBox::show(m_window.get(), m_platform.bundle); });
     connect(menus.settings(), &QAction::triggered, this, [this] { m_settings->showPanel(); });
@@ -115,6 +123,31 @@ DesktopApplication::DesktopApplication(DesktopPlatform platform, bool startHidde
 DesktopApplication::~DesktopApplication()
 {
     qApp->removeEventFilter(this);
+}
+
+bool DesktopApplication::acceptDamagedSettings(const QString& settingsPath)
+{
+    const SettingsDamage::Report damage = SettingsDamage::inspect(settingsPath);
+    if (!damage.isDamaged())
+        return true;
+    {
+        RunLock runLock;
+        if (runLock.tryLock() != RunLock::Outcome::Busy)
+            SettingsDamage::writeToLog(damage);
+    }
+    const QString kept = damage.keptAs.isEmpty() ? QString() : tr(" It is kept as %1.").arg(damage.keptAs);
+    const int answer = AlertSheet::run(
+        nullptr, {tr("Vantle"),
+                  tr("The settings file could not be read (%1).%2 Vantle erases nothing until you choose the factory "
+                     "settings or put the repaired file back in its place.")
+                      .arg(damage.reason, kept),
+                  {tr("Use Factory Settings"), QMessageBox::AcceptRole},
+                  {tr("Quit"), QMessageBox::RejectRole},
+                  {}});
+    if (answer != AlertSheet::DefaultReturn)
+        return false;
+    SettingsDamage::confirmFactorySettings(settingsPath);
+    return true;
 }
 
 QIcon DesktopApplication::applicationIcon(const Bundle& bundle)
@@ -188,6 +221,24 @@ void DesktopApplication::finishTermination()
     m_window->saveFrame();
     m_controller->applicationWillTerminate();
     m_platform.exitEventLoop();
+}
+
+QString DesktopApplication::otherRunName(const QString& program, qint64 processId)
+{
+    return program.isEmpty() ? tr("another Vantle X process") : tr("%1 (process %2)").arg(program).arg(processId);
+}
+
+void DesktopApplication::showRunRefused(const QString& program, qint64 processId)
+{
+    m_window->showWindow();
+    AlertSheet::begin(m_window.get(),
+                      {tr("Vantle"),
+                       tr("%1 is erasing in this home folder. Nothing was changed: shred again when it has finished.")
+                           .arg(otherRunName(program, processId)),
+                       {tr("OK"), QMessageBox::AcceptRole},
+                       {},
+                       {}},
+                      [](int) {});
 }
 
 void DesktopApplication::hideApplication()

@@ -27,6 +27,11 @@ public:
     DesktopApplication(DesktopPlatform platform, bool startHidden, QObject* parent = nullptr);
     ~DesktopApplication() override;
 
+    // Before the shared settings objects are made: a damaged settings file found
+    // at start-up is said in an alert that offers the factory settings or
+    // quitting; true when the application may go on.
+    static bool acceptDamagedSettings(const QString& settingsPath);
+
     // The application icon from the bundle's icons folder.
     static QIcon applicationIcon(const Bundle& bundle);
 
@@ -56,6 +61,9 @@ protected:
 
 private:
     void finishTermination();
+    // Another process holds the run lock: a run started here is refused, the watch's waits.
+    static QString otherRunName(const QString& program, qint64 processId);
+    void showRunRefused(const QString& program, qint64 processId);
     void windowCloseRequested();
 
     DesktopPlatform m_platform;

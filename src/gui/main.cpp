@@ -8,6 +8,7 @@
 #include "platform/LoginItem.h"
 #include "platform/SessionEnd.h"
 #include "platform/linux/ProcApplicationQuitter.h"
+#include "settings/UserDefaults.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -100,6 +101,8 @@ int main(int argc, char* argv[])
     QApplication::setWindowIcon(DesktopApplication::applicationIcon(Bundle::mainBundle()));
     Translations::install(Bundle::mainBundle());
 
+    if (!DesktopApplication::acceptDamagedSettings(UserDefaults::defaultFilePath()))
+        return 0;
     ApplicationModels::create(false, createPlatformLoginItem());
     ProcApplicationQuitter quitter;
     const std::unique_ptr<SessionEnd> sessionEnd = createPlatformSessionEnd();

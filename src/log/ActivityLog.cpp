@@ -6,6 +6,7 @@
 
 #include <sys/stat.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <ctime>
@@ -104,6 +105,11 @@ void openRunLog(bool activityLogEnabled)
     const QString path = defaultPath();
     QDir().mkpath(QFileInfo(path).absolutePath());
     openLog(path);
+    if (activityLogEnabled && !isLogOpen()) {
+        // Told at once: a run that goes on without its log must not look logged.
+        qWarning("Vantle X: the activity log %s cannot be written (%s); this run is not logged", qPrintable(path),
+                 std::strerror(errno));
+    }
     if (!activityLogEnabled)
         closeLog();
 }

@@ -3,9 +3,11 @@
 #include "core/NotificationCenter.h"
 #include "core/Notifications.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QThread>
+#include <QTimer>
 
 #include <atomic>
 #include <cstdio>
@@ -312,4 +314,35 @@ TEST_F(ControllerRunTest, EveryCleanerRunsInTheDispatchTablesOrder)
     EXPECT_EQ(log.count(u"Safari 2.0 and/or Shiira 1.2"_s), 2);
     // The QuickTime cache belongs to session-ending runs only.
     EXPECT_FALSE(log.contains(u"Quicktime Cache"_s));
+}
+
+TEST_F(ControllerRunTest, ARunWhileAnotherProcessErasesIsRefusedOrWaitsWithoutBlockingTheMainThread)
+{
+    home.write(u"Library/Caches/Safari/cache.db"_s, "cached");
+    home.write(u"Library/Logs/Vantle X Log.txt"_s, "the other run's log");
+    // A lock of its own file description stands for another process's run.
+    RunLock other;
+    ASSERT_EQ(other.tryLock(), RunLock::Outcome::Held);
+    controller().applicationDidFinishLaunching();
+    QSignalSpy refused(&controller(), &Controller::runRefused);
+    QSignalSpy waiting(&controller(), &Controller::waitingForOtherRun);
+
+    controller().shredAndNothing();
+    ASSERT_EQ(refused.size(), 1);
+    EXPECT_EQ(refused[0][1].toLongLong(), QCoreApplication::applicationPid());
+    EXPECT_FALSE(controller().isRunInProgress());
+    EXPECT_TRUE(view.shredButtonEnabled);
+    EXPECT_EQ(home.read(u"Library/Logs/Vantle X Log.txt"_s), "the other run's log");
+    EXPECT_EQ(home.read(u"Library/Caches/Safari/cache.db"_s), "cached");
+
+    // The other run ends by a timer on this main thread: a run that blocked it would never start.
+    controller().setWaitForOtherRun(true);
+    QTimer::singleShot(300, [&other] { other.unlock(); });
+    ASSERT_TRUE(runAndWait([](Controller& c) { c.shredAndNothing(); }));
+    EXPECT_EQ(waiting.size(), 1);
+    EXPECT_EQ(refused.size(), 1);
+    EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Safari"_s)));
+    EXPECT_TRUE(logLines().contains(u"Vantle Completed Successfully"_s));
+    // The run let the lock go at its end.
+    EXPECT_EQ(other.tryLock(), RunLock::Outcome::Held);
 }

@@ -4,6 +4,7 @@
 #include "watch/ProcessScan.h"
 
 #include <QCoreApplication>
+#include <QTest>
 #include <QThread>
 
 #include <atomic>
@@ -173,4 +174,23 @@ TEST(ProcessScanLines, TheListingIsReadThroughAFixedBuffer)
     EXPECT_EQ(ProcessScan::matchApplication("/x/Firefox.app/y /x/Safari.app"), 0);  // first pattern in order wins
     EXPECT_EQ(ProcessScan::matchApplication("/Applications/Mail.app/Contents/MacOS/Mail"), 7);
     EXPECT_EQ(ProcessScan::matchApplication("/usr/bin/hdid /Volumes/Safari.app"), -1);
+}
+
+TEST_F(ControllerWatchTest, ARunTheWatchStartsWaitsForAnotherProcesssRun)
+{
+    RunLock other;
+    ASSERT_EQ(other.tryLock(), RunLock::Outcome::Held);
+    QSignalSpy refused(&controller(), &Controller::runRefused);
+    controller().applicationDidFinishLaunching();
+    commands.processes = {"/Applications/Safari.app/Contents/MacOS/Safari"};
+    poll();
+    commands.processes = {};
+    poll();
+    QTest::qWait(600);
+    EXPECT_EQ(runsStarted(), 0);
+    EXPECT_TRUE(controller().isRunInProgress());
+    other.unlock();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return runsStarted() == 1; }, 5000));
+    EXPECT_EQ(refused.size(), 0);
+    view.pendingConfirmation(1);
 }

@@ -1,0 +1,177 @@
+// One run per home: concurrent runs of real processes on the demo home keep
+// every bookmark and leave no history; a run refused for another's touches
+// nothing; a killed run holds nothing.
+#include "cli/CliFixture.h"
+#include "support/TestDatabase.h"
+
+#include "app/RunLock.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QFileInfo>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kPlaces = u"Library/Application Support/Firefox/Profiles/ab12cd34.default/places.sqlite"_s;
+const QString kLog = u"Library/Logs/Vantle X Log.txt"_s;
+
+class RunLockCliTest : public CliFixture {
+protected:
+    QStringList homeArguments(const QStringList& arguments) const
+    {
+        return QStringList{u"--home"_s, home.path()} + arguments;
+    }
+
+    std::unique_ptr<QProcess> start(const QStringList& arguments) const
+    {
+        auto process = std::make_unique<QProcess>();
+        process->start(QStringLiteral(VANTLE_CLI_PATH), homeArguments(arguments));
+        EXPECT_TRUE(process->waitForStarted());
+        return process;
+    }
+
+    static CliRun finish(QProcess& process)
+    {
+        EXPECT_TRUE(process.waitForFinished(120000));
+        return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+                QString::fromUtf8(process.readAllStandardError())};
+    }
+
+    void expectBookmarksWithoutHistory(int pair)
+    {
+        TestDatabase places(home.file(kPlaces));
+        EXPECT_EQ(places.value(u"PRAGMA integrity_check"_s), u"ok"_s) << "pair " << pair;
+        EXPECT_EQ(places.rows(u"select title from moz_bookmarks"_s), QStringList{u"Debian"_s}) << "pair " << pair;
+        EXPECT_EQ(places.value(u"select count(*) from moz_historyvisits"_s), u"0"_s) << "pair " << pair;
+        EXPECT_EQ(places.value(u"select count(*) from moz_places where url like '%secret%'"_s), u"0"_s)
+            << "pair " << pair;
+    }
+
+    // Polls until the lock file names process, as a run writes it once it holds the lock.
+    bool waitUntilHolding(qint64 processId) const
+    {
+        const QByteArray wanted = ' ' + QByteArray::number(processId) + '\n';
+        for (QDeadlineTimer deadline(20000); !deadline.hasExpired(); QThread::msleep(5)) {
+            if (home.read(u".config/com.orvick.vantle.lock"_s).endsWith(wanted))
+                return true;
+        }
+        return false;
+    }
+};
+
+} // namespace
+
+TEST_F(RunLockCliTest, TwoRunsAtOnceOnTheDemoHomeKeepEveryBookmarkAndLeaveNoHistory)
+{
+    // Pairs of each kind; more with VANTLE_RUN_LOCK_PAIRS.
+    const int pairs = qEnvironmentVariableIntValue("VANTLE_RUN_LOCK_PAIRS") > 0
+                          ? qEnvironmentVariableIntValue("VANTLE_RUN_LOCK_PAIRS")
+                          : 5;
+    QTemporaryDir demo;
+    const ProcessResult made =
+        ChildProcess::run(u"env"_s, {u"HOME=/nonexistent"_s, u"bash"_s,
+                                     QStringLiteral(VANTLE_SOURCE_DIR "/scripts/make-demo-home"), demo.path()});
+    ASSERT_EQ(made.exitCode, 0) << made.standardError.constData();
+    for (const QStringList& command : {QStringList{u"apps"_s, u"disable"_s, u"Eudora"_s},
+                                       {u"prefs"_s, u"set"_s, u"ShredHistory"_s, u"YES"_s},
+                                       {u"prefs"_s, u"set"_s, u"ActivityLog"_s, u"YES"_s}})
+        ASSERT_EQ(run(QStringList{u"--home"_s, demo.path()} + command).exitCode, 0);
+
+    for (const bool wait : {false, true}) {
+        for (int pair = 0; pair < pairs; ++pair) {
+            ASSERT_EQ(QProcess::execute(u"find"_s, {home.path(), u"-mindepth"_s, u"1"_s, u"-delete"_s}), 0);
+            ASSERT_EQ(QProcess::execute(u"cp"_s, {u"-a"_s, demo.path() + u"/."_s, home.path()}), 0);
+            QStringList arguments{u"shred"_s, u"--yes"_s, u"--quiet"_s};
+            if (wait)
+                arguments.append(u"--wait"_s);
+            const auto first = start(arguments);
+            const auto second = start(arguments);
+            const qint64 processIds[] = {first->processId(), second->processId()};
+            const CliRun a = finish(*first);
+            const CliRun b = finish(*second);
+            if (wait) {
+                EXPECT_EQ(a.exitCode, 0) << qPrintable(a.err);
+                EXPECT_EQ(b.exitCode, 0) << qPrintable(b.err);
+                // The later run found nothing left to erase, and its log says it ran whole.
+                EXPECT_TRUE(home.read(kLog).contains("Vantle Completed Successfully") ||
+                            home.read(kLog).contains("Nothing selected to shred"));
+            } else {
+                // The one refused names the other and exits 3 before it touches anything.
+                const bool firstRefused = a.exitCode == 3;
+                const CliRun& refused = firstRefused ? a : b;
+                const CliRun& ran = firstRefused ? b : a;
+                const qint64 runner = processIds[firstRefused ? 1 : 0];
+                EXPECT_EQ(refused.exitCode, 3) << "pair " << pair << ": " << qPrintable(a.err + b.err);
+                EXPECT_EQ(ran.exitCode, 0) << qPrintable(ran.err);
+                EXPECT_TRUE(refused.err.contains(u"vantle-cli (process %1)"_s.arg(runner))) << qPrintable(refused.err);
+                EXPECT_TRUE(home.read(kLog).contains("Vantle Completed Successfully"));
+            }
+            expectBookmarksWithoutHistory(pair);
+        }
+    }
+}
+
+TEST_F(RunLockCliTest, ARunRefusedForAnotherTouchesNothingAndWaitsWhenAsked)
+{
+    home.write(u"Library/Caches/Safari/cache.db"_s, "cached");
+    home.write(u"Downloads/old.pdf"_s, "old");
+    home.write(kLog, "the other run's log");
+    ASSERT_EQ(cli({u"prefs"_s, u"set"_s, u"ActivityLog"_s, u"YES"_s}).exitCode, 0);
+    ASSERT_EQ(cli({u"apps"_s, u"disable"_s, u"Eudora"_s}).exitCode, 0);
+
+    // This test process holds the lock as another run would.
+    RunLock other;
+    ASSERT_EQ(other.tryLock(), RunLock::Outcome::Held);
+    const QString holder =
+        u"%1 (process %2)"_s.arg(QCoreApplication::applicationName()).arg(QCoreApplication::applicationPid());
+    for (const QStringList& command :
+         {QStringList{u"shred"_s, u"--yes"_s}, QStringList{u"erase"_s, home.file(u"Downloads/old.pdf"_s)}}) {
+        const CliRun refused = cli(command);
+        EXPECT_EQ(refused.exitCode, 3) << qPrintable(refused.err);
+        EXPECT_TRUE(refused.err.contains(holder)) << qPrintable(refused.err);
+    }
+    EXPECT_EQ(home.read(kLog), "the other run's log");
+    EXPECT_EQ(home.read(u"Library/Caches/Safari/cache.db"_s), "cached");
+    EXPECT_EQ(home.read(u"Downloads/old.pdf"_s), "old");
+
+    const auto shred = start({u"shred"_s, u"--yes"_s, u"--quiet"_s, u"--wait"_s});
+    const auto erase = start({u"erase"_s, u"--quiet"_s, u"--wait"_s, home.file(u"Downloads/old.pdf"_s)});
+    EXPECT_FALSE(shred->waitForFinished(1500));
+    EXPECT_EQ(erase->state(), QProcess::Running);
+    EXPECT_EQ(home.read(kLog), "the other run's log");
+    other.unlock();
+    const CliRun shredRun = finish(*shred);
+    const CliRun eraseRun = finish(*erase);
+    EXPECT_EQ(shredRun.exitCode, 0) << qPrintable(shredRun.err);
+    EXPECT_EQ(eraseRun.exitCode, 0) << qPrintable(eraseRun.err);
+    EXPECT_TRUE(shredRun.err.contains(holder)) << qPrintable(shredRun.err);
+    EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Safari/cache.db"_s)));
+    EXPECT_FALSE(QFileInfo::exists(home.file(u"Downloads/old.pdf"_s)));
+    EXPECT_TRUE(home.read(kLog).contains("Vantle Completed Successfully"));
+}
+
+TEST_F(RunLockCliTest, AKilledRunDoesNotBlockTheNext)
+{
+    // A large cache file overwritten 35 times keeps the run busy long enough to be killed.
+    home.write(u"Library/Caches/Google/Chrome/Default/Cache/data_1"_s, QByteArray(32 << 20, 'c'));
+    for (const QStringList& command :
+         {QStringList{u"apps"_s, u"disable"_s, u"Eudora"_s}, {u"prefs"_s, u"set"_s, u"NumberOfWrites"_s, u"16"_s}})
+        ASSERT_EQ(cli(command).exitCode, 0);
+
+    const auto killedRun = start({u"shred"_s, u"--yes"_s, u"--quiet"_s});
+    ASSERT_TRUE(waitUntilHolding(killedRun->processId()));
+    ::kill(pid_t(killedRun->processId()), SIGKILL);
+    finish(*killedRun);
+    ASSERT_EQ(killedRun->exitStatus(), QProcess::CrashExit);
+
+    const CliRun next = cli({u"shred"_s, u"--yes"_s, u"--quiet"_s});
+    EXPECT_EQ(next.exitCode, 0) << qPrintable(next.err);
+    EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Google/Chrome/Default/Cache/data_1"_s)));
+}
