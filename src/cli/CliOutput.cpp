@@ -1,5 +1,7 @@
 #include "cli/CliOutput.h"
 
+#include "erase/RunPlan.h"
+
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
@@ -14,4 +16,15 @@ int refuse(const QString& message)
     const QString lines = u"vantle-cli: "_s + message + u'\n' + Cli::tr("Try 'vantle-cli --help'.") + u'\n';
     std::fputs(lines.toUtf8().constData(), stderr);
     return kRefusedExitCode;
+}
+
+int incompleteStatus(const EraseTally& tally)
+{
+    if (tally.incomplete() == 0)
+        return 0;
+    QString message = Cli::tr("vantle-cli: %n item(s) could not be erased as asked", nullptr, int(tally.incomplete()));
+    if (!tally.firstFailure.isEmpty())
+        message += Cli::tr(" (first: %1)").arg(tally.firstFailure);
+    std::fputs((message + u'\n').toUtf8().constData(), stderr);
+    return kIncompleteExitCode;
 }

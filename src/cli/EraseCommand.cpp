@@ -13,6 +13,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <climits>
@@ -70,7 +71,8 @@ int erase(const EraseOptions& options)
     int status = 0;
     QList<QByteArray> existing;
     for (const QByteArray& path : paths) {
-        if (FileTree::exists(path)) {
+        struct stat info {};
+        if (::lstat(path.constData(), &info) == 0) {
             existing.append(path);
         } else {
             std::fputs(("vantle-cli: no such file or folder, skipped: " + path + '\n').constData(), stderr);
@@ -100,6 +102,8 @@ int erase(const EraseOptions& options)
                                     .arg(double(whole.nsecsElapsed()) / 1e9, 0, 'f', 3)
                                     .arg(RunTiming::peaks())));
     }
+    if (const int incomplete = incompleteStatus(engine.tally()))
+        return incomplete;
     return status;
 }
 

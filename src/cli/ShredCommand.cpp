@@ -145,7 +145,9 @@ int shred(const ShredOptions& options)
     }
     if (options.timing && finished)
         std::fprintf(stderr, "%s\n", qPrintable(timing.report()));
-    return finished && !view.userCancelled() ? 0 : 1;
+    if (!finished || view.userCancelled())
+        return 1;
+    return view.result() ? incompleteStatus(view.result()->erased) : 0;
 }
 
 } // namespace

@@ -233,6 +233,7 @@ void FileAccess::overwrite(const FolderWalk::Entry& entry, bool logName)
     const int fd = ::openat(entry.folder, name.constData(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
     if (fd < 0) {
         ActivityLog::writeLogLine("Overwrite failed (" + QByteArray(std::strerror(errno)) + "): " + path);
+        ++mTally.notOverwritten;
         return;
     }
     const DescriptorCloser closer{fd};
@@ -240,6 +241,7 @@ void FileAccess::overwrite(const FolderWalk::Entry& entry, bool logName)
     if (::fstat(fd, &info) != 0 || info.st_dev != entry.info.st_dev || info.st_ino != entry.info.st_ino ||
         !S_ISREG(info.st_mode) || info.st_nlink != 1) {
         ActivityLog::writeLogLine("Overwrite failed (the file changed while it was erased): " + path);
+        ++mTally.notOverwritten;
         return;
     }
     DeviceWriter writer(fd);
@@ -294,8 +296,10 @@ void FileAccess::overwrite(const FolderWalk::Entry& entry, bool logName)
     const int synced = writer.finish();
     if (failure == 0)
         failure = synced;
-    if (failure != 0)
+    if (failure != 0) {
         ActivityLog::writeLogLine("Overwrite failed (" + QByteArray(std::strerror(failure)) + "): " + path);
+        ++mTally.notOverwritten;
+    }
 }
 
 quint64 FileAccess::sizeInBytes(const QByteArray& path) const

@@ -47,7 +47,11 @@ struct EraseTally {
     qint64 failed = 0; // outermost paths that stayed, wholly or in part
     QString firstFailure;
     qint64 left = 0; // outermost paths not begun because the run was stopped
+    qint64 notOverwritten = 0; // files removed with their contents as they were
     bool stopped = false;
+
+    // Items not dealt with as asked: left in place, not begun, or removed unwritten.
+    qint64 incomplete() const { return failed + left + notOverwritten; }
 };
 
 namespace ErasePaths {
