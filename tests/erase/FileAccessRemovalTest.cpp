@@ -213,6 +213,28 @@ TEST_F(RemovalTest, OnlyWhatWasListedIsErasedAndNothingIsOpenedToOthers)
     EXPECT_EQ(display.progress[display.progress.size() - 2], 100.0);
 }
 
+TEST_F(RemovalTest, APathBehindALinkTheUserMadeIsErasedWhereItLeadsAndTheLogSaysSo)
+{
+    // The user moved the browser's cache to another disk and left a link.
+    home.write(u"elsewhere/Firefox/Cache/entry"_s, "cached");
+    home.write(u"elsewhere/Firefox/kept.txt"_s, "kept");
+    ASSERT_TRUE(QDir().mkpath(home.file(u"Library/Caches"_s)));
+    ASSERT_TRUE(QFile::link(home.file(u"elsewhere/Firefox"_s), home.file(u"Library/Caches/Firefox"_s)));
+
+    FileAccess& access = engine({{u"NumberOfWrites"_s, qint64(2)}});
+    ActivityLog::openLog(home.file(u"log.txt"_s));
+    QStringList paths{home.file(u"Library/Caches/Firefox/Cache"_s)};
+    access.shredDroppedFile(paths);
+    ActivityLog::closeLog();
+
+    EXPECT_FALSE(QFileInfo::exists(home.file(u"elsewhere/Firefox/Cache"_s)));
+    EXPECT_EQ(home.read(u"elsewhere/Firefox/kept.txt"_s), "kept");
+    EXPECT_TRUE(QFileInfo(home.file(u"Library/Caches/Firefox"_s)).isSymLink());
+    EXPECT_TRUE(home.read(u"log.txt"_s)
+                    .contains(" Shred (its folder is a link; erased where it leads): " +
+                              path(u"elsewhere/Firefox/Cache"_s) + '\n'));
+}
+
 TEST_F(RemovalTest, TreesDeeperThanAPathCanNameAreErasedWhole)
 {
     // 1,000 levels of 50-character names: 51,000 bytes of path, far past PATH_MAX.
