@@ -78,6 +78,10 @@
         <source>Vantle X</source>
         <translation>Vantle X</translation>
     </message>
+    <message>
+        <source>Pre&amp;view…</source>
+        <translation>&amp;Vorschau…</translation>
+    </message>
 </context>
 <context>
     <name>ApplicationsPane</name>
@@ -413,14 +417,6 @@ um zu sehen, was ein Lauf löschen würde.
         <translation>Name des Profilordners oder der Name nach seinem Punkt</translation>
     </message>
     <message>
-        <source>Would erase:</source>
-        <translation>Würde löschen:</translation>
-    </message>
-    <message>
-        <source>%1  bytes in %2 of the %3 paths queued (the others do not exist)</source>
-        <translation>%1  Bytes in %2 der %3 vorgemerkten Pfade (die übrigen gibt es nicht)</translation>
-    </message>
-    <message>
         <source>Erase the traces of every enabled application that is not running</source>
         <translation>Die Spuren jedes aktivierten Programms löschen, das nicht läuft</translation>
     </message>
@@ -439,14 +435,6 @@ um zu sehen, was ein Lauf löschen würde.
     <message>
         <source>Quit the browsers first, restart afterwards</source>
         <translation>Zuerst die Browser beenden, danach neu starten</translation>
-    </message>
-    <message>
-        <source>Show what would be erased, with sizes, and change nothing on disk</source>
-        <translation>Zeigen, was gelöscht würde, mit Größen, und nichts auf der Platte ändern</translation>
-    </message>
-    <message>
-        <source>Show no progress bar</source>
-        <translation>Keinen Fortschrittsbalken zeigen</translation>
     </message>
     <message>
         <source>Print each stage&apos;s wall time and peak memory (finding, shredding) on the standard error</source>
@@ -605,6 +593,46 @@ vantle-cli legt nie einen Anmeldeeintrag an; das Desktop-Programm vantle(1) star
 </source>
         <translation>vantle-cli: HOME ist nicht gesetzt; %1 dient als persönlicher Ordner
 </translation>
+    </message>
+    <message>
+        <source>erase</source>
+        <translation>löschen</translation>
+    </message>
+    <message>
+        <source>rewrite</source>
+        <translation>neu schreiben</translation>
+    </message>
+    <message>
+        <source>Still finishing the current item: it is never left half-erased.</source>
+        <translation>Der aktuelle Eintrag wird noch fertig gelöscht: Er wird nie halb gelöscht zurückgelassen.</translation>
+    </message>
+    <message>
+        <source>Stopping after the current item; the others stay as they are.</source>
+        <translation>Halte nach dem aktuellen Eintrag an; die übrigen bleiben, wie sie sind.</translation>
+    </message>
+    <message>
+        <source>Stopped before anything was erased.</source>
+        <translation>Angehalten, bevor etwas gelöscht wurde.</translation>
+    </message>
+    <message>
+        <source>Show what would be erased and rewritten, with sizes, and change nothing on disk</source>
+        <translation>Zeigen, was gelöscht und neu geschrieben würde, mit Größen, und nichts auf der Platte ändern</translation>
+    </message>
+    <message>
+        <source>With --dry-run: every Shred and Skip line first</source>
+        <translation>Mit --dry-run: zuerst jede Shred- und Skip-Zeile</translation>
+    </message>
+    <message>
+        <source>With --dry-run: the plan as JSON</source>
+        <translation>Mit --dry-run: der Plan als JSON</translation>
+    </message>
+    <message>
+        <source>Show no progress line</source>
+        <translation>Keine Fortschrittszeile zeigen</translation>
+    </message>
+    <message>
+        <source>Finding items that need shredding…</source>
+        <translation>Suche, was geschreddert werden muss…</translation>
     </message>
 </context>
 <context>
@@ -774,6 +802,10 @@ vantle-cli legt nie einen Anmeldeeintrag an; das Desktop-Programm vantle(1) star
     <message>
         <source>Quit</source>
         <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Vantle X</source>
+        <translation>Vantle X</translation>
     </message>
 </context>
 <context>
@@ -969,6 +1001,26 @@ Das Protokoll ist ~/Library/Logs/Vantle X Log.txt.</translation>
         <source>Item being shredded</source>
         <translation>Was gerade geschreddert wird</translation>
     </message>
+    <message>
+        <source>&amp;Preview…</source>
+        <translation>V&amp;orschau…</translation>
+    </message>
+    <message>
+        <source>Show what a run would erase and rewrite, and change nothing</source>
+        <translation>Zeigen, was ein Lauf löschen und neu schreiben würde, ohne etwas zu ändern</translation>
+    </message>
+    <message>
+        <source>S&amp;top</source>
+        <translation>&amp;Anhalten</translation>
+    </message>
+    <message>
+        <source>Stop the run after the item it is erasing; the others stay as they are</source>
+        <translation>Den Lauf nach dem Eintrag anhalten, den er gerade löscht; die übrigen bleiben, wie sie sind</translation>
+    </message>
+    <message>
+        <source>Stopping…</source>
+        <translation>Wird angehalten…</translation>
+    </message>
 </context>
 <context>
     <name>PluginTableModel</name>
@@ -1022,6 +1074,37 @@ Das Protokoll ist ~/Library/Logs/Vantle X Log.txt.</translation>
     <message>
         <source>Please select an item to shred.</source>
         <translation>Bitte wählen Sie aus, was geschreddert werden soll.</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewWindow</name>
+    <message>
+        <source>Vantle X Preview</source>
+        <translation>Vantle X-Vorschau</translation>
+    </message>
+    <message>
+        <source>What a run would erase and rewrite</source>
+        <translation>Was ein Lauf löschen und neu schreiben würde</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>Eintrag</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>Dateien</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>&amp;Shred</source>
+        <translation>&amp;Schreddern</translation>
+    </message>
+    <message>
+        <source>Rewrite %1</source>
+        <translation>%1 neu schreiben</translation>
     </message>
 </context>
 <context>
@@ -1080,6 +1163,129 @@ Das Protokoll ist ~/Library/Logs/Vantle X Log.txt.</translation>
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>RunReport</name>
+    <message>
+        <source>Custom processes</source>
+        <translation>Eigene Prozesse</translation>
+    </message>
+    <message>
+        <source>Plug-ins</source>
+        <translation>Plug-ins</translation>
+    </message>
+    <message>
+        <source>%1 byte</source>
+        <translation>%1 Byte</translation>
+    </message>
+    <message>
+        <source>%1 bytes</source>
+        <translation>%1 Bytes</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min %2 s</source>
+        <translation>%1 min %2 s</translation>
+    </message>
+    <message>
+        <source>%1 item</source>
+        <translation>%1 Eintrag</translation>
+    </message>
+    <message>
+        <source>%1 items</source>
+        <translation>%1 Einträge</translation>
+    </message>
+    <message>
+        <source>%1 file</source>
+        <translation>%1 Datei</translation>
+    </message>
+    <message>
+        <source>%1 files</source>
+        <translation>%1 Dateien</translation>
+    </message>
+    <message>
+        <source>%1 database or settings file</source>
+        <translation>%1 Datenbank oder Einstellungsdatei</translation>
+    </message>
+    <message>
+        <source>%1 databases and settings files</source>
+        <translation>%1 Datenbanken und Einstellungsdateien</translation>
+    </message>
+    <message>
+        <source>Nothing was found to erase or rewrite in %1.</source>
+        <translation>In %1 wurde nichts zum Löschen oder Neuschreiben gefunden.</translation>
+    </message>
+    <message>
+        <source>Passed over because running: %1.</source>
+        <translation>Übergangen, weil in Betrieb: %1.</translation>
+    </message>
+    <message>
+        <source>Looked for: %1.</source>
+        <translation>Gesucht bei: %1.</translation>
+    </message>
+    <message>
+        <source>Erased %1 (%2, %3 = %4).</source>
+        <translation>Gelöscht: %1 (%2, %3 = %4).</translation>
+    </message>
+    <message>
+        <source>Rewrote %1.</source>
+        <translation>Neu geschrieben: %1.</translation>
+    </message>
+    <message>
+        <source>Could not erase %1; first: %2.</source>
+        <translation>Nicht gelöscht: %1; der erste davon: %2.</translation>
+    </message>
+    <message>
+        <source>Stopped: %1 left as they were.</source>
+        <translation>Angehalten: %1 unverändert gelassen.</translation>
+    </message>
+    <message>
+        <source>Took %1.</source>
+        <translation>Dauer: %1.</translation>
+    </message>
+    <message>
+        <source>Nothing was found to erase in %1.</source>
+        <translation>In %1 wurde nichts zum Löschen gefunden.</translation>
+    </message>
+    <message>
+        <source>Erased %1 (%2)</source>
+        <translation>Gelöscht: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>rewrote %1</source>
+        <translation>%1 neu geschrieben</translation>
+    </message>
+    <message>
+        <source>stopped with %1 left</source>
+        <translation>angehalten, %1 übrig</translation>
+    </message>
+    <message>
+        <source>%1 could not be erased</source>
+        <translation>%1 nicht löschbar</translation>
+    </message>
+    <message>
+        <source>%1 passed over (running)</source>
+        <translation>%1 übergangen (in Betrieb)</translation>
+    </message>
+    <message>
+        <source>%1 in %2.</source>
+        <translation>%1 in %2.</translation>
+    </message>
+    <message>
+        <source>Would erase %1 (%2, %3) and rewrite %4.</source>
+        <translation>Würde %1 löschen (%2, %3) und %4 neu schreiben.</translation>
+    </message>
+    <message>
+        <source>%1 of %2, %3%</source>
+        <translation>%1 von %2, %3 %</translation>
+    </message>
+    <message>
+        <source>, about %1 left</source>
+        <translation>, noch etwa %1</translation>
     </message>
 </context>
 <context>

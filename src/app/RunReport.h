@@ -19,17 +19,27 @@ struct RunResult {
     bool foundNothing() const;
 };
 
-// The words both front ends use for plans, progress and results.
+// The words both front ends use for plans, progress and results, in the
+// user's language (the catalogue's context "RunReport"). The activity log never
+// takes them: its lines stay English.
 namespace RunReport {
 
-// 0 bytes, 512 bytes, 1.5 KiB, 20.0 MiB, 3.25 GiB.
+// 0 bytes, 512 bytes, 1.50 KiB, 20.0 MiB, 3.25 GiB.
 QString humanSize(quint64 bytes);
 // "~/..." for a path inside the home folder.
 QString tilde(const QString& path);
 // 0.4 s, 12 s, 3 min 5 s.
 QString duration(qint64 milliseconds);
-// "3 items" / "1 item".
-QString count(qint64 number, const QString& one, const QString& many);
+// "1 item" / "3 items", and the same of files and of rewritten files.
+QString items(qint64 number);
+QString files(qint64 number);
+QString rewrites(qint64 number);
+// An application group as the run names it ("Firefox", "Plug-ins"), for display.
+QString applicationName(const QString& name);
+// "Nothing was found to erase or rewrite in ~."
+QString nothingFound(const QString& home);
+// "Passed over because running: Firefox, Custom processes."
+QString passedOver(const QStringList& applications);
 
 // The closing block, one line each.
 QStringList resultLines(const RunResult& result);

@@ -1,6 +1,7 @@
 #include "cli/PlanOutput.h"
 
 #include "app/RunReport.h"
+#include "cli/CliOutput.h"
 #include "erase/RunPlan.h"
 
 #include <QDir>
@@ -49,32 +50,39 @@ const Rewrite* rewriteWithOldCopy(const RunPlan& plan, const QString& path)
 
 QStringList PlanOutput::text(const RunPlan& plan)
 {
+    // The two verbs are padded to the longer of them, whatever the language.
+    QString erase = Cli::tr("erase");
+    QString rewrite = Cli::tr("rewrite");
+    const qsizetype verbWidth = qMax(erase.size(), rewrite.size());
+    erase = erase.leftJustified(verbWidth);
+    rewrite = rewrite.leftJustified(verbWidth);
     QStringList lines;
     for (const QString& application : applicationsOf(plan)) {
-        lines.append(application);
+        lines.append(RunReport::applicationName(application));
         for (const RunPlan::Item& item : plan.items) {
             if (item.application != application || rewriteWithOldCopy(plan, item.path))
                 continue;
-            lines.append(u"  erase    %1  %2  %3"_s.arg(RunReport::humanSize(item.bytes), 10)
-                             .arg(RunReport::count(qint64(item.files), u"file"_s, u"files"_s), 9)
+            lines.append(u"  %1  %2  %3  %4"_s.arg(erase)
+                             .arg(RunReport::humanSize(item.bytes), 10)
+                             .arg(RunReport::files(qint64(item.files)), 9)
                              .arg(RunReport::tilde(item.path)));
         }
-        for (const Rewrite& rewrite : plan.rewrites) {
-            if (rewrite.application != application)
+        for (const Rewrite& entry : plan.rewrites) {
+            if (entry.application != application)
                 continue;
             QString size;
             for (const RunPlan::Item& item : plan.items) {
-                if (!rewrite.oldCopy.isEmpty() && item.path == rewrite.oldCopy)
+                if (!entry.oldCopy.isEmpty() && item.path == entry.oldCopy)
                     size = RunReport::humanSize(item.bytes);
             }
             lines.append(
-                u"  rewrite  %1  %2  %3"_s.arg(size, 10).arg(QString(), 9).arg(RunReport::tilde(rewrite.path)));
+                u"  %1  %2  %3  %4"_s.arg(rewrite).arg(size, 10).arg(QString(), 9).arg(RunReport::tilde(entry.path)));
         }
     }
     if (!plan.passedOver.isEmpty())
-        lines.append(u"Passed over because running: %1."_s.arg(plan.passedOver.join(u", "_s)));
+        lines.append(RunReport::passedOver(plan.passedOver));
     if (plan.items.isEmpty() && plan.rewrites.isEmpty())
-        lines.append(u"Nothing was found to erase or rewrite in %1."_s.arg(QDir::homePath()));
+        lines.append(RunReport::nothingFound(QDir::homePath()));
     lines.append(RunReport::planTotals(plan));
     return lines;
 }

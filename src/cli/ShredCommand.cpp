@@ -103,13 +103,13 @@ int shred(const ShredOptions& options)
     bool stopping = false;
     InterruptWatcher interrupts([&] {
         if (controller.isShredding()) {
-            view.say(stopping ? u"Still finishing the current item: it is never left half-erased."_s
-                              : u"Stopping after the current item; the others stay as they are."_s);
+            view.say(stopping ? Cli::tr("Still finishing the current item: it is never left half-erased.")
+                              : Cli::tr("Stopping after the current item; the others stay as they are."));
             stopping = true;
             controller.stopRun();
             return;
         }
-        view.say(u"Stopped before anything was erased."_s);
+        view.say(Cli::tr("Stopped before anything was erased."));
         if (controller.applicationShouldTerminate() == Controller::TerminateReply::Now)
             loop.quit();
     });

@@ -1,5 +1,7 @@
 #include "cli/TerminalProgress.h"
 
+#include "cli/CliOutput.h"
+
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -92,7 +94,7 @@ void TerminalProgress::redraw(bool force)
         return;
     QString line;
     if (m_finding) {
-        line = u"Finding items that need shredding…"_s;
+        line = Cli::tr("Finding items that need shredding…");
     } else if (!m_name.isEmpty() && m_total != 0) {
         const int percent = int(qMin<quint64>(100, 100 * m_done / m_total));
         const int filled = percent * kBarWidth / 100;

@@ -75,7 +75,7 @@ DesktopApplication::DesktopApplication(DesktopPlatform platform, bool startHidde
     connect(m_window.get(), &MainWindow::resultShown, this, [this](const QString& summary) {
         QSystemTrayIcon* tray = m_menus->trayIcon();
         if (tray && (!m_window->isVisible() || m_window->isMinimized()))
-            tray->showMessage(u"Vantle X"_s, summary, QSystemTrayIcon::Information);
+            tray->showMessage(tr("Vantle X"), summary, QSystemTrayIcon::Information);
     });
     connect(m_window.get(), &MainWindow::hideRequested, this, &DesktopApplication::hideApplication);
     connect(m_window.get(), &MainWindow::closeRequested, this, &DesktopApplication::windowCloseRequested);

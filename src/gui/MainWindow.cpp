@@ -67,15 +67,19 @@ MainWindow::MainWindow(UserDefaults& defaults, std::function<void()> beep, QWidg
                                   .arg(ApplicationMenus::shredShortcut().toString(QKeySequence::NativeText)));
     m_shredButton->setAccessibleDescription(m_shredButton->toolTip());
     connect(m_shredButton, &QPushButton::clicked, this, &MainWindow::shredClicked);
-    m_previewButton = new QPushButton(u"Preview…"_s);
+    m_previewButton = new QPushButton(tr("&Preview…"));
     m_previewButton->setObjectName(u"mPreviewButton"_s);
+    m_previewButton->setToolTip(tr("Show what a run would erase and rewrite, and change nothing"));
+    m_previewButton->setAccessibleDescription(m_previewButton->toolTip());
     connect(m_previewButton, &QPushButton::clicked, this, &MainWindow::previewClicked);
-    m_stopButton = new QPushButton(u"Stop"_s);
+    m_stopButton = new QPushButton(tr("S&top"));
     m_stopButton->setObjectName(u"mStopButton"_s);
+    m_stopButton->setToolTip(tr("Stop the run after the item it is erasing; the others stay as they are"));
+    m_stopButton->setAccessibleDescription(m_stopButton->toolTip());
     m_stopButton->setEnabled(false);
     connect(m_stopButton, &QPushButton::clicked, this, [this] {
         m_stopButton->setEnabled(false);
-        m_stopButton->setText(u"Stopping…"_s);
+        m_stopButton->setText(tr("Stopping…"));
         emit stopClicked();
     });
 
@@ -211,7 +215,7 @@ void MainWindow::setShredButtonEnabled(bool enabled)
     m_shredButton->setEnabled(enabled);
     m_previewButton->setEnabled(enabled);
     m_stopButton->setEnabled(!enabled);
-    m_stopButton->setText(u"Stop"_s);
+    m_stopButton->setText(tr("S&top"));
     if (enabled)
         m_shredButton->setFocus();
 }

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLocale>
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -16,10 +17,11 @@ using namespace Qt::StringLiterals;
 PreviewWindow::PreviewWindow(QWidget* parent)
     : QDialog(parent)
 {
-    setWindowTitle(u"Vantle X Preview"_s);
+    setWindowTitle(tr("Vantle X Preview"));
     m_tree = new QTreeWidget;
     m_tree->setObjectName(u"mPreviewTree"_s);
-    m_tree->setHeaderLabels({u"Item"_s, u"Files"_s, u"Size"_s});
+    m_tree->setAccessibleName(tr("What a run would erase and rewrite"));
+    m_tree->setHeaderLabels({tr("Item"), tr("Files"), tr("Size")});
     m_tree->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_tree->header()->setStretchLastSection(false);
     m_tree->setUniformRowHeights(true);
@@ -28,7 +30,7 @@ PreviewWindow::PreviewWindow(QWidget* parent)
     m_totals->setWordWrap(true);
 
     auto* buttons = new QDialogButtonBox;
-    QPushButton* shred = buttons->addButton(u"Shred"_s, QDialogButtonBox::AcceptRole);
+    QPushButton* shred = buttons->addButton(tr("&Shred"), QDialogButtonBox::AcceptRole);
     shred->setObjectName(u"mPreviewShredButton"_s);
     buttons->addButton(QDialogButtonBox::Close)->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, [this] {
@@ -52,7 +54,7 @@ void PreviewWindow::showPlan(const RunPlan& plan)
     const auto application = [&](const QString& name) {
         QTreeWidgetItem*& item = applications[name];
         if (!item) {
-            item = new QTreeWidgetItem(m_tree, {name});
+            item = new QTreeWidgetItem(m_tree, {RunReport::applicationName(name)});
             QFont bold = item->font(0);
             bold.setBold(true);
             item->setFont(0, bold);
@@ -73,7 +75,7 @@ void PreviewWindow::showPlan(const RunPlan& plan)
         files += item.files;
         bytes += item.bytes;
         if (!oldCopies.contains(item.path))
-            row(application(item.application), RunReport::tilde(item.path), QString::number(item.files),
+            row(application(item.application), RunReport::tilde(item.path), QLocale().toString(item.files),
                 RunReport::humanSize(item.bytes));
     }
     for (const Rewrite& rewrite : plan.rewrites) {
@@ -82,11 +84,11 @@ void PreviewWindow::showPlan(const RunPlan& plan)
             if (!rewrite.oldCopy.isEmpty() && item.path == rewrite.oldCopy)
                 size = RunReport::humanSize(item.bytes);
         }
-        row(application(rewrite.application), u"Rewrite %1"_s.arg(RunReport::tilde(rewrite.path)), QString(), size);
+        row(application(rewrite.application), tr("Rewrite %1").arg(RunReport::tilde(rewrite.path)), QString(), size);
     }
     for (auto it = applications.cbegin(); it != applications.cend(); ++it) {
         const auto [files, bytes] = sizes.value(it.key());
-        it.value()->setText(1, QString::number(files));
+        it.value()->setText(1, QLocale().toString(files));
         it.value()->setText(2, RunReport::humanSize(bytes));
         it.value()->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
         it.value()->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
@@ -96,8 +98,8 @@ void PreviewWindow::showPlan(const RunPlan& plan)
 
     QStringList lines{RunReport::planTotals(plan)};
     if (!plan.passedOver.isEmpty())
-        lines.append(u"Passed over because running: %1."_s.arg(plan.passedOver.join(u", "_s)));
+        lines.append(RunReport::passedOver(plan.passedOver));
     if (plan.items.isEmpty() && plan.rewrites.isEmpty())
-        lines.prepend(u"Nothing was found to erase or rewrite in %1."_s.arg(RunReport::tilde(QDir::homePath())));
+        lines.prepend(RunReport::nothingFound(RunReport::tilde(QDir::homePath())));
     m_totals->setText(lines.join(u'\n'));
 }

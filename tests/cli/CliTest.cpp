@@ -176,8 +176,15 @@ TEST_F(CliTest, GermanTextsComeFromTheCatalogueWhileKeysAndTheLogStayEnglish)
               u"vantle-cli: unbekannter Befehl 'shrd'; meinten Sie 'shred'?\nMehr dazu mit 'vantle-cli --help'.\n"_s);
     EXPECT_EQ(cli({u"prefs"_s, u"list"_s}).out.section(u'\n', 0, 0).simplified(), u"ShredCache YES Werkseinstellung"_s);
 
+    // The plan's and the result's words are the front ends'; the JSON keeps its keys.
+    const CliRun plan = cli({u"shred"_s, u"--dry-run"_s});
+    EXPECT_TRUE(plan.out.contains(u"Würde 0 Einträge löschen (0 Dateien, 0 Bytes)"_s)) << qPrintable(plan.out);
+    EXPECT_TRUE(cli({u"shred"_s, u"--dry-run"_s, u"--json"_s}).out.contains(u"\"passed_over\""_s));
+
     ASSERT_EQ(cli({u"prefs"_s, u"set"_s, u"ActivityLog"_s, u"YES"_s}).exitCode, 0);
-    ASSERT_EQ(cli({u"shred"_s, u"--yes"_s, u"--quiet"_s}).exitCode, 0);
+    const CliRun shred = cli({u"shred"_s, u"--yes"_s, u"--quiet"_s});
+    ASSERT_EQ(shred.exitCode, 0);
+    EXPECT_TRUE(shred.out.contains(u"\nDauer: "_s)) << qPrintable(shred.out);
     const QString log = QString::fromUtf8(home.read(u"Library/Logs/Vantle X Log.txt"_s));
     EXPECT_TRUE(log.contains(u"User selected YES in Confirm dialog"_s)) << qPrintable(log.left(300));
     EXPECT_TRUE(stored().contains(u"ActivityLog"_s));
