@@ -527,68 +527,6 @@ um zu sehen, was ein Lauf löschen würde.
         <translation>nichts wurde gelöscht: shred und watch warten, bis die Werkseinstellungen bestätigt sind oder die Einstellungsdatei repariert ist.</translation>
     </message>
     <message>
-        <source>Examples:
-  vantle-cli shred --dry-run          list what a run would erase, change nothing
-  vantle-cli shred --yes              erase without asking
-  vantle-cli prefs set ShredHistory YES
-                                      erase the browsing history too
-  vantle-cli keep add example.org     keep that site&apos;s HTML5 storage
-  vantle-cli erase ~/Downloads/old.pdf
-                                      overwrite and remove one file
-  vantle-cli apps list --home /mnt/mac/Users/me
-                                      work on another home folder
-
-Exit status:
-  0  the command did what it was asked
-  1  the run was cancelled, or a file could not be erased
-  2  the command line was refused (unknown command, setting or name, a value of
-     the wrong kind); nothing was changed
-  3  another run was erasing in the same home (its program and process are named on
-     the standard error); nothing was changed. shred and erase wait for it with --wait
-  5  the settings file is damaged: it was kept aside and shred and watch erase nothing
-     until &apos;prefs reset&apos; confirms the factory settings or the file is repaired
-
-Files:
-  ~/.config/com.orvick.vantle.plist     the settings, shared with the desktop application
-  ~/.config/com.orvick.vantle.lock      held by the run that is erasing, and names it
-  ~/Library/Logs/Vantle X Log.txt       the activity log of the last run, when it is on
-  /usr/share/vantle/                    resources: the SQLite shell, empty databases
-
-vantle-cli never creates a login item; the desktop application vantle(1) starts the
-watch at login while the watch is on.</source>
-        <translation>Beispiele:
-  vantle-cli shred --dry-run          zeigen, was ein Lauf löschen würde, nichts ändern
-  vantle-cli shred --yes              ohne Rückfrage löschen
-  vantle-cli prefs set ShredHistory YES
-                                      auch den Browserverlauf löschen
-  vantle-cli keep add example.org     den HTML5-Speicher dieser Website behalten
-  vantle-cli erase ~/Downloads/old.pdf
-                                      eine Datei überschreiben und entfernen
-  vantle-cli apps list --home /mnt/mac/Users/me
-                                      mit einem anderen persönlichen Ordner arbeiten
-
-Rückgabewert:
-  0  der Befehl hat getan, was verlangt war
-  1  der Lauf wurde abgebrochen, oder eine Datei konnte nicht gelöscht werden
-  2  die Befehlszeile wurde abgelehnt (unbekannter Befehl, unbekannte Einstellung
-     oder unbekannter Name, ein Wert der falschen Art); nichts wurde geändert
-  3  ein anderer Lauf löschte im selben persönlichen Ordner (Programm und Prozess
-     nennt die Standardfehlerausgabe); nichts wurde geändert. shred und erase warten
-     mit --wait auf ihn
-  5  die Einstellungsdatei ist beschädigt: sie wurde beiseitegelegt, und shred und watch
-     löschen nichts, bis &apos;prefs reset&apos; die Werkseinstellungen bestätigt oder die Datei
-     repariert ist
-
-Dateien:
-  ~/.config/com.orvick.vantle.plist     die Einstellungen, geteilt mit dem Desktop-Programm
-  ~/.config/com.orvick.vantle.lock      gehalten vom Lauf, der gerade löscht, und nennt ihn
-  ~/Library/Logs/Vantle X Log.txt       das Protokoll des letzten Laufs, wenn es an ist
-  /usr/share/vantle/                    Ressourcen: die SQLite-Shell, leere Datenbanken
-
-vantle-cli legt nie einen Anmeldeeintrag an; das Desktop-Programm vantle(1) startet die
-Überwachung bei der Anmeldung, solange sie an ist.</translation>
-    </message>
-    <message>
         <source>vantle-cli: HOME is not set; working in %1 as the home folder
 </source>
         <translation>vantle-cli: HOME ist nicht gesetzt; %1 dient als persönlicher Ordner
@@ -633,6 +571,87 @@ vantle-cli legt nie einen Anmeldeeintrag an; das Desktop-Programm vantle(1) star
     <message>
         <source>Finding items that need shredding…</source>
         <translation>Suche, was geschreddert werden muss…</translation>
+    </message>
+    <message>
+        <source>vantle-cli: 1 item could not be erased as asked</source>
+        <translation>vantle-cli: 1 Eintrag konnte nicht wie verlangt gelöscht werden</translation>
+    </message>
+    <message>
+        <source>vantle-cli: %1 items could not be erased as asked</source>
+        <translation>vantle-cli: %1 Einträge konnten nicht wie verlangt gelöscht werden</translation>
+    </message>
+    <message>
+        <source> (first: %1)</source>
+        <translation> (zuerst: %1)</translation>
+    </message>
+    <message>
+        <source>Examples:
+  vantle-cli shred --dry-run          list what a run would erase, change nothing
+  vantle-cli shred --yes              erase without asking
+  vantle-cli prefs set ShredHistory YES
+                                      erase the browsing history too
+  vantle-cli keep add example.org     keep that site&apos;s HTML5 storage
+  vantle-cli erase ~/Downloads/old.pdf
+                                      overwrite and remove one file
+  vantle-cli apps list --home /mnt/mac/Users/me
+                                      work on another home folder
+
+Exit status:
+  0  the command did what it was asked
+  1  the run was cancelled, or a path given to erase does not exist
+  2  the command line was refused (unknown command, setting or name, a value of
+     the wrong kind); nothing was changed
+  3  another run was erasing in the same home (its program and process are named on
+     the standard error); nothing was changed. shred and erase wait for it with --wait
+  4  some items could not be erased as asked: left in place (a folder that could not
+     be emptied), not begun (a stopped run) or removed without their contents
+     overwritten; their count is on the standard error, the reasons in the log
+  5  the settings file is damaged: it was kept aside and shred and watch erase nothing
+     until &apos;prefs reset&apos; confirms the factory settings or the file is repaired
+
+Files:
+  ~/.config/com.orvick.vantle.plist     the settings, shared with the desktop application
+  ~/.config/com.orvick.vantle.lock      held by the run that is erasing, and names it
+  ~/Library/Logs/Vantle X Log.txt       the activity log of the last run, when it is on
+  /usr/share/vantle/                    resources: the SQLite shell, empty databases
+
+vantle-cli never creates a login item; the desktop application vantle(1) starts the
+watch at login while the watch is on.</source>
+        <translation>Beispiele:
+  vantle-cli shred --dry-run          zeigen, was ein Lauf löschen würde, nichts ändern
+  vantle-cli shred --yes              ohne Rückfrage löschen
+  vantle-cli prefs set ShredHistory YES
+                                      auch den Browserverlauf löschen
+  vantle-cli keep add example.org     den HTML5-Speicher dieser Website behalten
+  vantle-cli erase ~/Downloads/old.pdf
+                                      eine Datei überschreiben und entfernen
+  vantle-cli apps list --home /mnt/mac/Users/me
+                                      mit einem anderen persönlichen Ordner arbeiten
+
+Rückgabewert:
+  0  der Befehl hat getan, was verlangt war
+  1  der Lauf wurde abgebrochen, oder ein zu löschender Pfad existiert nicht
+  2  die Befehlszeile wurde abgelehnt (unbekannter Befehl, unbekannte Einstellung
+     oder unbekannter Name, ein Wert der falschen Art); nichts wurde geändert
+  3  ein anderer Lauf löschte im selben persönlichen Ordner (Programm und Prozess
+     nennt die Standardfehlerausgabe); nichts wurde geändert. shred und erase warten
+     mit --wait auf ihn
+  4  einiges konnte nicht wie verlangt gelöscht werden: es blieb liegen (ein Ordner, der
+     sich nicht leeren ließ), wurde nicht begonnen (ein angehaltener Lauf) oder wurde
+     entfernt, ohne dass sein Inhalt überschrieben wurde; die Anzahl nennt die
+     Standardfehlerausgabe, die Gründe das Protokoll
+  5  die Einstellungsdatei ist beschädigt: sie wurde beiseitegelegt, und shred und watch
+     löschen nichts, bis &apos;prefs reset&apos; die Werkseinstellungen bestätigt oder die Datei
+     repariert ist
+
+Dateien:
+  ~/.config/com.orvick.vantle.plist     die Einstellungen, geteilt mit dem Desktop-Programm
+  ~/.config/com.orvick.vantle.lock      gehalten vom Lauf, der gerade löscht, und nennt ihn
+  ~/Library/Logs/Vantle X Log.txt       das Protokoll des letzten Laufs, wenn es an ist
+  /usr/share/vantle/                    Ressourcen: die SQLite-Shell, leere Datenbanken
+
+vantle-cli legt nie einen Anmeldeeintrag an; das Desktop-Programm vantle(1) startet die
+Überwachung bei der Anmeldung, solange sie an ist.</translation>
     </message>
 </context>
 <context>

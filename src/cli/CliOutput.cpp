@@ -22,7 +22,9 @@ int incompleteStatus(const EraseTally& tally)
 {
     if (tally.incomplete() == 0)
         return 0;
-    QString message = Cli::tr("vantle-cli: %n item(s) could not be erased as asked", nullptr, int(tally.incomplete()));
+    QString message = tally.incomplete() == 1
+                          ? Cli::tr("vantle-cli: 1 item could not be erased as asked")
+                          : Cli::tr("vantle-cli: %1 items could not be erased as asked").arg(tally.incomplete());
     if (!tally.firstFailure.isEmpty())
         message += Cli::tr(" (first: %1)").arg(tally.firstFailure);
     std::fputs((message + u'\n').toUtf8().constData(), stderr);

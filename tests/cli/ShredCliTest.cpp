@@ -211,7 +211,7 @@ TEST_F(ShredCliTest, OnATerminalCtrlCStopsAfterTheCurrentItemAndTheProgressLineN
                            u"Erased 1 item (1 file, 16.0 MiB = 16777216 bytes)."_s,
                            u"Rewrote 0 databases and settings files."_s, u"Stopped: 2 items left as they were."_s}) +
                   screenLines(output).filter(u"Took "_s) +
-                  QStringList{u"vantle-cli: 2 item(s) could not be erased as asked"_s})
+                  QStringList{u"vantle-cli: 2 items could not be erased as asked"_s})
         << output.constData();
     EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Opera"_s)));
     EXPECT_EQ(snapshot().filter(u"/Library/Caches/Safari"_s) + snapshot().filter(u"/Library/Caches/Google"_s),
