@@ -2,7 +2,7 @@
 
 #include "cleaners/CleanerContext.h"
 #include "cleaners/DatabaseFiles.h"
-#include "cleaners/DatabaseLock.h"
+#include "cleaners/DatabaseWriteLock.h"
 #include "cleaners/SchemaDigest.h"
 #include "cleaners/SqliteShell.h"
 #include "core/Bundle.h"
@@ -93,7 +93,7 @@ QString PlacesScrub::firefox3sqlite(const QString& placesFile)
     if (!SqliteShell::isQuotablePath(folder.path()))
         return fail(u"Places Database folder name holds a quote or backslash - not rewritten."_s);
     // Held until the new database is in place (a dry run writes nothing, and takes no lock).
-    std::optional<DatabaseLock> lock;
+    std::optional<DatabaseWriteLock> lock;
     if (!mContext.dryRun && lock.emplace(placesFile).isInUse())
         return fail(u"Places Database is in use by another program - not rewritten."_s);
 

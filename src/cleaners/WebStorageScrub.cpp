@@ -2,7 +2,7 @@
 
 #include "cleaners/CleanerContext.h"
 #include "cleaners/DatabaseFiles.h"
-#include "cleaners/DatabaseLock.h"
+#include "cleaners/DatabaseWriteLock.h"
 #include "cleaners/SchemaDigest.h"
 #include "cleaners/SqliteShell.h"
 #include "core/Bundle.h"
@@ -87,7 +87,7 @@ public:
         if (!SqliteShell::isQuotablePath(mFolder.path()))
             return fail(u"Databases folder name holds a quote or backslash - not rewritten."_s);
         // Held until the new database is in place (a dry run writes nothing, and takes no lock).
-        std::optional<DatabaseLock> lock;
+        std::optional<DatabaseWriteLock> lock;
         if (!mContext.dryRun && QFileInfo::exists(mPath) && lock.emplace(mPath).isInUse())
             return fail(mStore.inUse);
 

@@ -1,11 +1,11 @@
-#include "cleaners/DatabaseLock.h"
+#include "cleaners/DatabaseWriteLock.h"
 
 #include <QFile>
 #include <QFileInfo>
 
 #include <sqlite3.h>
 
-DatabaseLock::DatabaseLock(const QString& path)
+DatabaseWriteLock::DatabaseWriteLock(const QString& path)
 {
     // Another program's unfinished writes: rebuilding now would drop them.
     for (const char* suffix : {"-journal", "-wal"}) {
@@ -21,7 +21,7 @@ DatabaseLock::DatabaseLock(const QString& path)
     mInUse = result == SQLITE_BUSY || result == SQLITE_LOCKED;
 }
 
-DatabaseLock::~DatabaseLock()
+DatabaseWriteLock::~DatabaseWriteLock()
 {
     if (mHeld)
         sqlite3_exec(mDatabase, "ROLLBACK", nullptr, nullptr, nullptr);

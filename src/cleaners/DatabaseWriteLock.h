@@ -10,12 +10,12 @@ struct sqlite3;
 // or write-ahead log beside it, or a lock that cannot be had at once) is in use,
 // and is left exactly as it is. A file that is no database is not in use: the
 // schema check turns it away.
-class DatabaseLock {
+class DatabaseWriteLock {
 public:
-    explicit DatabaseLock(const QString& path);
-    ~DatabaseLock();
-    DatabaseLock(const DatabaseLock&) = delete;
-    DatabaseLock& operator=(const DatabaseLock&) = delete;
+    explicit DatabaseWriteLock(const QString& path);
+    ~DatabaseWriteLock();
+    DatabaseWriteLock(const DatabaseWriteLock&) = delete;
+    DatabaseWriteLock& operator=(const DatabaseWriteLock&) = delete;
 
     bool isInUse() const { return mInUse; }
 
