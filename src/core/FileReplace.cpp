@@ -1,5 +1,7 @@
 #include "core/FileReplace.h"
 
+#include "core/DiskSync.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -9,16 +11,6 @@
 namespace FileReplace {
 
 namespace {
-
-int syncPath(const QByteArray& path, int flags)
-{
-    const int fd = ::open(path.constData(), flags | O_CLOEXEC);
-    if (fd < 0)
-        return errno;
-    const int error = ::fsync(fd) == 0 ? 0 : errno;
-    ::close(fd);
-    return error;
-}
 
 QByteArray folderOf(const QByteArray& path)
 {
@@ -52,7 +44,7 @@ int renameOver(const QByteArray& from, const QByteArray& to)
 Outcome withFile(const QByteArray& file, const QByteArray& newFile, Strategy strategy, const QByteArray& oldCopy)
 {
     // The new contents must be on the disk before they replace the only other copy.
-    if (const int error = syncPath(newFile, O_RDONLY))
+    if (const int error = DiskSync::file(newFile))
         return {Step::WriteNew, error};
     if (strategy == Strategy::DropOld) {
         if (const int error = renameOver(newFile, file))
@@ -71,7 +63,7 @@ Outcome withFile(const QByteArray& file, const QByteArray& newFile, Strategy str
             return {Step::PutInPlace, error};
         }
     }
-    syncPath(folderOf(file), O_RDONLY | O_DIRECTORY);
+    DiskSync::folder(folderOf(file));
     return {};
 }
 

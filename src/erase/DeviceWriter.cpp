@@ -87,23 +87,3 @@ int DeviceWriter::finish()
 {
     return writeOut(0, 0);
 }
-
-int syncFileSystem(const QByteArray& path)
-{
-    const int fd = ::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (fd < 0)
-        return errno;
-    const int error = ::syncfs(fd) == 0 ? 0 : errno;
-    ::close(fd);
-    return error;
-}
-
-int syncFolder(const QByteArray& path)
-{
-    const int fd = ::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (fd < 0)
-        return errno;
-    const int error = ::fsync(fd) == 0 ? 0 : errno;
-    ::close(fd);
-    return error;
-}

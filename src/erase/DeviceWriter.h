@@ -44,9 +44,3 @@ private:
     bool mDirectAllowed = true;
     bool mDirect = false;
 };
-
-// Makes the entries of a folder (renames, removals) durable; 0 or the errno.
-int syncFolder(const QByteArray& path);
-
-// Commits the file system holding path and flushes its device's write cache.
-int syncFileSystem(const QByteArray& path);

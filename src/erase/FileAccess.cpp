@@ -1,5 +1,6 @@
 #include "erase/FileAccess.h"
 
+#include "core/DiskSync.h"
 #include "core/MainThread.h"
 #include "core/ProcessRandom.h"
 #include "erase/CopyOnWrite.h"
@@ -383,7 +384,7 @@ QByteArray FileAccess::moveAndRename(const QByteArray& path)
                                    ::renameat(entry.folder, entry.name.constData(), entry.folder, mName.data());
                                },
                                {}});
-    syncFolder(FileTree::parentOf(source));
+    DiskSync::folder(FileTree::parentOf(source));
     return holding;
 }
 
@@ -503,7 +504,7 @@ void FileAccess::shredNativePaths(const QList<QByteArray>& listed)
         struct stat info {};
         if (::stat(folder.constData(), &info) == 0 && !devices.contains(info.st_dev)) {
             devices.insert(info.st_dev);
-            syncFileSystem(folder);
+            DiskSync::fileSystem(folder);
         }
     }
     showProgressOnMainThread(0);
