@@ -1,6 +1,5 @@
 #include "erase/FileTree.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <limits.h>
 #include <stdlib.h>
@@ -23,16 +22,11 @@ bool isDirectory(const QByteArray& path)
 
 QList<QByteArray> entries(const QByteArray& folder)
 {
-    QList<QByteArray> names;
-    DIR* dir = ::opendir(folder.constData());
-    if (dir == nullptr)
-        return names;
-    while (const dirent* entry = ::readdir(dir)) {
-        const QByteArray name(entry->d_name);
-        if (name != "." && name != "..")
-            names.append(name);
-    }
-    ::closedir(dir);
+    const int fd = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (fd < 0)
+        return {};
+    const QList<QByteArray> names = FolderWalk::names(fd);
+    ::close(fd);
     return names;
 }
 
