@@ -87,9 +87,18 @@ void overwrite(benchmark::State& state, qint64 pattern, qint64 numberOfWrites, b
         benchmark::Counter(double(kFileSize) / 1e6 * double(state.iterations()), benchmark::Counter::kIsRate);
 }
 
-void BM_OverwriteZerosOnePass(benchmark::State& state) { overwrite(state, 3, 2, false, 1); }
-void BM_OverwriteRandomOnePass(benchmark::State& state) { overwrite(state, 0, 2, false, 1); }
-void BM_OverwriteDoD(benchmark::State& state) { overwrite(state, 3, 2, true, 3); }
+void BM_OverwriteZerosOnePass(benchmark::State& state)
+{
+    overwrite(state, 3, 2, false, 1);
+}
+void BM_OverwriteRandomOnePass(benchmark::State& state)
+{
+    overwrite(state, 0, 2, false, 1);
+}
+void BM_OverwriteDoD(benchmark::State& state)
+{
+    overwrite(state, 3, 2, true, 3);
+}
 
 void BM_RandomizeBuffer(benchmark::State& state)
 {

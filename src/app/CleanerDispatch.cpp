@@ -88,10 +88,11 @@ void CleanerDispatch::run(qint32 customIsRunning, quint8& logoutShutdownRestart)
         safari.Safari51();
         safari.Safari60();
     });
-    group(u"Mozilla"_s, isRunning(WatchedApp::netscape) || isRunning(WatchedApp::mozilla) || isRunning(WatchedApp::seamonkey), [&] {
-        mozilla.Mozilla();
-        mozilla.SeaMonkey1();
-    });
+    group(u"Mozilla"_s,
+          isRunning(WatchedApp::netscape) || isRunning(WatchedApp::mozilla) || isRunning(WatchedApp::seamonkey), [&] {
+              mozilla.Mozilla();
+              mozilla.SeaMonkey1();
+          });
     group(u"Postbox"_s, isRunning(WatchedApp::postbox), [&] { mail.Postbox21(); });
     group(u"Camino"_s, isRunning(WatchedApp::camino), [&] {
         mozilla.Camino07();

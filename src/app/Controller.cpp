@@ -34,10 +34,14 @@ const QString kWatchWaiting = u"Enabled and waiting for the first timer event to
 QString categoryList(const Preferences& preferences)
 {
     const QList<std::pair<QLatin1StringView, QString>> labels{
-        {PreferenceKey::ShredCache, u"Browser Cache"_s},       {PreferenceKey::ShredHistory, u"Browser History"_s},
-        {PreferenceKey::ShredIEDownloadCache, u"Download Cache"_s}, {PreferenceKey::shredSafariFavicon, u"Browser Icons"_s},
-        {PreferenceKey::ShredCookies, u"Cookies"_s},           {PreferenceKey::ShredMailCache, u"Mail Cache"_s},
-        {PreferenceKey::ShredAppleMailJunk, u"Apple Mail Junk"_s}, {PreferenceKey::ShredMailTrash, u"Mail Trash"_s},
+        {PreferenceKey::ShredCache, u"Browser Cache"_s},
+        {PreferenceKey::ShredHistory, u"Browser History"_s},
+        {PreferenceKey::ShredIEDownloadCache, u"Download Cache"_s},
+        {PreferenceKey::shredSafariFavicon, u"Browser Icons"_s},
+        {PreferenceKey::ShredCookies, u"Cookies"_s},
+        {PreferenceKey::ShredMailCache, u"Mail Cache"_s},
+        {PreferenceKey::ShredAppleMailJunk, u"Apple Mail Junk"_s},
+        {PreferenceKey::ShredMailTrash, u"Mail Trash"_s},
     };
     QStringList chosen;
     for (const auto& [key, label] : labels) {
@@ -126,8 +130,9 @@ void Controller::applicationDidFinishLaunching(bool startTimers)
     mServices.preferences.valueForKey(PreferenceKey::ShredCache);
 
     const bool watching = mServices.preferences.valueForKey(PreferenceKey::Tarnhold).toBool();
-    const bool hideAtStart = mServices.bundle.infoString(u"LSUIElement"_s) == u"1"_s ||
-                             (mServices.preferences.valueForKey(PreferenceKey::HideAfterShredding).toBool() && watching);
+    const bool hideAtStart =
+        mServices.bundle.infoString(u"LSUIElement"_s) == u"1"_s ||
+        (mServices.preferences.valueForKey(PreferenceKey::HideAfterShredding).toBool() && watching);
     if (hideAtStart)
         mServices.view.hideApplication();
     else
@@ -239,8 +244,9 @@ void Controller::shred()
     }
 
     mServices.view.setShredButtonEnabled(false);
-    ActivityLog::writeLogLine(u"Vantle v%1 (%2) Initiated"_s.arg(mServices.bundle.infoString(u"CFBundleShortVersionString"_s),
-                                                                  mServices.bundle.infoString(u"CFBundleVersion"_s)));
+    ActivityLog::writeLogLine(
+        u"Vantle v%1 (%2) Initiated"_s.arg(mServices.bundle.infoString(u"CFBundleShortVersionString"_s),
+                                           mServices.bundle.infoString(u"CFBundleVersion"_s)));
     ActivityLog::writeLogLine(QString());
 
     const QString categories = categoryList(mServices.preferences);
@@ -405,8 +411,9 @@ void Controller::callCleaners()
 
 void Controller::showFailedKillOnMainThread(int count)
 {
-    const QString message = u"%1 Email or Browser Applications did not quit.  Please quit them and click OK to continue.  "
-                            u"If you continue without quitting those applicaitons some items will not be shredded."_s.arg(count);
+    const QString message =
+        u"%1 Email or Browser Applications did not quit.  Please quit them and click OK to continue.  "
+        u"If you continue without quitting those applicaitons some items will not be shredded."_s.arg(count);
     if (mServices.view.runQuitBrowsersAlert(u"Vantle Quit Browsers"_s, message) == 1) {
         ActivityLog::writeLogLine(u"User selected Cancel in Quit Browsers dialog - Vantle Cancelled"_s);
         disableProcessDisplay();

@@ -33,7 +33,7 @@ struct ControllerServices {
     ControllerView& view;
     ApplicationQuitter& quitter;
     SessionEnd& sessionEnd;
-    CommandRunner& runner;  // ps for the watch, killall for a cleaner
+    CommandRunner& runner; // ps for the watch, killall for a cleaner
     const Bundle& bundle;
     std::function<void(int milliseconds)> sleepMilliseconds;
     // Finds and reports but changes no file and erases nothing; the run's log
@@ -150,7 +150,7 @@ private:
     QStringList mPathArray;
     QStringList mTouchArray;
     QStringList mFoundPaths;
-    RunPlan mPlan;  // of a dry run; only rewrites and applications otherwise
+    RunPlan mPlan; // of a dry run; only rewrites and applications otherwise
     QElapsedTimer mRunClock;
 
     ApplicationFlags mWasRunning;

@@ -28,7 +28,7 @@ public:
     virtual void setCustomStoppedCount(int count) = 0;
 
     virtual void setShredButtonEnabled(bool enabled) = 0;
-    virtual void showWindow() = 0;  // centred, in front, the application activated
+    virtual void showWindow() = 0; // centred, in front, the application activated
     virtual void hideApplication() = 0;
 
     // Asks to confirm a run; answers later with 1 for "Cancel" (the default) or 0 for "OK".

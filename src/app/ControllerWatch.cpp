@@ -57,8 +57,7 @@ bool Controller::CheckStatus()
         Notifications::OrvickCopyAndClearTHStatusNotification,
         {{u"mCustomShredTHStatus"_s, QVariant::fromValue(StatusMapRef{&mCustomShredTHStatus})}});
 
-    const ProcessResult listing =
-        mServices.runner.run(u"ps"_s, ProcessScan::psArguments(ProcessScan::loginName()));
+    const ProcessResult listing = mServices.runner.run(u"ps"_s, ProcessScan::psArguments(ProcessScan::loginName()));
     if (!listing.started) {
         lock.unlock();
         view([](ControllerView& v) { v.beep(); });

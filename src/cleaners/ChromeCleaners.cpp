@@ -121,15 +121,14 @@ void ChromeCleaners::Chrome50()
     }
 
     WebStorageScrub scrub(mContext, mContext.sqliteShell());
-    shredHtml5Storage(mContext, {u"~/Library/Application Support/Google/Chrome/Default/Local Storage"_s,
-                                 [](const HTML5Manager& manager) { return manager.html5PathsForChrome(); },
-                                 u"~/Library/Application Support/Google/Chrome/Default/databases"_s,
-                                 [&] {
-                                     return scrub.chrome5databasessqlite(chromeProfile() + u"databases/Databases.db"_s,
-                                                                         kDatabasesKey);
-                                 },
-                                 [](const HTML5Manager& manager) { return manager.html5DatabasesPathsForChrome(); },
-                                 {}});
+    shredHtml5Storage(
+        mContext,
+        {u"~/Library/Application Support/Google/Chrome/Default/Local Storage"_s,
+         [](const HTML5Manager& manager) { return manager.html5PathsForChrome(); },
+         u"~/Library/Application Support/Google/Chrome/Default/databases"_s,
+         [&] { return scrub.chrome5databasessqlite(chromeProfile() + u"databases/Databases.db"_s, kDatabasesKey); },
+         [](const HTML5Manager& manager) { return manager.html5DatabasesPathsForChrome(); },
+         {}});
     mContext.endCleaner();
 }
 
@@ -145,7 +144,8 @@ void ChromeCleaners::Chrome170()
     if (history)
         editJsonWithDetails(profile + u"Preferences"_s, u"dns_prefetching"_s, true);
     // Chrome's top sites go with the history unless the user keeps top sites.
-    shredOrSkipEach(history && !mContext.setting(KeepSafariTopSites), profile, {u"Top Sites"_s, u"Top Sites-journal"_s});
+    shredOrSkipEach(history && !mContext.setting(KeepSafariTopSites), profile,
+                    {u"Top Sites"_s, u"Top Sites-journal"_s});
     mContext.endCleaner();
 }
 
@@ -156,8 +156,9 @@ void ChromeCleaners::Chrome300()
         return;
     mContext.shredOrSkipFullPath(mContext.setting(ShredCache),
                                  CleanerContext::expandTilde(u"~/Library/Caches/Google/Chrome"_s));
-    mContext.shredOrSkipFullPath(mContext.setting(ShredHistory),
-                                 CleanerContext::expandTilde(u"~/Library/Saved Application State/com.google.Chrome.savedState"_s));
+    mContext.shredOrSkipFullPath(
+        mContext.setting(ShredHistory),
+        CleanerContext::expandTilde(u"~/Library/Saved Application State/com.google.Chrome.savedState"_s));
     mContext.endCleaner();
 }
 
@@ -170,8 +171,8 @@ void ChromeCleaners::Flock35UserData(const QString& userDataFolder)
         CleanerContext::expandTilde(u"~/Library/Caches/Flock/%1/Default/Cache"_s.arg(userDataFolder)));
     historyEntries(profile);
     shredOrSkipEach(history, profile,
-                    {u"Visited Links"_s, u"Archived History"_s, u"Last Session"_s, u"Current Session"_s,
-                     u"Last Tabs"_s, u"Current Tabs"_s});
+                    {u"Visited Links"_s, u"Archived History"_s, u"Last Session"_s, u"Current Session"_s, u"Last Tabs"_s,
+                     u"Current Tabs"_s});
     if (history)
         editJsonWithDetails(profile + u"Local State"_s, u"StartupDNSPrefetchList"_s, false);
     shredOrSkipEach(mContext.setting(shredSafariFavicon), profile, {u"Thumbnails"_s});

@@ -78,5 +78,5 @@ void CleanerContext::queueLeftover(const QString& fullPath)
     if (mQueue.setAside(fullPath))
         log(u"Shred (left by an interrupted run): "_s + fullPath);
     else
-        mQueue.eraseNow(fullPath);  // a second name of the live file, or nothing
+        mQueue.eraseNow(fullPath); // a second name of the live file, or nothing
 }

@@ -50,9 +50,15 @@ bool EnvelopeIndex::exec(const QString& sql, int (*callback)(void*, int, char**,
     return false;
 }
 
-bool EnvelopeIndex::select(const QString& query, QList<Row>& rows) { return exec(query, appendRow, &rows); }
+bool EnvelopeIndex::select(const QString& query, QList<Row>& rows)
+{
+    return exec(query, appendRow, &rows);
+}
 
-bool EnvelopeIndex::execute(const QString& statement) { return exec(statement, nullptr, nullptr); }
+bool EnvelopeIndex::execute(const QString& statement)
+{
+    return exec(statement, nullptr, nullptr);
+}
 
 void EnvelopeIndex::close()
 {

@@ -24,7 +24,7 @@ struct CleanerItem {
 // A cleaner whose work is a fixed list of paths.
 struct FixedCleaner {
     QString header;
-    QString enabledName;  // empty: not gated by an application
+    QString enabledName; // empty: not gated by an application
     QList<CleanerItem> items;
     // Index of an item after which the application is asked again whether it is
     // enabled; the remaining items run only if it still is.

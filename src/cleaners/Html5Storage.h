@@ -12,9 +12,9 @@ class HTML5Manager;
 // and web-database folders of the sites not kept, and the databases' index
 // rebuilt with only the kept sites' rows.
 struct Html5Storage {
-    QString localStorageName;  // as the log names the local-storage folder
+    QString localStorageName; // as the log names the local-storage folder
     std::function<QStringList(const HTML5Manager&)> localStoragePaths;
-    QString databasesName;  // as the log names the databases folder
+    QString databasesName; // as the log names the databases folder
     // Rebuilds the databases' index: the old index moved aside, or null on failure.
     std::function<QString()> rebuildIndex;
     std::function<QStringList(const HTML5Manager&)> databasePaths;

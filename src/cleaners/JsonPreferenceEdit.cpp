@@ -71,9 +71,8 @@ Result removeKey(const QString& file, const QString& key, bool requireKey, bool 
     if (dryRun)
         return Result::Done;
 
-    const FileReplace::Outcome outcome =
-        FileReplace::withBytes(nativeFile, text, status.st_mode & 07777, FileReplace::Strategy::KeepOld,
-                               QFile::encodeName(oldCopyPath(file)));
+    const FileReplace::Outcome outcome = FileReplace::withBytes(
+        nativeFile, text, status.st_mode & 07777, FileReplace::Strategy::KeepOld, QFile::encodeName(oldCopyPath(file)));
     switch (outcome.step) {
     case FileReplace::Step::None:
         return Result::Done;

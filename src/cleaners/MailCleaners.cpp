@@ -59,10 +59,22 @@ MailCleaners::MailCleaners(CleanerContext& context, const UserDefaults& defaults
 {
 }
 
-void MailCleaners::AppleMail11() { runFixedCleaner(MailCleanerTables::AppleMail11(), mContext); }
-void MailCleaners::MailCache() { runFixedCleaner(MailCleanerTables::MailCache(), mContext); }
-void MailCleaners::Eudora51() { runFixedCleaner(MailCleanerTables::Eudora51(), mContext); }
-void MailCleaners::Eudora62() { runFixedCleaner(MailCleanerTables::Eudora62(), mContext); }
+void MailCleaners::AppleMail11()
+{
+    runFixedCleaner(MailCleanerTables::AppleMail11(), mContext);
+}
+void MailCleaners::MailCache()
+{
+    runFixedCleaner(MailCleanerTables::MailCache(), mContext);
+}
+void MailCleaners::Eudora51()
+{
+    runFixedCleaner(MailCleanerTables::Eudora51(), mContext);
+}
+void MailCleaners::Eudora62()
+{
+    runFixedCleaner(MailCleanerTables::Eudora62(), mContext);
+}
 
 void MailCleaners::block(bool on, const QString& folder, const QStringList& names)
 {

@@ -8,7 +8,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString orDefault(const QString& value, const QString& fallback) { return value.isEmpty() ? fallback : value; }
+QString orDefault(const QString& value, const QString& fallback)
+{
+    return value.isEmpty() ? fallback : value;
+}
 
 // folder/subfolder/path with the extension on the path's last component, or a
 // null string when the parts do not name a mailbox inside folder.

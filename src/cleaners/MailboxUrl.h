@@ -6,9 +6,9 @@
 // their stand-ins when a part is missing, and the mailbox files it names below
 // the mail folder.
 struct MailboxUrl {
-    QString path;  // decoded; "unknown-path" when missing
-    QString host;  // spelled as in the url; "unknown-host" when missing
-    QString user;  // decoded ("me%40example.com" is "me@example.com"); "unknown-user" when missing
+    QString path; // decoded; "unknown-path" when missing
+    QString host; // spelled as in the url; "unknown-host" when missing
+    QString user; // decoded ("me%40example.com" is "me@example.com"); "unknown-user" when missing
     // The mailbox below the mail folder, and its other spelling ("POP:" and
     // "IMAP:" account folders); null when the url names none.
     QString mailbox;

@@ -21,7 +21,8 @@ namespace {
 const QString kNoneSelected = u"No profiles selected."_s;
 const QString kNoneSelectedInMenu = u"No profiles selected in the Profiles menu"_s;
 const QString kNotOneSalt = u"Not exactly 1 Salt folder.  Profile Skipped."_s;
-const QStringList kCacheFiles{u"Cache"_s, u"OfflineCache"_s, u"urlclassifier3.sqlite"_s, u"XPC.mfasl"_s, u"XUL.mfasl"_s};
+const QStringList kCacheFiles{u"Cache"_s, u"OfflineCache"_s, u"urlclassifier3.sqlite"_s, u"XPC.mfasl"_s,
+                              u"XUL.mfasl"_s};
 
 QString join(const QString& folder, const QString& name)
 {
@@ -192,11 +193,12 @@ void MozillaCleaners::Firefox10()
     mContext.header(u"Firefox 1.0"_s);
     if (!mContext.gate(u"Firefox"_s))
         return;
-    walkSelectedProfiles(u"~/Library/Application Support/Firefox/Profiles"_s, kNoneSelected, [&](const QString& profile) {
-        block(mContext.setting(ShredCache), profile, {u"Cache"_s});
-        block(mContext.setting(ShredHistory), profile, {u"history.dat"_s});
-        block(mContext.setting(ShredIEDownloadCache), profile, {u"downloads.rdf"_s});
-    });
+    walkSelectedProfiles(u"~/Library/Application Support/Firefox/Profiles"_s, kNoneSelected,
+                         [&](const QString& profile) {
+                             block(mContext.setting(ShredCache), profile, {u"Cache"_s});
+                             block(mContext.setting(ShredHistory), profile, {u"history.dat"_s});
+                             block(mContext.setting(ShredIEDownloadCache), profile, {u"downloads.rdf"_s});
+                         });
 }
 
 void MozillaCleaners::walkCacheAndSupport(const QString& supportFolder, const QString& cacheFolder,
@@ -238,8 +240,8 @@ void MozillaCleaners::SeaMonkey20cache()
     mContext.header(u"SeaMonkey 2.0 Cache"_s);
     if (!mContext.gate(u"SeaMonkey 2"_s))
         return;
-    walkCacheAndSupport(u"~/Library/Application Support/SeaMonkey/Profiles"_s,
-                        u"~/Library/Caches/SeaMonkey/Profiles"_s, kCacheFiles, true);
+    walkCacheAndSupport(u"~/Library/Application Support/SeaMonkey/Profiles"_s, u"~/Library/Caches/SeaMonkey/Profiles"_s,
+                        kCacheFiles, true);
 }
 
 void MozillaCleaners::Flock25()
@@ -299,7 +301,8 @@ void MozillaCleaners::sessionsAndPasswords(const QString& profile)
     if (!name.isEmpty())
         block(true, profile, {name});
     else if (!signonFileName(text).isNull())
-        mContext.log(u"Skip: Passwords file named in prefs.js is not a file of the profile folder: "_s + signonFileName(text));
+        mContext.log(u"Skip: Passwords file named in prefs.js is not a file of the profile folder: "_s +
+                     signonFileName(text));
 }
 
 void MozillaCleaners::Firefox20()
@@ -356,7 +359,7 @@ void MozillaCleaners::placesProfile(const QString& profile)
     block(mContext.setting(ShredCookies), profile, {u"cookies.sqlite"_s, u"cookies.txt"_s});
     if (mContext.setting(ShredIEDownloadCache))
         block(true, profile, {u"downloads.sqlite"_s});
-    else  // the skip names the file twice, as it always has
+    else // the skip names the file twice, as it always has
         block(false, profile, {u"downloads.sqlite"_s, u"downloads.sqlite"_s});
 }
 

@@ -157,7 +157,8 @@ void PlacesScrub::copyRows(const QString& live, const QString& work, const QStri
         // Only the places a bookmark or an annotation needs, and the first three.
         copy(u"moz_places"_s,
              u"select moz_places.* from moz_places, moz_annos where moz_places.id = moz_annos.place_id;"_s);
-        copy(u"moz_places"_s, u"select moz_places.* from moz_places, moz_bookmarks where moz_places.id = moz_bookmarks.fk;"_s);
+        copy(u"moz_places"_s,
+             u"select moz_places.* from moz_places, moz_bookmarks where moz_places.id = moz_bookmarks.fk;"_s);
         copy(u"moz_places"_s, u"select * from moz_places where moz_places.id < 4;"_s);
     }
 
@@ -191,9 +192,8 @@ bool PlacesScrub::keptRowsArrived(const QString& live, const QString& work) cons
     // Without the history, the places the bookmarks and annotations point at must
     // all be there, or the kept bookmarks would lose their addresses.
     if (mContext.setting(PreferenceKey::ShredHistory)) {
-        const QString needed =
-            u"select count(*) from moz_places where id < 4 or id in (select fk from moz_bookmarks)"
-            " or id in (select place_id from moz_annos);"_s;
+        const QString needed = u"select count(*) from moz_places where id < 4 or id in (select fk from moz_bookmarks)"
+                               " or id in (select place_id from moz_annos);"_s;
         if (mShell.firefox3ExecuteSQL(needed, live) !=
             mShell.firefox3ExecuteSQL(u"select count(*) from moz_places;"_s, work))
             return false;

@@ -9,15 +9,14 @@ namespace SafariCleanerTables {
 
 const FixedCleaner& Safari10()
 {
-    static const FixedCleaner cleaner{
-        u"Safari"_s,
-        u"Safari"_s,
-        {
-            {ShredCache, {u"~/Library/Caches/Safari"_s}},
-            {ShredHistory, {u"~/Library/Safari/History.plist"_s}},
-            {ShredIEDownloadCache, {u"~/Library/Safari/Downloads.plist"_s}},
-            {shredSafariFavicon, {u"~/Library/Safari/Icons"_s}},
-        }};
+    static const FixedCleaner cleaner{u"Safari"_s,
+                                      u"Safari"_s,
+                                      {
+                                          {ShredCache, {u"~/Library/Caches/Safari"_s}},
+                                          {ShredHistory, {u"~/Library/Safari/History.plist"_s}},
+                                          {ShredIEDownloadCache, {u"~/Library/Safari/Downloads.plist"_s}},
+                                          {shredSafariFavicon, {u"~/Library/Safari/Icons"_s}},
+                                      }};
     return cleaner;
 }
 
@@ -29,7 +28,8 @@ const FixedCleaner& Safari30()
         {
             {ShredCache, {u"~/Library/Caches/com.apple.safari"_s, u"~/Library/Caches/MetaData/Safari"_s}},
             // Skipped history names only the index.
-            {ShredHistory, {u"~/Library/Safari/LastSession.plist"_s, u"~/Library/Safari/HistoryIndex.sk"_s},
+            {ShredHistory,
+             {u"~/Library/Safari/LastSession.plist"_s, u"~/Library/Safari/HistoryIndex.sk"_s},
              QStringList{u"~/Library/Safari/HistoryIndex.sk"_s}},
             {shredSafariFavicon, {u"~/Library/Safari/Webpageicons.db"_s}},
         }};
@@ -49,15 +49,14 @@ const FixedCleaner& Safari60()
 
 const FixedCleaner& Shiira12()
 {
-    static const FixedCleaner cleaner{
-        u"Shiira"_s,
-        u"Shiira"_s,
-        {
-            {ShredCache, {u"~/Library/Caches/Shiira"_s}},
-            {ShredHistory, {u"~/Library/Shiira/History.plist"_s}},
-            {ShredIEDownloadCache, {u"~/Library/Shiira/Downloads.plist"_s}},
-            {shredSafariFavicon, {u"~/Library/Shiira/IconDatabase"_s}},
-        }};
+    static const FixedCleaner cleaner{u"Shiira"_s,
+                                      u"Shiira"_s,
+                                      {
+                                          {ShredCache, {u"~/Library/Caches/Shiira"_s}},
+                                          {ShredHistory, {u"~/Library/Shiira/History.plist"_s}},
+                                          {ShredIEDownloadCache, {u"~/Library/Shiira/Downloads.plist"_s}},
+                                          {shredSafariFavicon, {u"~/Library/Shiira/IconDatabase"_s}},
+                                      }};
     return cleaner;
 }
 

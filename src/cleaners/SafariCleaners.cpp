@@ -2,8 +2,8 @@
 
 #include "cleaners/CleanerContext.h"
 #include "cleaners/Html5Storage.h"
-#include "cleaners/WebStorageScrub.h"
 #include "cleaners/SafariCleanerTables.h"
+#include "cleaners/WebStorageScrub.h"
 #include "core/ApplicationFlags.h"
 #include "core/ChildProcess.h"
 #include "settings/HTML5Manager.h"
@@ -24,11 +24,26 @@ SafariCleaners::SafariCleaners(CleanerContext& context, CommandRunner* runner)
 
 SafariCleaners::~SafariCleaners() = default;
 
-void SafariCleaners::Safari10() { runFixedCleaner(SafariCleanerTables::Safari10(), mContext); }
-void SafariCleaners::Safari30() { runFixedCleaner(SafariCleanerTables::Safari30(), mContext); }
-void SafariCleaners::Safari60() { runFixedCleaner(SafariCleanerTables::Safari60(), mContext); }
-void SafariCleaners::Shiira12() { runFixedCleaner(SafariCleanerTables::Shiira12(), mContext); }
-void SafariCleaners::Shiira20() { runFixedCleaner(SafariCleanerTables::Shiira20(), mContext); }
+void SafariCleaners::Safari10()
+{
+    runFixedCleaner(SafariCleanerTables::Safari10(), mContext);
+}
+void SafariCleaners::Safari30()
+{
+    runFixedCleaner(SafariCleanerTables::Safari30(), mContext);
+}
+void SafariCleaners::Safari60()
+{
+    runFixedCleaner(SafariCleanerTables::Safari60(), mContext);
+}
+void SafariCleaners::Shiira12()
+{
+    runFixedCleaner(SafariCleanerTables::Shiira12(), mContext);
+}
+void SafariCleaners::Shiira20()
+{
+    runFixedCleaner(SafariCleanerTables::Shiira20(), mContext);
+}
 
 QString SafariCleaners::temporaryCacheFolder(const QString& suffix)
 {
@@ -55,7 +70,8 @@ void SafariCleaners::Safari20Shiira12()
         return;
     // Safari 2 and Shiira 1.2 share one cookie file: it can go only when neither runs.
     if (mContext.mIsRunning[WatchedApp::safari] == 1 || mContext.mIsRunning[WatchedApp::shiira] == 1)
-        mContext.log(u"Cookie shredding skipped - Safari and Shiira share the cookies folder.  You must quit BOTH browsers to shred cookies"_s);
+        mContext.log(
+            u"Cookie shredding skipped - Safari and Shiira share the cookies folder.  You must quit BOTH browsers to shred cookies"_s);
     else
         mContext.shredOrSkip(mContext.setting(ShredCookies), u"~/Library/Cookies/Cookies.plist"_s);
     mContext.endCleaner();
@@ -87,25 +103,25 @@ void SafariCleaners::Safari50()
         return;
     WebStorageScrub scrub(mContext, mContext.sqliteShell());
     const QString tracker = CleanerContext::expandTilde(u"~/Library/Safari/LocalStorage/StorageTracker.db"_s);
-    shredHtml5Storage(
-        mContext,
-        {u"~/Library/Safari/LocalStorage"_s,
-         [](const HTML5Manager& manager) { return manager.html5LocalStoragePathsForSafari(); },
-         u"~/Library/Safari/Databases"_s,
-         [&] {
-             return scrub.safari5databasessqlite(CleanerContext::expandTilde(u"~/Library/Safari/Databases/Databases.db"_s),
-                                                 u"e137cf574bd35a232d169ad1eaa39c1a"_s);
-         },
-         [](const HTML5Manager& manager) { return manager.html5DatabasesPathsForSafari(); },
-         [&] {
-             if (!QFileInfo::exists(tracker))
-                 return true;
-             const QString oldTracker = scrub.safari5storagetrackersqlite(tracker, u"53442bbc056e072a2b8b9fd394e8c0c1"_s);
-             if (oldTracker.isNull())
-                 return false;
-             mContext.queue(oldTracker);
-             return true;
-         }});
+    shredHtml5Storage(mContext, {u"~/Library/Safari/LocalStorage"_s,
+                                 [](const HTML5Manager& manager) { return manager.html5LocalStoragePathsForSafari(); },
+                                 u"~/Library/Safari/Databases"_s,
+                                 [&] {
+                                     return scrub.safari5databasessqlite(
+                                         CleanerContext::expandTilde(u"~/Library/Safari/Databases/Databases.db"_s),
+                                         u"e137cf574bd35a232d169ad1eaa39c1a"_s);
+                                 },
+                                 [](const HTML5Manager& manager) { return manager.html5DatabasesPathsForSafari(); },
+                                 [&] {
+                                     if (!QFileInfo::exists(tracker))
+                                         return true;
+                                     const QString oldTracker = scrub.safari5storagetrackersqlite(
+                                         tracker, u"53442bbc056e072a2b8b9fd394e8c0c1"_s);
+                                     if (oldTracker.isNull())
+                                         return false;
+                                     mContext.queue(oldTracker);
+                                     return true;
+                                 }});
     mContext.endCleaner();
 }
 
@@ -127,9 +143,8 @@ void SafariCleaners::Safari51()
         // Window states, queued without a log line; the lower-cased name is used on purpose.
         const QString folder =
             CleanerContext::expandTilde(u"~/Library/Saved Application State/com.apple.Safari.savedState"_s);
-        const QStringList entries =
-            QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
-                                   QDir::Name | QDir::IgnoreCase);
+        const QStringList entries = QDir(folder).entryList(
+            QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase);
         for (const QString& name : entries) {
             const QString lower = name.toLower();
             if (lower.startsWith(u"window"_s))

@@ -16,7 +16,8 @@ namespace SimpleCleanerTables {
 
 const FixedCleaner& QuicktimeCache()
 {
-    static const FixedCleaner cleaner{u"Quicktime Cache"_s, {}, {{ShredQuicktimeCache, {u"~/Library/Caches/Quicktime"_s}}}};
+    static const FixedCleaner cleaner{
+        u"Quicktime Cache"_s, {}, {{ShredQuicktimeCache, {u"~/Library/Caches/Quicktime"_s}}}};
     return cleaner;
 }
 
@@ -44,7 +45,8 @@ const FixedCleaner& iCab411()
         {
             {ShredCache, {u"~/Library/Caches/iCab/Cache.db"_s}},
             {ShredIEDownloadCache, {u"~/Library/Preferences/iCab/iCab 4 Downloads"_s}},
-            {ShredHistory, {u"~/Library/Preferences/iCab/iCab 4 History"_s, u"~/Library/Preferences/iCab/iCab 4 TopTen"_s}},
+            {ShredHistory,
+             {u"~/Library/Preferences/iCab/iCab 4 History"_s, u"~/Library/Preferences/iCab/iCab 4 TopTen"_s}},
             {ShredCookies, {u"~/Library/Preferences/iCab/iCab 4 Cookies"_s}},
             {shredSafariFavicon, {u"~/Library/Icons/Webpageicons.db"_s}},
         },
@@ -55,7 +57,9 @@ const FixedCleaner& iCab411()
 const FixedCleaner& iCab30()
 {
     static const FixedCleaner cleaner{
-        u"iCab v3"_s, u"iCab"_s, {{ShredIEDownloadCache, {u"~/Library/Preferences/iCab Preferences/iCab DL-Manager"_s}}}};
+        u"iCab v3"_s,
+        u"iCab"_s,
+        {{ShredIEDownloadCache, {u"~/Library/Preferences/iCab Preferences/iCab DL-Manager"_s}}}};
     return cleaner;
 }
 
@@ -110,13 +114,12 @@ const FixedCleaner& OmniWeb51()
 
 const FixedCleaner& OmniWeb57()
 {
-    static const FixedCleaner cleaner{
-        u"OmniWeb 5.7"_s,
-        u"Omniweb"_s,
-        {
-            {ShredCache, {u"~/Library/Caches/com.omnigroup.OmniWeb5/WebKitCache"_s}},
-            {shredSafariFavicon, {u"~/Library/Application Support/OmniWeb 5/Icons"_s}},
-        }};
+    static const FixedCleaner cleaner{u"OmniWeb 5.7"_s,
+                                      u"Omniweb"_s,
+                                      {
+                                          {ShredCache, {u"~/Library/Caches/com.omnigroup.OmniWeb5/WebKitCache"_s}},
+                                          {shredSafariFavicon, {u"~/Library/Application Support/OmniWeb 5/Icons"_s}},
+                                      }};
     return cleaner;
 }
 
@@ -190,15 +193,14 @@ const FixedCleaner& Opera90()
 
 const FixedCleaner& Opera100()
 {
-    static const FixedCleaner cleaner{
-        u"Opera 10.x"_s,
-        u"Opera"_s,
-        {
-            {ShredHistory,
-             {u"~/Library/Preferences/Opera Preferences/typed_history.xml"_s,
-              u"~/Library/Preferences/Opera Preferences/global_history.dat"_s,
-              u"~/Library/Preferences/Opera Preferences/Bookmarks.bak"_s}},
-        }};
+    static const FixedCleaner cleaner{u"Opera 10.x"_s,
+                                      u"Opera"_s,
+                                      {
+                                          {ShredHistory,
+                                           {u"~/Library/Preferences/Opera Preferences/typed_history.xml"_s,
+                                            u"~/Library/Preferences/Opera Preferences/global_history.dat"_s,
+                                            u"~/Library/Preferences/Opera Preferences/Bookmarks.bak"_s}},
+                                      }};
     return cleaner;
 }
 
@@ -220,7 +222,9 @@ const FixedCleaner& Opera110()
              QStringList{u"~/Library/Opera/vlink4.dat"_s, u"~/Library/Opera/autopera.win"_s}},
             {ShredIEDownloadCache, {u"~/Library/Opera/download.dat"_s}},
             // The speed-dial page and its thumbnails go with the history unless top sites are kept.
-            {ShredHistory, {u"~/Library/Opera/speeddial.ini"_s, u"~/Library/Opera/opthumb.dat"_s}, std::nullopt,
+            {ShredHistory,
+             {u"~/Library/Opera/speeddial.ini"_s, u"~/Library/Opera/opthumb.dat"_s},
+             std::nullopt,
              KeepSafariTopSites},
         }};
     return cleaner;

@@ -10,21 +10,66 @@
 
 using namespace Qt::StringLiterals;
 
-void SimpleCleaners::QuicktimeCache() { runFixedCleaner(SimpleCleanerTables::QuicktimeCache(), mContext); }
-void SimpleCleaners::IE51() { runFixedCleaner(SimpleCleanerTables::IE51(), mContext); }
-void SimpleCleaners::iCab411() { runFixedCleaner(SimpleCleanerTables::iCab411(), mContext); }
-void SimpleCleaners::iCab30() { runFixedCleaner(SimpleCleanerTables::iCab30(), mContext); }
-void SimpleCleaners::iCab28() { runFixedCleaner(SimpleCleanerTables::iCab28(), mContext); }
-void SimpleCleaners::OmniWeb41() { runFixedCleaner(SimpleCleanerTables::OmniWeb41(), mContext); }
-void SimpleCleaners::OmniWeb51() { runFixedCleaner(SimpleCleanerTables::OmniWeb51(), mContext); }
-void SimpleCleaners::OmniWeb57() { runFixedCleaner(SimpleCleanerTables::OmniWeb57(), mContext); }
-void SimpleCleaners::Opera50() { runFixedCleaner(SimpleCleanerTables::Opera50(), mContext); }
-void SimpleCleaners::Opera60() { runFixedCleaner(SimpleCleanerTables::Opera60(), mContext); }
-void SimpleCleaners::Opera70() { runFixedCleaner(SimpleCleanerTables::Opera70(), mContext); }
-void SimpleCleaners::Opera80() { runFixedCleaner(SimpleCleanerTables::Opera80(), mContext); }
-void SimpleCleaners::Opera90() { runFixedCleaner(SimpleCleanerTables::Opera90(), mContext); }
-void SimpleCleaners::Opera100() { runFixedCleaner(SimpleCleanerTables::Opera100(), mContext); }
-void SimpleCleaners::Opera110() { runFixedCleaner(SimpleCleanerTables::Opera110(), mContext); }
+void SimpleCleaners::QuicktimeCache()
+{
+    runFixedCleaner(SimpleCleanerTables::QuicktimeCache(), mContext);
+}
+void SimpleCleaners::IE51()
+{
+    runFixedCleaner(SimpleCleanerTables::IE51(), mContext);
+}
+void SimpleCleaners::iCab411()
+{
+    runFixedCleaner(SimpleCleanerTables::iCab411(), mContext);
+}
+void SimpleCleaners::iCab30()
+{
+    runFixedCleaner(SimpleCleanerTables::iCab30(), mContext);
+}
+void SimpleCleaners::iCab28()
+{
+    runFixedCleaner(SimpleCleanerTables::iCab28(), mContext);
+}
+void SimpleCleaners::OmniWeb41()
+{
+    runFixedCleaner(SimpleCleanerTables::OmniWeb41(), mContext);
+}
+void SimpleCleaners::OmniWeb51()
+{
+    runFixedCleaner(SimpleCleanerTables::OmniWeb51(), mContext);
+}
+void SimpleCleaners::OmniWeb57()
+{
+    runFixedCleaner(SimpleCleanerTables::OmniWeb57(), mContext);
+}
+void SimpleCleaners::Opera50()
+{
+    runFixedCleaner(SimpleCleanerTables::Opera50(), mContext);
+}
+void SimpleCleaners::Opera60()
+{
+    runFixedCleaner(SimpleCleanerTables::Opera60(), mContext);
+}
+void SimpleCleaners::Opera70()
+{
+    runFixedCleaner(SimpleCleanerTables::Opera70(), mContext);
+}
+void SimpleCleaners::Opera80()
+{
+    runFixedCleaner(SimpleCleanerTables::Opera80(), mContext);
+}
+void SimpleCleaners::Opera90()
+{
+    runFixedCleaner(SimpleCleanerTables::Opera90(), mContext);
+}
+void SimpleCleaners::Opera100()
+{
+    runFixedCleaner(SimpleCleanerTables::Opera100(), mContext);
+}
+void SimpleCleaners::Opera110()
+{
+    runFixedCleaner(SimpleCleanerTables::Opera110(), mContext);
+}
 
 void SimpleCleaners::PluginsCache()
 {
@@ -70,8 +115,8 @@ void SimpleCleaners::Opera170()
     const QString folder = CleanerContext::expandTilde(u"~/Library/Application Support/com.operasoftware.Opera/"_s);
     const bool history = mContext.setting(ShredHistory);
     const bool icons = mContext.setting(shredSafariFavicon);
-    const QStringList entries = QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
-                                                       QDir::Name | QDir::IgnoreCase);
+    const QStringList entries = QDir(folder).entryList(
+        QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase);
     for (const QString& name : entries) {
         const QString path = folder + name;
         if (name.startsWith(u"History"_s))

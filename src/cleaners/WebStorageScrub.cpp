@@ -197,9 +197,10 @@ QString WebStorageScrub::firefox3webappsstoresqlite(const QString& path)
             // schema, the rows go to the table "webappsstore2", and the older
             // digest is paired with the query on "webappsstore".
             for (const QString& domain : keepList(true)) {
-                const QString query = workDigest == kFirefoxOlderKey
-                                    ? u"select webappsstore.* from webappsstore where webappsstore.domain like '%%1%';"_s
-                                    : u"select webappsstore2.* from webappsstore2 where webappsstore2.scope like '%%1%';"_s;
+                const QString query =
+                    workDigest == kFirefoxOlderKey
+                        ? u"select webappsstore.* from webappsstore where webappsstore.domain like '%%1%';"_s
+                        : u"select webappsstore2.* from webappsstore2 where webappsstore2.scope like '%%1%';"_s;
                 copy(u"webappsstore2"_s, query.arg(sqlText(domain)));
             }
         });
@@ -207,24 +208,26 @@ QString WebStorageScrub::firefox3webappsstoresqlite(const QString& path)
 
 QString WebStorageScrub::safari5databasessqlite(const QString& path, const QString& schemaMD5)
 {
-    return Rebuild(mContext, mShell, kDatabasesStore, path).run(true, {schemaMD5}, [](const Copy& copy, const QString&) {
-        for (const QString& domain : keepList(false)) {
-            copy(u"Databases"_s, domainQuery(u"Databases"_s, u"Origin"_s, domain));
-            copy(u"Origins"_s, domainQuery(u"Origins"_s, u"origin"_s, domain));
-        }
-    });
+    return Rebuild(mContext, mShell, kDatabasesStore, path)
+        .run(true, {schemaMD5}, [](const Copy& copy, const QString&) {
+            for (const QString& domain : keepList(false)) {
+                copy(u"Databases"_s, domainQuery(u"Databases"_s, u"Origin"_s, domain));
+                copy(u"Origins"_s, domainQuery(u"Origins"_s, u"origin"_s, domain));
+            }
+        });
 }
 
 QString WebStorageScrub::safari5storagetrackersqlite(const QString& path, const QString& schemaMD5)
 {
     // The caller has made sure the tracker exists.
-    return Rebuild(mContext, mShell, kDatabasesStore, path).run(false, {schemaMD5}, [](const Copy& copy, const QString&) {
-        // Safari's own resource origins always stay.
-        QStringList kept = keepList(false);
-        kept.append(u"safari-resource"_s);
-        for (const QString& domain : kept)
-            copy(u"Origins"_s, domainQuery(u"Origins"_s, u"origin"_s, domain));
-    });
+    return Rebuild(mContext, mShell, kDatabasesStore, path)
+        .run(false, {schemaMD5}, [](const Copy& copy, const QString&) {
+            // Safari's own resource origins always stay.
+            QStringList kept = keepList(false);
+            kept.append(u"safari-resource"_s);
+            for (const QString& domain : kept)
+                copy(u"Origins"_s, domainQuery(u"Origins"_s, u"origin"_s, domain));
+        });
 }
 
 QString WebStorageScrub::chrome5databasessqlite(const QString& path, const QString& schemaMD5)

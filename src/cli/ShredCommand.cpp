@@ -166,9 +166,9 @@ void addShredCommand(CLI::App& app, CommandAction& action)
                                       Cli::tr("Quit the browsers first, restart afterwards").toStdString());
     logout->excludes(shutdown)->excludes(restart);
     shutdown->excludes(restart);
-    command->add_flag("-n,--dry-run", options->dryRun,
-                      Cli::tr("Show what would be erased and rewritten, with sizes, and change nothing on disk")
-                          .toStdString());
+    command->add_flag(
+        "-n,--dry-run", options->dryRun,
+        Cli::tr("Show what would be erased and rewritten, with sizes, and change nothing on disk").toStdString());
     command->add_flag("-v,--verbose", options->verbose,
                       Cli::tr("With --dry-run: every Shred and Skip line first").toStdString());
     command->add_flag("--json", options->json, Cli::tr("With --dry-run: the plan as JSON").toStdString());

@@ -14,10 +14,10 @@
 class TerminalView final : public ControllerView {
 public:
     struct Options {
-        bool assumeYes = false;     // answer the confirmation with OK
-        bool showProgress = true;   // draw the bar when stderr is a terminal
-        bool printStatus = false;   // print the watch's status text when it changes
-        bool printApplications = false;  // and the running state of every application
+        bool assumeYes = false;         // answer the confirmation with OK
+        bool showProgress = true;       // draw the bar when stderr is a terminal
+        bool printStatus = false;       // print the watch's status text when it changes
+        bool printApplications = false; // and the running state of every application
     };
 
     explicit TerminalView(Options options);

@@ -5,8 +5,8 @@
 #include <QStringList>
 
 struct ProcessResult {
-    bool started = false;  // false: the program could not be run at all
-    bool crashed = false;  // ended by a signal
+    bool started = false; // false: the program could not be run at all
+    bool crashed = false; // ended by a signal
     int exitCode = -1;
     QByteArray standardOutput;
     QByteArray standardError;

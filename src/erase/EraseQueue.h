@@ -67,7 +67,7 @@ private:
     Preferences& mPreferences;
     const bool mDryRun;
     QStringList mPaths;
-    QStringList mApplications;  // of each path
+    QStringList mApplications; // of each path
     QStringList mTouches;
     QString mApplication;
     QList<Rewrite> mRewrites;

@@ -215,8 +215,7 @@ void FileAccess::overwriteAt(const QByteArray& path, bool logName)
     entry.folder = folder;
     entry.name = FileTree::lastComponent(path);
     entry.path = path;
-    if (::fstatat(folder, entry.name.constData(), &entry.info, AT_SYMLINK_NOFOLLOW) == 0 &&
-        S_ISREG(entry.info.st_mode))
+    if (::fstatat(folder, entry.name.constData(), &entry.info, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(entry.info.st_mode))
         overwrite(entry, logName);
 }
 
@@ -349,25 +348,26 @@ QByteArray FileAccess::moveAndRename(const QByteArray& path)
     const auto isMarker = [](const FolderWalk::Entry& entry) { return entry.relative == HoldingFolder::kMarker; };
     // Files first, each renamed within its folder; what is not this run's to
     // overwrite is noted under its old name for the log.
-    FolderWalk::walk(holding, {[&](const FolderWalk::Entry& entry) {
-                                   if (entry.relative.isEmpty() || isMarker(entry))
-                                       return true;
-                                   if (entry.mountPoint) {
-                                       ActivityLog::writeLogLine("Skip (another file system is mounted here): " +
-                                                                 FileTree::join(original, entry.relative));
-                                       return false;
-                                   }
-                                   if (S_ISREG(entry.info.st_mode) && entry.info.st_nlink > 1)
-                                       mOtherNames.insert({entry.info.st_dev, entry.info.st_ino},
-                                                          FileTree::join(original, entry.relative));
-                                   if (!S_ISDIR(entry.info.st_mode)) {
-                                       randomizeName();
-                                       ::renameat(entry.folder, entry.name.constData(), entry.folder, mName.data());
-                                   }
-                                   return true;
-                               },
-                               nullptr,
-                               {}});
+    FolderWalk::walk(
+        holding,
+        {[&](const FolderWalk::Entry& entry) {
+             if (entry.relative.isEmpty() || isMarker(entry))
+                 return true;
+             if (entry.mountPoint) {
+                 ActivityLog::writeLogLine("Skip (another file system is mounted here): " +
+                                           FileTree::join(original, entry.relative));
+                 return false;
+             }
+             if (S_ISREG(entry.info.st_mode) && entry.info.st_nlink > 1)
+                 mOtherNames.insert({entry.info.st_dev, entry.info.st_ino}, FileTree::join(original, entry.relative));
+             if (!S_ISDIR(entry.info.st_mode)) {
+                 randomizeName();
+                 ::renameat(entry.folder, entry.name.constData(), entry.folder, mName.data());
+             }
+             return true;
+         },
+         nullptr,
+         {}});
     // Then the folders, deepest first. Each folder's new names reach the disk
     // before any contents are overwritten: a crash must not leave an old name on
     // a half-overwritten file.
@@ -492,8 +492,8 @@ void FileAccess::shredNativePaths(const QList<QByteArray>& listed)
             ++mTally.failed;
             if (mTally.firstFailure.isEmpty()) {
                 const QString step = mMoveError != 0 ? u"could not be moved aside"_s : u"could not be removed"_s;
-                mTally.firstFailure = u"%1 %2: %3"_s.arg(QFile::decodeName(path), step,
-                                                        QString::fromLocal8Bit(std::strerror(error)));
+                mTally.firstFailure =
+                    u"%1 %2: %3"_s.arg(QFile::decodeName(path), step, QString::fromLocal8Bit(std::strerror(error)));
             }
         }
     }

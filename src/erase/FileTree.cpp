@@ -141,8 +141,7 @@ bool removeFileAtPath(const QByteArray& path, RemovalHandler& handler, const QBy
                                            remove(entry, 0);
                                        return true;
                                    },
-                                   [&](const FolderWalk::Entry& entry) { remove(entry, AT_REMOVEDIR); },
-                                   lastInside});
+                                   [&](const FolderWalk::Entry& entry) { remove(entry, AT_REMOVEDIR); }, lastInside});
 }
 
 } // namespace FileTree

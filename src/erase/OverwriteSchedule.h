@@ -11,12 +11,12 @@ namespace OverwriteSchedule {
 // Pattern codes: the index of the pattern menu's item, used as it is.
 enum PatternCode : quint32 {
     RandomPattern = 0,
-    KeepBuffer = 1,  // the menu's separator: the buffer keeps what it holds
+    KeepBuffer = 1, // the menu's separator: the buffer keeps what it holds
     RandomPatternToo = 2,
     Zeros = 3,
     Ones = 4,
-    Fives = 5,  // 0x55
-    Tens = 6,   // 0xAA
+    Fives = 5, // 0x55
+    Tens = 6,  // 0xAA
 };
 
 bool isRandomPattern(quint32 code);

@@ -46,7 +46,7 @@ struct EraseTally {
     quint64 bytes = 0; // of the regular files among them
     qint64 failed = 0; // outermost paths that stayed, wholly or in part
     QString firstFailure;
-    qint64 left = 0; // outermost paths not begun because the run was stopped
+    qint64 left = 0;           // outermost paths not begun because the run was stopped
     qint64 notOverwritten = 0; // files removed with their contents as they were
     bool stopped = false;
 

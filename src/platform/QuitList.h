@@ -9,7 +9,7 @@ namespace QuitList {
 
 struct Entry {
     QString signature;
-    QList<QString> bundles;  // e.g. "Safari.app"
+    QList<QString> bundles; // e.g. "Safari.app"
 };
 
 const QList<Entry>& entries();

@@ -124,7 +124,7 @@ void ProfilesManager::populateProfilesMenu()
         const QStringList oldNames = toStringList(oldSelection);
         for (int i = 0; i < ApplicationCount; ++i) {
             if (!oldSelection.isValid()) {
-                selection.insert(folders[i], toVariantList(entries[i]));  // the first start selects every profile
+                selection.insert(folders[i], toVariantList(entries[i])); // the first start selects every profile
                 continue;
             }
             QStringList kept;

@@ -21,14 +21,14 @@ class ProfilesManager : public QObject {
 
 public:
     struct MenuItem {
-        QString title;  // the folder name, or its extension after the first menu
-        int tag;        // index in the menu's title list
+        QString title; // the folder name, or its extension after the first menu
+        int tag;       // index in the menu's title list
         bool checked;
     };
     struct Menu {
-        QString folder;       // expanded profiles folder
-        QStringList titles;   // element 0: the application's name; element n: the folder of tag n
-        QList<MenuItem> items;  // after the pull-down's own "Profiles" item
+        QString folder;        // expanded profiles folder
+        QStringList titles;    // element 0: the application's name; element n: the folder of tag n
+        QList<MenuItem> items; // after the pull-down's own "Profiles" item
     };
 
     // The profiles folders, in the order the menus are built.
@@ -41,7 +41,7 @@ public:
     static ProfilesManager& createSharedInstance();
     static void resetSharedInstanceForTesting();
 
-    static QString profilesFolder(Application application);   // with "~"
+    static QString profilesFolder(Application application); // with "~"
     static QString displayName(Application application);
 
     // Finds the profiles, sets up or converts the stored selection, drops what no

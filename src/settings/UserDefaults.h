@@ -63,6 +63,6 @@ private:
     mutable std::mutex m_mutex;
     std::unique_ptr<QSettings> m_settings;
     bool m_readOnly = false;
-    QVariantMap m_changes;     // while read-only: values set since
-    QStringList m_removed;     // while read-only: keys removed since
+    QVariantMap m_changes; // while read-only: values set since
+    QStringList m_removed; // while read-only: keys removed since
 };

@@ -44,10 +44,11 @@ CustomShred::CustomShred(UserDefaults& defaults, QObject* parent)
     const auto statusOf = [](const QVariantMap& object) {
         return object.value(u"mCustomShredTHStatus"_s).value<StatusMapRef>().status;
     };
-    mObservers << center.addObserver(Notifications::OrvickInitTHStatusNotification, [this, statusOf](const QVariantMap& o) {
-        if (QVariantMap* status = statusOf(o))
-            initStatus(*status);
-    });
+    mObservers << center.addObserver(Notifications::OrvickInitTHStatusNotification,
+                                     [this, statusOf](const QVariantMap& o) {
+                                         if (QVariantMap* status = statusOf(o))
+                                             initStatus(*status);
+                                     });
     mObservers << center.addObserver(Notifications::OrvickCopyAndClearTHStatusNotification,
                                      [this, statusOf](const QVariantMap& o) {
                                          if (QVariantMap* status = statusOf(o))

@@ -47,7 +47,7 @@ QList<QByteArray> listingLines(const QByteArray& listing)
     }
     if (reads.isEmpty())
         return {};
-    reads.removeFirst();  // the header
+    reads.removeFirst(); // the header
     for (QByteArray& line : reads)
         line.chop(1);
     return reads;

@@ -13,9 +13,9 @@
 namespace ProcessScan {
 
 struct WatchedPattern {
-    const char* pattern;  // a substring of the command line
+    const char* pattern; // a substring of the command line
     WatchedApp flag;
-    const char16_t* enabledName;  // as the enabled-application list names it
+    const char16_t* enabledName; // as the enabled-application list names it
 };
 
 // In match order: the first pattern a line contains wins.

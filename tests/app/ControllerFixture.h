@@ -41,9 +41,8 @@ protected:
     Controller& controller(bool dryRun = false)
     {
         if (!mController) {
-            mController = std::make_unique<Controller>(
-                ControllerServices{preferences, defaults, view, quitter, sessionEnd, commands,
-                                   Bundle::mainBundle(), [](int) {}, dryRun});
+            mController = std::make_unique<Controller>(ControllerServices{
+                preferences, defaults, view, quitter, sessionEnd, commands, Bundle::mainBundle(), [](int) {}, dryRun});
         }
         return *mController;
     }

@@ -18,13 +18,23 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QList<QByteArray> kEveryWatchedApplication{
-    "/Applications/Safari.app/Contents/MacOS/Safari", "/Applications/Internet Explorer.app/x",
-    "/Applications/Mozilla.app/x", "/Applications/Netscape.app/x", "/Applications/iCab.app/x",
-    "/Applications/Opera.app/x", "/Applications/OmniWeb.app/x", "/Applications/Mail.app/x",
-    "/Applications/Eudora.app/x", "/Applications/Postbox.app/x", "/Applications/Camino.app/x",
-    "/Applications/Firefox.app/x", "/Applications/Thunderbird.app/x", "/Applications/Shiira.app/x",
-    "/Applications/SeaMonkey.app/x", "/Applications/Flock.app/x", "/Applications/Google Chrome.app/x"};
+const QList<QByteArray> kEveryWatchedApplication{"/Applications/Safari.app/Contents/MacOS/Safari",
+                                                 "/Applications/Internet Explorer.app/x",
+                                                 "/Applications/Mozilla.app/x",
+                                                 "/Applications/Netscape.app/x",
+                                                 "/Applications/iCab.app/x",
+                                                 "/Applications/Opera.app/x",
+                                                 "/Applications/OmniWeb.app/x",
+                                                 "/Applications/Mail.app/x",
+                                                 "/Applications/Eudora.app/x",
+                                                 "/Applications/Postbox.app/x",
+                                                 "/Applications/Camino.app/x",
+                                                 "/Applications/Firefox.app/x",
+                                                 "/Applications/Thunderbird.app/x",
+                                                 "/Applications/Shiira.app/x",
+                                                 "/Applications/SeaMonkey.app/x",
+                                                 "/Applications/Flock.app/x",
+                                                 "/Applications/Google Chrome.app/x"};
 
 class ControllerRunTest : public ControllerFixture {
 protected:
@@ -83,7 +93,7 @@ TEST_F(ControllerRunTest, TheConfirmationNamesTheCategoriesAndCancelReturnsToIdl
                               u"Browser Cache, Browser History, Mail Trash ?"_s);
     EXPECT_FALSE(view.shredButtonEnabled);
 
-    controller().shred();  // a second command while the sheet is up does nothing
+    controller().shred(); // a second command while the sheet is up does nothing
     EXPECT_EQ(view.sheets.size(), 1);
 
     view.pendingConfirmation(1);
@@ -92,7 +102,8 @@ TEST_F(ControllerRunTest, TheConfirmationNamesTheCategoriesAndCancelReturnsToIdl
     EXPECT_EQ(logLines().last(), u"User selected Cancel in Confirm dialog - Vantle Cancelled"_s);
 
     // With no category at all the list is empty: two blanks before the question mark.
-    for (const QLatin1StringView key : {PreferenceKey::ShredCache, PreferenceKey::ShredHistory, PreferenceKey::ShredMailTrash})
+    for (const QLatin1StringView key :
+         {PreferenceKey::ShredCache, PreferenceKey::ShredHistory, PreferenceKey::ShredMailTrash})
         set(key, false);
     controller().shred();
     EXPECT_EQ(view.sheets.last(), u"Vantle Confirmation: Are you sure you want to shred these items:  ?"_s);
@@ -214,9 +225,10 @@ TEST_F(ControllerRunTest, ApplicationsThatDoNotQuitAreReportedAndCancelEndsTheRu
     ASSERT_TRUE(runAndWait([](Controller& c) { c.shredAndShutdown(); }));
 
     ASSERT_EQ(view.alerts.size(), 1);
-    EXPECT_EQ(view.alerts[0], u"Vantle Quit Browsers: 2 Email or Browser Applications did not quit.  Please quit them and "
-                              u"click OK to continue.  If you continue without quitting those applicaitons some items "
-                              u"will not be shredded."_s);
+    EXPECT_EQ(view.alerts[0],
+              u"Vantle Quit Browsers: 2 Email or Browser Applications did not quit.  Please quit them and "
+              u"click OK to continue.  If you continue without quitting those applicaitons some items "
+              u"will not be shredded."_s);
     EXPECT_EQ(logLines().last(), u"User selected Cancel in Quit Browsers dialog - Vantle Cancelled"_s);
     EXPECT_TRUE(sessionEnd.events.isEmpty());
     EXPECT_EQ(controller().shutdownStatus(), 0);
@@ -291,18 +303,65 @@ TEST_F(ControllerRunTest, EveryCleanerRunsInTheDispatchTablesOrder)
     controller().applicationDidFinishLaunching();
     ASSERT_TRUE(runAndWait([](Controller& c) { c.shred(); }));
     const QString mozillaFamily = u"Firefox 3.0-12.0, Flock 2.5, and SeaMonkey 1.0"_s;
-    const QStringList order{
-        u"Custom Processes"_s, u"IE"_s, u"iCab v2"_s, u"iCab v3"_s, u"iCab v4"_s, u"OmniWeb 4"_s, u"OmniWeb 5"_s,
-        u"OmniWeb 5.7"_s, u"Opera 5.x"_s, u"Opera 6.x"_s, u"Opera 7.x"_s, u"Opera 8.x"_s, u"Opera 9.x"_s,
-        u"Opera 10.x"_s, u"Opera 11.x"_s, u"Opera 17.x"_s, u"Apple Mail 1.1"_s, u"Apple Mail 1.2 (Jaguar)"_s,
-        u"Apple Mail 5.0"_s, u"Apple Mail 2.x - 5.x"_s, u"Mail Cache"_s, u"Eudora 5.x"_s, u"Eudora 6.x"_s,
-        u"Safari"_s, u"Safari 2.0 and/or Shiira 1.2"_s, u"Safari 3.0"_s, u"Safari 4.0"_s, u"Safari 5.0"_s,
-        u"Safari 5.1-6"_s, u"Safari 6.0"_s, u"Mozilla 1.x and Netscape 7"_s, u"SeaMonkey 1.x"_s, u"Postbox 2"_s,
-        u"Camino 0.7"_s, u"Camino 0.8"_s, u"Camino 1.0"_s, u"Camino 1.6"_s, u"Camino 2.0"_s, u"Camino 2.1"_s,
-        u"Firefox 0.8"_s, u"Firefox 1.0"_s, u"Firefox 1.5"_s, u"Firefox 2.0"_s, mozillaFamily, u"Thunderbird 1.5"_s,
-        u"Shiira"_s, u"Shiira v2"_s, u"Safari 2.0 and/or Shiira 1.2"_s, u"Flock 2.5"_s, mozillaFamily,
-        u"Flock 3.5"_s, u"Chrome 4"_s, u"Chrome 5.0"_s, u"Chrome 17.0"_s, u"Chrome 30.0"_s,
-        u"SeaMonkey 2.0 Cache"_s, u"SeaMonkey 2.0"_s, mozillaFamily, u"Plugin Cache"_s};
+    const QStringList order{u"Custom Processes"_s,
+                            u"IE"_s,
+                            u"iCab v2"_s,
+                            u"iCab v3"_s,
+                            u"iCab v4"_s,
+                            u"OmniWeb 4"_s,
+                            u"OmniWeb 5"_s,
+                            u"OmniWeb 5.7"_s,
+                            u"Opera 5.x"_s,
+                            u"Opera 6.x"_s,
+                            u"Opera 7.x"_s,
+                            u"Opera 8.x"_s,
+                            u"Opera 9.x"_s,
+                            u"Opera 10.x"_s,
+                            u"Opera 11.x"_s,
+                            u"Opera 17.x"_s,
+                            u"Apple Mail 1.1"_s,
+                            u"Apple Mail 1.2 (Jaguar)"_s,
+                            u"Apple Mail 5.0"_s,
+                            u"Apple Mail 2.x - 5.x"_s,
+                            u"Mail Cache"_s,
+                            u"Eudora 5.x"_s,
+                            u"Eudora 6.x"_s,
+                            u"Safari"_s,
+                            u"Safari 2.0 and/or Shiira 1.2"_s,
+                            u"Safari 3.0"_s,
+                            u"Safari 4.0"_s,
+                            u"Safari 5.0"_s,
+                            u"Safari 5.1-6"_s,
+                            u"Safari 6.0"_s,
+                            u"Mozilla 1.x and Netscape 7"_s,
+                            u"SeaMonkey 1.x"_s,
+                            u"Postbox 2"_s,
+                            u"Camino 0.7"_s,
+                            u"Camino 0.8"_s,
+                            u"Camino 1.0"_s,
+                            u"Camino 1.6"_s,
+                            u"Camino 2.0"_s,
+                            u"Camino 2.1"_s,
+                            u"Firefox 0.8"_s,
+                            u"Firefox 1.0"_s,
+                            u"Firefox 1.5"_s,
+                            u"Firefox 2.0"_s,
+                            mozillaFamily,
+                            u"Thunderbird 1.5"_s,
+                            u"Shiira"_s,
+                            u"Shiira v2"_s,
+                            u"Safari 2.0 and/or Shiira 1.2"_s,
+                            u"Flock 2.5"_s,
+                            mozillaFamily,
+                            u"Flock 3.5"_s,
+                            u"Chrome 4"_s,
+                            u"Chrome 5.0"_s,
+                            u"Chrome 17.0"_s,
+                            u"Chrome 30.0"_s,
+                            u"SeaMonkey 2.0 Cache"_s,
+                            u"SeaMonkey 2.0"_s,
+                            mozillaFamily,
+                            u"Plugin Cache"_s};
     const QStringList log = logLines();
     qsizetype previous = -1;
     for (const QString& header : order) {

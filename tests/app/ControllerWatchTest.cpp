@@ -21,8 +21,8 @@ class ControllerWatchTest : public ControllerFixture {
 protected:
     ControllerWatchTest()
     {
-        set(PreferenceKey::Tarnhold, false);  // polls are driven by hand
-        view.confirmationAnswer.reset();      // a started run waits at its sheet
+        set(PreferenceKey::Tarnhold, false); // polls are driven by hand
+        view.confirmationAnswer.reset();     // a started run waits at its sheet
     }
 
     int runsStarted() const { return int(view.sheets.size()); }
@@ -36,7 +36,7 @@ TEST_F(ControllerWatchTest, AnEnabledApplicationThatQuitsStartsExactlyOneRun)
     controller().applicationDidFinishLaunching();
     commands.processes = {"/Applications/Safari.app/Contents/MacOS/Safari"};
     poll();
-    EXPECT_EQ(runsStarted(), 0);  // the first poll only learns what runs
+    EXPECT_EQ(runsStarted(), 0); // the first poll only learns what runs
     EXPECT_EQ(view.labels[WatchedApp::safari], Color::Red);
     EXPECT_EQ(view.labels[WatchedApp::firefox], Color::Green);
     EXPECT_EQ(view.statusTexts.last(), u"A supported browser or email application is running..."_s);
@@ -67,7 +67,8 @@ TEST_F(ControllerWatchTest, ADisabledApplicationIsGreyAndStartsNothing)
 TEST_F(ControllerWatchTest, HelperProcessesAndThePollWithoutTimer)
 {
     controller().applicationDidFinishLaunching();
-    commands.processes = {"/Applications/Firefox.app/Contents/MacOS/plugin-container.app/Contents/MacOS/plugin-container"};
+    commands.processes = {
+        "/Applications/Firefox.app/Contents/MacOS/plugin-container.app/Contents/MacOS/plugin-container"};
     poll();
     EXPECT_EQ(controller().isRunning()[WatchedApp::firefox], 0);
     EXPECT_EQ(view.statusTexts.last(), u"No supported applications are running..."_s);
@@ -75,7 +76,7 @@ TEST_F(ControllerWatchTest, HelperProcessesAndThePollWithoutTimer)
     commands.processes = {"/Applications/Opera.app/Contents/MacOS/Opera"};
     poll();
     commands.processes = {};
-    controller().HandleTarnholdTimer(false);  // a refresh: never a run
+    controller().HandleTarnholdTimer(false); // a refresh: never a run
     EXPECT_EQ(runsStarted(), 0);
     EXPECT_EQ(controller().isRunning()[WatchedApp::opera], 0);
 }
@@ -88,7 +89,7 @@ TEST_F(ControllerWatchTest, MozillaAndSeaMonkeyCountForEachOtherWhenMozillaIsEna
     EXPECT_EQ(controller().isRunning()[WatchedApp::seamonkey], 1);
     EXPECT_EQ(view.labels[WatchedApp::seamonkey], Color::Red);
 
-    preferences.enableChanged(u"Mozilla"_s);  // Netscape follows
+    preferences.enableChanged(u"Mozilla"_s); // Netscape follows
     commands.processes = {"/Applications/SeaMonkey.app/Contents/MacOS/seamonkey"};
     poll();
     EXPECT_EQ(controller().isRunning()[WatchedApp::mozilla], 0);
@@ -110,14 +111,14 @@ TEST_F(ControllerWatchTest, CustomProcessesAreCountedPerLineAndKey)
     commands.processes = {"/Applications/Editor.app/Contents/MacOS/Editor", "/usr/bin/hdid /Applications/Viewer.app",
                           "/System/crashreporter.app /Applications/Editor.app"};
     poll();
-    EXPECT_EQ(view.customRunning, 2);  // the disk-image helper's line does not count
+    EXPECT_EQ(view.customRunning, 2); // the disk-image helper's line does not count
     EXPECT_EQ(view.customRunningColor, Color::Red);
     EXPECT_EQ(view.customStopped, 0);
     EXPECT_EQ(runsStarted(), 0);
 
     commands.processes = {};
     poll();
-    EXPECT_EQ(runsStarted(), 1);  // the editor quit
+    EXPECT_EQ(runsStarted(), 1); // the editor quit
     view.pendingConfirmation(1);
 }
 
@@ -167,11 +168,11 @@ TEST(ProcessScanLines, TheListingIsReadThroughAFixedBuffer)
     const QList<QByteArray> lines = ProcessScan::listingLines("COMMAND\n/a/Safari.app\n" + longLine + "\nlast");
     ASSERT_EQ(lines.size(), 4);
     EXPECT_EQ(lines[0], "/a/Safari.app");
-    EXPECT_EQ(lines[1].size(), 2045);  // 2,046 bytes read, the last one dropped
+    EXPECT_EQ(lines[1].size(), 2045); // 2,046 bytes read, the last one dropped
     EXPECT_EQ(lines[2].size(), 3000 - 2046);
     EXPECT_EQ(lines[3], "las");
     EXPECT_TRUE(ProcessScan::listingLines({}).isEmpty());
-    EXPECT_EQ(ProcessScan::matchApplication("/x/Firefox.app/y /x/Safari.app"), 0);  // first pattern in order wins
+    EXPECT_EQ(ProcessScan::matchApplication("/x/Firefox.app/y /x/Safari.app"), 0); // first pattern in order wins
     EXPECT_EQ(ProcessScan::matchApplication("/Applications/Mail.app/Contents/MacOS/Mail"), 7);
     EXPECT_EQ(ProcessScan::matchApplication("/usr/bin/hdid /Volumes/Safari.app"), -1);
 }

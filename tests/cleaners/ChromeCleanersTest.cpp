@@ -14,7 +14,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kProfile = u"Library/Application Support/Google/Chrome/Default/"_s;
-const QByteArray kPreferences = R"({"dns_prefetching":{"host_referral_list":[2,["http://a.example/",["b"]]]},"homepage":"x"})";
+const QByteArray kPreferences =
+    R"({"dns_prefetching":{"host_referral_list":[2,["http://a.example/",["b"]]]},"homepage":"x"})";
 
 class ChromeCleanersTest : public CleanerFixture {
 protected:
@@ -38,25 +39,25 @@ TEST_F(ChromeCleanersTest, ChromeFourTakesHistoryEntriesWholeWithoutDescending)
     const QString cache = home.file(u"Library/Caches/Google/Chrome/Default/Cache"_s);
     const QString chrome = home.file(u"Library/Application Support/Google/Chrome/"_s);
     EXPECT_EQ(run([&] { cleaners.Chrome40(); }), (QStringList{
-                                                       u"Chrome 4"_s,
-                                                       u"Shred: "_s + cache,
-                                                       u"Shred: "_s + profile(u"History"_s),
-                                                       u"Shred: "_s + profile(u"History Index 2013-05"_s),
-                                                       u"Shred: "_s + profile(u"History Provider Cache"_s),
-                                                       u"Shred: "_s + profile(u"History-journal"_s),
-                                                       u"Shred: "_s + profile(u"Archived History"_s),
-                                                       u"Shred: "_s + profile(u"Archived History-journal"_s),
-                                                       u"Shred: "_s + profile(u"Last Session"_s),
-                                                       u"Shred: "_s + profile(u"Last Tabs"_s),
-                                                       u"Shred: "_s + profile(u"Current Session"_s),
-                                                       u"Shred: "_s + profile(u"Current Tabs"_s),
-                                                       u"Shred: "_s + profile(u"Thumbnails"_s),
-                                                       u"Shred: "_s + profile(u"Cookies"_s),
-                                                       u"Shred: "_s + profile(u"Cookies-journal"_s),
-                                                       u"Shred: "_s + chrome + u"Safe Browsing Cookies"_s,
-                                                       u"Shred: "_s + chrome + u"Safe Browsing Cookies-journal"_s,
-                                                       u""_s,
-                                                   }));
+                                                     u"Chrome 4"_s,
+                                                     u"Shred: "_s + cache,
+                                                     u"Shred: "_s + profile(u"History"_s),
+                                                     u"Shred: "_s + profile(u"History Index 2013-05"_s),
+                                                     u"Shred: "_s + profile(u"History Provider Cache"_s),
+                                                     u"Shred: "_s + profile(u"History-journal"_s),
+                                                     u"Shred: "_s + profile(u"Archived History"_s),
+                                                     u"Shred: "_s + profile(u"Archived History-journal"_s),
+                                                     u"Shred: "_s + profile(u"Last Session"_s),
+                                                     u"Shred: "_s + profile(u"Last Tabs"_s),
+                                                     u"Shred: "_s + profile(u"Current Session"_s),
+                                                     u"Shred: "_s + profile(u"Current Tabs"_s),
+                                                     u"Shred: "_s + profile(u"Thumbnails"_s),
+                                                     u"Shred: "_s + profile(u"Cookies"_s),
+                                                     u"Shred: "_s + profile(u"Cookies-journal"_s),
+                                                     u"Shred: "_s + chrome + u"Safe Browsing Cookies"_s,
+                                                     u"Shred: "_s + chrome + u"Safe Browsing Cookies-journal"_s,
+                                                     u""_s,
+                                                 }));
     EXPECT_EQ(paths.size(), 16);
     EXPECT_FALSE(paths.contains(profile(u"Bookmarks"_s)));
 
@@ -104,17 +105,18 @@ TEST_F(ChromeCleanersTest, ChromeSeventeenNeedsTheKeyAndKeepsTopSitesWhenAsked)
     home.write(kProfile + u"Preferences"_s, R"({"homepage":"x"})");
     setAllKeys(true);
     setKey(PreferenceKey::KeepSafariTopSites, true);
-    EXPECT_EQ(run([&] { cleaners.Chrome170(); }), (QStringList{
-                                                        u"Chrome 17.0"_s,
-                                                        u"Shred: "_s + profile(u"Favicons"_s),
-                                                        u"Shred: "_s + profile(u"Favicons-journal"_s),
-                                                        u"Shred: "_s + profile(u"shortcuts"_s),
-                                                        u"Shred: "_s + profile(u"Network Action Predictor"_s),
-                                                        u"Skip (dns_prefetching not found): "_s + profile(u"Preferences"_s),
-                                                        u"Skip: "_s + profile(u"Top Sites"_s),
-                                                        u"Skip: "_s + profile(u"Top Sites-journal"_s),
-                                                        u""_s,
-                                                    }));
+    EXPECT_EQ(run([&] { cleaners.Chrome170(); }),
+              (QStringList{
+                  u"Chrome 17.0"_s,
+                  u"Shred: "_s + profile(u"Favicons"_s),
+                  u"Shred: "_s + profile(u"Favicons-journal"_s),
+                  u"Shred: "_s + profile(u"shortcuts"_s),
+                  u"Shred: "_s + profile(u"Network Action Predictor"_s),
+                  u"Skip (dns_prefetching not found): "_s + profile(u"Preferences"_s),
+                  u"Skip: "_s + profile(u"Top Sites"_s),
+                  u"Skip: "_s + profile(u"Top Sites-journal"_s),
+                  u""_s,
+              }));
     EXPECT_EQ(home.read(kProfile + u"Preferences"_s), R"({"homepage":"x"})");
 
     queue.takePaths();

@@ -56,8 +56,7 @@ protected:
     }
 
     // Runs a cleaner and returns the log lines it wrote.
-    template<typename Cleaner>
-    QStringList run(Cleaner&& cleaner)
+    template<typename Cleaner> QStringList run(Cleaner&& cleaner)
     {
         const QString logPath = home.file(QStringLiteral("run.log"));
         ActivityLog::closeLog();

@@ -53,9 +53,10 @@ protected:
 };
 
 const QString kProfiles = u"Library/Application Support/Firefox/Profiles"_s;
-const QString kPlacesRows = u"INSERT INTO moz_places (id, url) VALUES (7, 'http://kept/'), (8, 'http://visited/');"
-                            "INSERT INTO moz_historyvisits VALUES (1, 0, 8, 1, 1, 1);"
-                            "INSERT INTO moz_bookmarks (id, type, fk, parent, position, title) VALUES (4, 1, 7, 1, 0, 'Kept');"_s;
+const QString kPlacesRows =
+    u"INSERT INTO moz_places (id, url) VALUES (7, 'http://kept/'), (8, 'http://visited/');"
+    "INSERT INTO moz_historyvisits VALUES (1, 0, 8, 1, 1, 1);"
+    "INSERT INTO moz_bookmarks (id, type, fk, parent, position, title) VALUES (4, 1, 7, 1, 0, 'Kept');"_s;
 
 } // namespace
 
@@ -95,8 +96,9 @@ TEST_F(DatabaseCleanersTest, FirefoxProfilesRebuildPlacesAndWebStorage)
     EXPECT_EQ(home.read(kProfiles + u"/a1.default/places.sqlite"_s), places);
 
     select(kProfiles, {});
-    EXPECT_EQ(run([&] { mozilla.Firefox30Flock25SeaMonkey20(u"Flock"_s, u"~/"_s + kProfiles); }),
-              (QStringList{u"Firefox 3.0-12.0, Flock 2.5, and SeaMonkey 1.0"_s, u"No profiles selected."_s, QString()}));
+    EXPECT_EQ(
+        run([&] { mozilla.Firefox30Flock25SeaMonkey20(u"Flock"_s, u"~/"_s + kProfiles); }),
+        (QStringList{u"Firefox 3.0-12.0, Flock 2.5, and SeaMonkey 1.0"_s, u"No profiles selected."_s, QString()}));
     disable(u"SeaMonkey 2"_s);
     EXPECT_EQ(run([&] { mozilla.Firefox30Flock25SeaMonkey20(u"SeaMonkey 2"_s, u"~/"_s + kProfiles); }),
               (QStringList{u"Firefox 3.0-12.0, Flock 2.5, and SeaMonkey 1.0"_s,
@@ -117,7 +119,8 @@ TEST_F(DatabaseCleanersTest, CaminoTwoOneRebuildsPlacesAndTakesTheJournal)
     queue.takePaths();
     setKey(PreferenceKey::shredSafariFavicon, false);
     setKey(PreferenceKey::ShredHistory, false);
-    EXPECT_EQ(run([&] { mozilla.Camino21(); }), (QStringList{u"Camino 2.1"_s, u"Skip:"_s, places, places + u"-journal"_s}));
+    EXPECT_EQ(run([&] { mozilla.Camino21(); }),
+              (QStringList{u"Camino 2.1"_s, u"Skip:"_s, places, places + u"-journal"_s}));
     EXPECT_EQ(paths, QStringList());
 
     QFile::remove(places);
@@ -148,7 +151,7 @@ TEST_F(DatabaseCleanersTest, SafariFiveErasesTheStorageOfSitesNotKept)
     // A databases index of an unknown version ends the storage part: only the
     // local storage found before it is queued.
     for (const QString& folder : {u"LocalStorage"_s, u"Databases"_s})
-        QFile::remove(home.file(u"Library/Safari/%1/renamed.sqlite"_s.arg(folder)));  // as the erase would
+        QFile::remove(home.file(u"Library/Safari/%1/renamed.sqlite"_s.arg(folder))); // as the erase would
     queue.takePaths();
     QFile::remove(home.file(u"Library/Safari/Databases/Databases.db"_s));
     database(u"Library/Safari/Databases/Databases.db"_s, u"chrome-databases.sql"_s);

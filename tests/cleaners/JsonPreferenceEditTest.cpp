@@ -80,8 +80,8 @@ TEST_F(JsonEditTest, FilesThatAreNotAJsonObjectAreLeftAsTheyWere)
         "not json at all",
         "[1, 2, 3]",
         "\"just a string\"",
-        "{\"StartupDNSPrefetchList\": [\"a\"], \"x\": \"\xff\xfe\"}",  // not UTF-8
-        "{\"StartupDNSPrefetchList\": [\"a\"], ",                   // truncated
+        "{\"StartupDNSPrefetchList\": [\"a\"], \"x\": \"\xff\xfe\"}", // not UTF-8
+        "{\"StartupDNSPrefetchList\": [\"a\"], ",                     // truncated
     };
     for (const QByteArray& contents : bad) {
         home.write(u"Chrome/Local State"_s, contents);
@@ -131,7 +131,6 @@ TEST_F(JsonEditTest, AMissingRequiredKeyAndADryRunChangeNothing)
     home.write(u"Chrome/Local State"_s, kLocalState);
     EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, true, true), Result::Done);
     expectUntouched(kLocalState);
-
 }
 
 TEST_F(JsonEditTest, AReadOnlyFileIsRewrittenAndStaysReadOnly)

@@ -10,7 +10,10 @@ namespace {
 
 const QString kMail = u"/home/u/Library/Mail/V2"_s;
 
-MailboxUrl parse(const QString& url) { return parseMailboxUrl(kMail, url); }
+MailboxUrl parse(const QString& url)
+{
+    return parseMailboxUrl(kMail, url);
+}
 
 } // namespace
 

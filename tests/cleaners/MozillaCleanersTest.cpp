@@ -29,28 +29,27 @@ protected:
 
 TEST_F(MozillaCleanersTest, FirefoxTwoWalksTheSelectedProfilesAndFindsThePasswordFile)
 {
-    home.write(kFirefox + u"a1.default/prefs.js"_s,
-               "user_pref(\"browser.startup.homepage\", \"about:blank\");\n"
-               "user_pref(\"signon.SignonFileName\", \"signons2.txt\");\n");
+    home.write(kFirefox + u"a1.default/prefs.js"_s, "user_pref(\"browser.startup.homepage\", \"about:blank\");\n"
+                                                    "user_pref(\"signon.SignonFileName\", \"signons2.txt\");\n");
     makeFolder(kFirefox + u"b2.other"_s);
     select(kFirefox.chopped(1), {u"gone.profile"_s, u"a1.default"_s});
     setAllKeys(true);
 
     const QString profile = home.file(kFirefox + u"a1.default"_s);
     EXPECT_EQ(run([&] { cleaners.Firefox20(); }), (QStringList{
-                                                       u"Firefox 2.0"_s,
-                                                       profile,
-                                                       u"Shred:"_s,
-                                                       profile + u"/sessionstore.js"_s,
-                                                       u"Shred:"_s,
-                                                       profile + u"/sessionstore.bak"_s,
-                                                       u"Shred:"_s,
-                                                       profile + u"/formhistory.dat"_s,
-                                                       u"Shred:"_s,
-                                                       profile + u"/signons2.txt"_s,
-                                                       u""_s,
-                                                       u""_s,
-                                                   }));
+                                                      u"Firefox 2.0"_s,
+                                                      profile,
+                                                      u"Shred:"_s,
+                                                      profile + u"/sessionstore.js"_s,
+                                                      u"Shred:"_s,
+                                                      profile + u"/sessionstore.bak"_s,
+                                                      u"Shred:"_s,
+                                                      profile + u"/formhistory.dat"_s,
+                                                      u"Shred:"_s,
+                                                      profile + u"/signons2.txt"_s,
+                                                      u""_s,
+                                                      u""_s,
+                                                  }));
     EXPECT_EQ(paths, (QStringList{profile + u"/sessionstore.js"_s, profile + u"/sessionstore.bak"_s,
                                   profile + u"/formhistory.dat"_s, profile + u"/signons2.txt"_s}));
 
@@ -73,9 +72,11 @@ TEST_F(MozillaCleanersTest, ThePasswordFileNameIsAPlainNameOfTheProfile)
     EXPECT_TRUE(MozillaCleaners::passwordFileName("user_pref(\"signon.rememberSignons\", true);").isNull());
     EXPECT_TRUE(MozillaCleaners::passwordFileName("signon.SignonFileName").isNull());
     EXPECT_TRUE(MozillaCleaners::passwordFileName("signon.SignonFileName\", 3);").isNull());
-    EXPECT_TRUE(MozillaCleaners::passwordFileName("user_pref(\"signon.SignonFileName\", \"../../Documents/a\");").isNull());
+    EXPECT_TRUE(
+        MozillaCleaners::passwordFileName("user_pref(\"signon.SignonFileName\", \"../../Documents/a\");").isNull());
     EXPECT_TRUE(MozillaCleaners::passwordFileName("user_pref(\"signon.SignonFileName\", \"..\");").isNull());
-    EXPECT_EQ(MozillaCleaners::passwordFileName("user_pref(\"signon.SignonFileName\", \"unterminated"), u"unterminated"_s);
+    EXPECT_EQ(MozillaCleaners::passwordFileName("user_pref(\"signon.SignonFileName\", \"unterminated"),
+              u"unterminated"_s);
 }
 
 TEST_F(MozillaCleanersTest, SaltFoldersMustBeExactlyOne)
@@ -113,18 +114,19 @@ TEST_F(MozillaCleanersTest, TheMozillaSuiteNeedsBothNamesEnabledAndItsOwnSelecti
     makeFolder(u"Documents/letters.slt"_s);
     makeFolder(u"Library/Caches/Mozilla/Profiles/default"_s);
     const QString salt = home.file(u"Library/Mozilla/Profiles/default/ab.slt"_s);
-    EXPECT_EQ(run([&] { cleaners.Mozilla(); }),
-              (QStringList{u"Mozilla 1.x and Netscape 7"_s, u"Shred:"_s, salt + u"/Cache"_s, u"Shred:"_s,
-                           salt + u"/history.dat"_s, salt + u"/history.mab"_s, salt + u"/Netscape History"_s,
-                           u"Shred:"_s, salt + u"/downloads.rdf"_s, u"Not exactly 1 Salt folder.  Profile Skipped."_s,
-                           u""_s}));
-    EXPECT_EQ(run([&] { cleaners.SeaMonkey1(); }),
-              (QStringList{u"SeaMonkey 1.x"_s, u"Shred:"_s, home.file(u"Library/Caches/Mozilla/Profiles/default"_s), u""_s}));
+    EXPECT_EQ(
+        run([&] { cleaners.Mozilla(); }),
+        (QStringList{u"Mozilla 1.x and Netscape 7"_s, u"Shred:"_s, salt + u"/Cache"_s, u"Shred:"_s,
+                     salt + u"/history.dat"_s, salt + u"/history.mab"_s, salt + u"/Netscape History"_s, u"Shred:"_s,
+                     salt + u"/downloads.rdf"_s, u"Not exactly 1 Salt folder.  Profile Skipped."_s, u""_s}));
+    EXPECT_EQ(
+        run([&] { cleaners.SeaMonkey1(); }),
+        (QStringList{u"SeaMonkey 1.x"_s, u"Shred:"_s, home.file(u"Library/Caches/Mozilla/Profiles/default"_s), u""_s}));
 
     queue.takePaths();
     context.setBrowserIsEnabledForTesting([](const QString& name) { return name != u"Netscape"_s; });
-    EXPECT_EQ(run([&] { cleaners.Mozilla(); }), (QStringList{u"Mozilla 1.x and Netscape 7"_s,
-                                                             u"Not enabled - check preferences to enable."_s, u""_s}));
+    EXPECT_EQ(run([&] { cleaners.Mozilla(); }),
+              (QStringList{u"Mozilla 1.x and Netscape 7"_s, u"Not enabled - check preferences to enable."_s, u""_s}));
     EXPECT_TRUE(paths.isEmpty());
 }
 
@@ -139,8 +141,8 @@ TEST_F(MozillaCleanersTest, FirefoxOneFiveHandlesCacheAndSupportFolders)
     const QString support = home.file(kFirefox + u"a1.default"_s);
     EXPECT_EQ(run([&] { cleaners.Firefox15(); }),
               (QStringList{u"Firefox 1.5"_s, cache, u"Shred:"_s, cache + u"/Cache"_s, cache + u"/OfflineCache"_s,
-                           cache + u"/urlclassifier3.sqlite"_s, cache + u"/XPC.mfasl"_s, cache + u"/XUL.mfasl"_s, support,
-                           u"Skip:"_s, support + u"/cookies.txt"_s, u""_s, u""_s}));
+                           cache + u"/urlclassifier3.sqlite"_s, cache + u"/XPC.mfasl"_s, cache + u"/XUL.mfasl"_s,
+                           support, u"Skip:"_s, support + u"/cookies.txt"_s, u""_s, u""_s}));
     EXPECT_EQ(paths.size(), 5);
 }
 
@@ -176,7 +178,8 @@ TEST_F(MozillaCleanersTest, FlockThreeFiveCleansEveryUserDataFolder)
 
 TEST_F(MozillaCleanersTest, APasswordFileNamedOutsideTheProfileIsRefusedAndSaidSo)
 {
-    home.write(kFirefox + u"a1.default/prefs.js"_s, "user_pref(\"signon.SignonFileName\", \"../../../Documents/a\");\n");
+    home.write(kFirefox + u"a1.default/prefs.js"_s,
+               "user_pref(\"signon.SignonFileName\", \"../../../Documents/a\");\n");
     home.write(u"Documents/a"_s, "mine");
     select(kFirefox.chopped(1), {u"a1.default"_s});
     setAllKeys(true);

@@ -19,7 +19,7 @@ namespace {
 const QByteArray kIconA = QByteArray::fromHex("89504e470d0a1a0a0000002749270027ff00fe");
 const QByteArray kIconB = QByteArray::fromHex("00112233445566778899aabbccddeeff27");
 
-const QStringList kWorkFiles{u"places.vantlex.sqlite"_s,     u"places.vantlex.sqlite-journal"_s,
+const QStringList kWorkFiles{u"places.vantlex.sqlite"_s, u"places.vantlex.sqlite-journal"_s,
                              u"places.vantlex.sql.sqlite"_s, u"places.vantlex.src.sqlite"_s,
                              u"places.vantlex.dst.sqlite"_s};
 
@@ -53,26 +53,33 @@ protected:
         db.exec(QString::fromUtf8(testData(u"places-firefox-3.0.sql"_s)));
         for (int id = 1; id <= 10; ++id) {
             const int favicon = id == 5 ? 1 : id == 9 ? 2 : 0;
-            db.exec(u"INSERT INTO moz_places (id, url, title, rev_host, visit_count, hidden, typed, favicon_id, frecency) "
-                    "VALUES (%1, 'http://site%1.example/', 'Site ''%1''', 'elpmaxe.%1etis.', %2, 0, 0, %3, 100);"_s
-                        .arg(id)
-                        .arg(id >= 4 ? 1 : 0)
-                        .arg(favicon ? QString::number(favicon) : u"NULL"_s));
+            db.exec(
+                u"INSERT INTO moz_places (id, url, title, rev_host, visit_count, hidden, typed, favicon_id, frecency) "
+                "VALUES (%1, 'http://site%1.example/', 'Site ''%1''', 'elpmaxe.%1etis.', %2, 0, 0, %3, 100);"_s.arg(id)
+                    .arg(id >= 4 ? 1 : 0)
+                    .arg(favicon ? QString::number(favicon) : u"NULL"_s));
         }
-        db.execWithBlob(u"INSERT INTO moz_favicons VALUES (1, 'http://site5.example/favicon.ico', ?, 'image/png', 0);"_s, kIconA);
-        db.execWithBlob(u"INSERT INTO moz_favicons VALUES (2, 'http://site9.example/favicon.ico', ?, 'image/x-icon', 0);"_s, kIconB);
-        db.execWithBlob(u"INSERT INTO moz_favicons VALUES (3, 'http://gone.example/favicon.ico', ?, 'image/png', 0);"_s, kIconB);
+        db.execWithBlob(
+            u"INSERT INTO moz_favicons VALUES (1, 'http://site5.example/favicon.ico', ?, 'image/png', 0);"_s, kIconA);
+        db.execWithBlob(
+            u"INSERT INTO moz_favicons VALUES (2, 'http://site9.example/favicon.ico', ?, 'image/x-icon', 0);"_s,
+            kIconB);
+        db.execWithBlob(u"INSERT INTO moz_favicons VALUES (3, 'http://gone.example/favicon.ico', ?, 'image/png', 0);"_s,
+                        kIconB);
         for (int id = 4; id <= 10; ++id)
             db.exec(u"INSERT INTO moz_historyvisits VALUES (%1, 0, %1, 1200000000%1, 1, 1);"_s.arg(id));
-        db.exec(u"INSERT INTO moz_inputhistory VALUES (8, 'sit', 3);"
-                "INSERT INTO moz_bookmarks_roots VALUES ('places', 1), ('menu', 2), ('toolbar', 3);"
-                "INSERT INTO moz_bookmarks (id, type, fk, parent, position, title, keyword_id, dateAdded) VALUES"
-                " (1, 2, NULL, 0, 0, '', NULL, 1), (2, 2, NULL, 1, 0, 'Menu', NULL, 1), (3, 2, NULL, 1, 1, 'Toolbar', NULL, 1),"
-                " (4, 1, 5, 2, 0, 'Five', 1, 2), (5, 1, 6, 3, 0, 'Six', NULL, 3);"
-                "INSERT INTO moz_keywords VALUES (1, 'five');"
-                "INSERT INTO moz_anno_attributes VALUES (1, 'bookmarkProperties/description'), (2, 'livemark/feedURI');"
-                "INSERT INTO moz_annos (id, place_id, anno_attribute_id, content) VALUES (1, 6, 1, 'six'), (2, 7, 2, 'seven');"
-                "INSERT INTO moz_items_annos (id, item_id, anno_attribute_id, content) VALUES (1, 4, 1, 'about five');"_s);
+        db.exec(
+            u"INSERT INTO moz_inputhistory VALUES (8, 'sit', 3);"
+            "INSERT INTO moz_bookmarks_roots VALUES ('places', 1), ('menu', 2), ('toolbar', 3);"
+            "INSERT INTO moz_bookmarks (id, type, fk, parent, position, title, keyword_id, dateAdded) VALUES"
+            " (1, 2, NULL, 0, 0, '', NULL, 1), (2, 2, NULL, 1, 0, 'Menu', NULL, 1), (3, 2, NULL, 1, 1, 'Toolbar', "
+            "NULL, 1),"
+            " (4, 1, 5, 2, 0, 'Five', 1, 2), (5, 1, 6, 3, 0, 'Six', NULL, 3);"
+            "INSERT INTO moz_keywords VALUES (1, 'five');"
+            "INSERT INTO moz_anno_attributes VALUES (1, 'bookmarkProperties/description'), (2, 'livemark/feedURI');"
+            "INSERT INTO moz_annos (id, place_id, anno_attribute_id, content) VALUES (1, 6, 1, 'six'), (2, 7, 2, "
+            "'seven');"
+            "INSERT INTO moz_items_annos (id, item_id, anno_attribute_id, content) VALUES (1, 4, 1, 'about five');"_s);
     }
 
     QStringList table(const QString& path, const QString& query)
@@ -132,7 +139,8 @@ TEST_F(PlacesScrubTest, KeepsBookmarksAndDropsHistoryAndUnusedIcons)
     EXPECT_EQ(old.readAll(), before);
     EXPECT_EQ(leftOvers(), QStringList());
 
-    EXPECT_EQ(table(places, u"select id from moz_places order by id"_s), QStringList({u"1"_s, u"2"_s, u"3"_s, u"5"_s, u"6"_s, u"7"_s}));
+    EXPECT_EQ(table(places, u"select id from moz_places order by id"_s),
+              QStringList({u"1"_s, u"2"_s, u"3"_s, u"5"_s, u"6"_s, u"7"_s}));
     EXPECT_EQ(table(places, u"select count(*) from moz_historyvisits"_s), QStringList{u"0"_s});
     EXPECT_EQ(table(places, u"select count(*) from moz_inputhistory"_s), QStringList{u"0"_s});
     for (const Kept& k : kAlwaysKept)
@@ -158,7 +166,8 @@ TEST_F(PlacesScrubTest, KeptHistoryAndIconsSurviveWhole)
 
     // History kept: every visit and place, with the counts as they were.
     for (const QString& name : {u"moz_places"_s, u"moz_historyvisits"_s, u"moz_inputhistory"_s})
-        EXPECT_EQ(table(places, u"select * from %1 order by 1, 2"_s.arg(name)), before.value(name)) << name.toStdString();
+        EXPECT_EQ(table(places, u"select * from %1 order by 1, 2"_s.arg(name)), before.value(name))
+            << name.toStdString();
     EXPECT_EQ(table(places, u"select id from moz_favicons order by id"_s), QStringList({u"1"_s, u"2"_s}));
 
     // Icons kept as well: the icon table comes back whole.
@@ -167,7 +176,8 @@ TEST_F(PlacesScrubTest, KeptHistoryAndIconsSurviveWhole)
     const QStringList icons = table(places, u"select * from moz_favicons order by id"_s);
     ASSERT_FALSE(scrub().isNull());
     EXPECT_EQ(table(places, u"select * from moz_favicons order by id"_s), icons);
-    EXPECT_EQ(table(places, u"select id from moz_places order by id"_s), QStringList({u"1"_s, u"2"_s, u"3"_s, u"5"_s, u"6"_s, u"7"_s}));
+    EXPECT_EQ(table(places, u"select id from moz_places order by id"_s),
+              QStringList({u"1"_s, u"2"_s, u"3"_s, u"5"_s, u"6"_s, u"7"_s}));
 }
 
 TEST_F(PlacesScrubTest, UnknownSchemaIsLeftAsItWasWithBothDigests)
@@ -273,7 +283,8 @@ TEST_F(PlacesScrubTest, ADatabaseAnotherProgramWritesIsLeftAsItWasAndItsCommitKe
     ::waitpid(writer, &status, 0);
     EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
 
-    EXPECT_TRUE(lines.contains(u"Places Database is in use by another program - not rewritten."_s)) << qPrintable(lines.join(u'\n'));
+    EXPECT_TRUE(lines.contains(u"Places Database is in use by another program - not rewritten."_s))
+        << qPrintable(lines.join(u'\n'));
     EXPECT_EQ(table(places, u"select title from moz_bookmarks where id = 9"_s), QStringList{u"Written meanwhile"_s});
     EXPECT_EQ(leftOvers(), QStringList());
 
@@ -359,8 +370,7 @@ TEST_F(PlacesScrubTest, ARebuildThatLostABookmarkedPlaceDoesNotReplaceTheDatabas
     const QStringList lines = run([&] { renamed = scrub(); });
 
     EXPECT_TRUE(renamed.isNull());
-    const QStringList refused{u"Places Vantle X Database lost rows while it was rebuilt - not replaced."_s,
-                              QString()};
+    const QStringList refused{u"Places Vantle X Database lost rows while it was rebuilt - not replaced."_s, QString()};
     EXPECT_EQ(lines, refused);
     EXPECT_EQ(home.read(QDir(home.path()).relativeFilePath(places)), before);
     EXPECT_EQ(leftOvers(), QStringList());
@@ -394,7 +404,8 @@ TEST_F(PlacesScrubTest, FolderNamesWithSpacesQuotesAndAccentsWorkOrAreRefused)
         db.exec(u"INSERT INTO moz_places (id, url) VALUES (9, 'http://nine/');"
                 "INSERT INTO moz_bookmarks (id, type, fk, parent, position, title) VALUES (4, 1, 9, 1, 0, 'Nine');"_s);
     }
-    EXPECT_EQ(PlacesScrub(context, context.sqliteShell()).firefox3sqlite(accentedPlaces), accented + u"/p/places.renamed.sqlite"_s);
+    EXPECT_EQ(PlacesScrub(context, context.sqliteShell()).firefox3sqlite(accentedPlaces),
+              accented + u"/p/places.renamed.sqlite"_s);
     EXPECT_EQ(table(accentedPlaces, u"select id from moz_places"_s), QStringList{u"9"_s});
 
     // The shell would end a quoted file name at the quote and write elsewhere.
@@ -403,10 +414,12 @@ TEST_F(PlacesScrubTest, FolderNamesWithSpacesQuotesAndAccentsWorkOrAreRefused)
     QFile::copy(accented + u"/p/places.renamed.sqlite"_s, quotedFolder + u"/places.sqlite"_s);
     const QByteArray before = home.read(QDir(home.path()).relativeFilePath(quotedFolder + u"/places.sqlite"_s));
     QString renamed;
-    const QStringList lines =
-        run([&] { renamed = PlacesScrub(context, context.sqliteShell()).firefox3sqlite(quotedFolder + u"/places.sqlite"_s); });
+    const QStringList lines = run([&] {
+        renamed = PlacesScrub(context, context.sqliteShell()).firefox3sqlite(quotedFolder + u"/places.sqlite"_s);
+    });
     EXPECT_TRUE(renamed.isNull());
-    EXPECT_EQ(lines, QStringList({u"Places Database folder name holds a quote or backslash - not rewritten."_s, QString()}));
+    EXPECT_EQ(lines,
+              QStringList({u"Places Database folder name holds a quote or backslash - not rewritten."_s, QString()}));
     EXPECT_EQ(home.read(QDir(home.path()).relativeFilePath(quotedFolder + u"/places.sqlite"_s)), before);
     EXPECT_EQ(QDir(quotedFolder).entryList(QDir::Files), QStringList{u"places.sqlite"_s});
 }
@@ -423,7 +436,8 @@ TEST_F(PlacesScrubTest, TheUsersShellSettingsChangeNothing)
     context.setSqliteShellForTesting(home.file(u"sqlite3"_s));
 
     ASSERT_FALSE(scrub().isNull());
-    EXPECT_EQ(table(places, u"select id from moz_places order by id"_s), QStringList({u"1"_s, u"2"_s, u"3"_s, u"5"_s, u"6"_s, u"7"_s}));
+    EXPECT_EQ(table(places, u"select id from moz_places order by id"_s),
+              QStringList({u"1"_s, u"2"_s, u"3"_s, u"5"_s, u"6"_s, u"7"_s}));
     EXPECT_EQ(table(places, u"select count(*) from moz_bookmarks"_s), QStringList{u"5"_s});
 }
 

@@ -46,7 +46,7 @@ TEST_F(SafariCleanersTest, EveryFixedSafariAndShiiraCleanerWithAllKeysOn)
                          u""_s,
                          u"Safari 6.0"_s,
                          u"Shred: ~/Library/Cookies/com.apple.Safari.SafeBrowsing.binarycookies"_s,
-                         u"Shiira"_s,  // Safari 6 ends without its empty line
+                         u"Shiira"_s, // Safari 6 ends without its empty line
                          u"Shred: ~/Library/Caches/Shiira"_s,
                          u"Shred: ~/Library/Shiira/History.plist"_s,
                          u"Shred: ~/Library/Shiira/Downloads.plist"_s,
@@ -93,7 +93,7 @@ TEST_F(SafariCleanersTest, SkipLinesWithEverythingOff)
 TEST_F(SafariCleanersTest, DisabledBrowsersWriteOnlyTheirHeaderAndTheReason)
 {
     setAllKeys(true);
-    disable(u"Safari"_s);  // Shiira follows
+    disable(u"Safari"_s); // Shiira follows
     const QStringList lines = run([&] {
         cleaners.Safari20Shiira12();
         cleaners.Safari51();
@@ -110,10 +110,12 @@ TEST_F(SafariCleanersTest, TheSharedCookieFileWaitsForBothBrowsersToQuit)
 {
     setAllKeys(true);
     isRunning.set(WatchedApp::shiira, 1);
-    EXPECT_EQ(run([&] { cleaners.Safari20Shiira12(); }),
-              (QStringList{u"Safari 2.0 and/or Shiira 1.2"_s,
-                           u"Cookie shredding skipped - Safari and Shiira share the cookies folder.  You must quit BOTH browsers to shred cookies"_s,
-                           u""_s}));
+    EXPECT_EQ(
+        run([&] { cleaners.Safari20Shiira12(); }),
+        (QStringList{
+            u"Safari 2.0 and/or Shiira 1.2"_s,
+            u"Cookie shredding skipped - Safari and Shiira share the cookies folder.  You must quit BOTH browsers to shred cookies"_s,
+            u""_s}));
     EXPECT_TRUE(paths.isEmpty());
 
     isRunning.set(WatchedApp::shiira, 0);
@@ -128,14 +130,14 @@ TEST_F(SafariCleanersTest, SafariFourTakesTheTemporaryCacheAndKeepsTopSitesWhenA
     setKey(PreferenceKey::KeepSafariTopSites, true);
     const QString temporaryCache = home.file(u"var/folders/ab/cd/-Caches-/com.apple.Safari"_s);
     EXPECT_EQ(run([&] { cleaners.Safari40(); }), (QStringList{
-                                                      u"Safari 4.0"_s,
-                                                      u"Shred: $TMPDIR"_s,
-                                                      temporaryCache,
-                                                      u"Shred: ~/Library/Caches/com.apple.Safari"_s,
-                                                      u"Shred: ~/Library/Caches/Safari Webpage Preview Fetcher"_s,
-                                                      u"Skip: ~/Library/Safari/TopSites.plist"_s,
-                                                      u""_s,
-                                                  }));
+                                                     u"Safari 4.0"_s,
+                                                     u"Shred: $TMPDIR"_s,
+                                                     temporaryCache,
+                                                     u"Shred: ~/Library/Caches/com.apple.Safari"_s,
+                                                     u"Shred: ~/Library/Caches/Safari Webpage Preview Fetcher"_s,
+                                                     u"Skip: ~/Library/Safari/TopSites.plist"_s,
+                                                     u""_s,
+                                                 }));
     EXPECT_EQ(paths.first(), temporaryCache);
 
     queue.takePaths();
@@ -156,16 +158,16 @@ TEST_F(SafariCleanersTest, SafariFiveOneStopsTheCookieDaemonAndTakesWindowStates
     home.write(state + u"data.data"_s, "d");
     setAllKeys(true);
     EXPECT_EQ(run([&] { cleaners.Safari51(); }), (QStringList{
-                                                      u"Safari 5.1-6"_s,
-                                                      u"Shred: $TMPDIR"_s,
-                                                      home.file(u"var/folders/ab/cd/C/com.apple.Safari"_s),
-                                                      u"Shred: ~/Library/Cookies/Cookies.binarycookies"_s,
-                                                      u""_s,
-                                                  }));
+                                                     u"Safari 5.1-6"_s,
+                                                     u"Shred: $TMPDIR"_s,
+                                                     home.file(u"var/folders/ab/cd/C/com.apple.Safari"_s),
+                                                     u"Shred: ~/Library/Cookies/Cookies.binarycookies"_s,
+                                                     u""_s,
+                                                 }));
     EXPECT_EQ(runner.calls, QList<QStringList>{(QStringList{u"killall"_s, u"cookied"_s})});
     EXPECT_EQ(paths, (QStringList{home.file(u"var/folders/ab/cd/C/com.apple.Safari"_s),
-                                  home.file(u"Library/Cookies/Cookies.binarycookies"_s), home.file(state + u"window_1.data"_s),
-                                  home.file(state + u"windows.plist"_s)}));
+                                  home.file(u"Library/Cookies/Cookies.binarycookies"_s),
+                                  home.file(state + u"window_1.data"_s), home.file(state + u"windows.plist"_s)}));
 
     // With history, cookies and cache all off: header and empty line, and no daemon stopped.
     queue.takePaths();

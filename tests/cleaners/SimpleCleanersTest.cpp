@@ -22,14 +22,14 @@ TEST_F(SimpleCleanersTest, InternetExplorerWithEverythingOnAndOff)
 {
     setAllKeys(true);
     EXPECT_EQ(run([&] { cleaners.IE51(); }), (QStringList{
-                                                   u"IE"_s,
-                                                   u"Shred: ~/Library/Caches/MS Internet Cache"_s,
-                                                   u"Shred: ~/Library/Preferences/MS Internet Cache"_s,
-                                                   u"Shred: ~/Library/Preferences/Explorer/History.html"_s,
-                                                   u"Shred: ~/Library/Preferences/Explorer/Download Cache"_s,
-                                                   u"Shred: ~/Library/Preferences/Explorer/Downloads.html"_s,
-                                                   u""_s,
-                                               }));
+                                                 u"IE"_s,
+                                                 u"Shred: ~/Library/Caches/MS Internet Cache"_s,
+                                                 u"Shred: ~/Library/Preferences/MS Internet Cache"_s,
+                                                 u"Shred: ~/Library/Preferences/Explorer/History.html"_s,
+                                                 u"Shred: ~/Library/Preferences/Explorer/Download Cache"_s,
+                                                 u"Shred: ~/Library/Preferences/Explorer/Downloads.html"_s,
+                                                 u""_s,
+                                             }));
     EXPECT_EQ(paths, expanded({u"~/Library/Caches/MS Internet Cache"_s, u"~/Library/Preferences/MS Internet Cache"_s,
                                u"~/Library/Preferences/Explorer/History.html"_s,
                                u"~/Library/Preferences/Explorer/Download Cache"_s,
@@ -38,14 +38,14 @@ TEST_F(SimpleCleanersTest, InternetExplorerWithEverythingOnAndOff)
     queue.takePaths();
     setAllKeys(false);
     EXPECT_EQ(run([&] { cleaners.IE51(); }), (QStringList{
-                                                   u"IE"_s,
-                                                   u"Skip: ~/Library/Caches/MS Internet Cache"_s,
-                                                   u"Skip: ~/Preferences/MS Internet Cache"_s,
-                                                   u"Skip: ~/Library/Preferences/Explorer/History.html"_s,
-                                                   u"Skip: ~/Library/Preferences/Explorer/Download Cache"_s,
-                                                   u"Skip: ~/Library/Preferences/Explorer/Downloads.html"_s,
-                                                   u""_s,
-                                               }));
+                                                 u"IE"_s,
+                                                 u"Skip: ~/Library/Caches/MS Internet Cache"_s,
+                                                 u"Skip: ~/Preferences/MS Internet Cache"_s,
+                                                 u"Skip: ~/Library/Preferences/Explorer/History.html"_s,
+                                                 u"Skip: ~/Library/Preferences/Explorer/Download Cache"_s,
+                                                 u"Skip: ~/Library/Preferences/Explorer/Downloads.html"_s,
+                                                 u""_s,
+                                             }));
     EXPECT_TRUE(paths.isEmpty());
 }
 
@@ -91,7 +91,7 @@ TEST_F(SimpleCleanersTest, ICabFourAsksAgainAfterItsCache)
     int asked = 0;
     context.setBrowserIsEnabledForTesting([&](const QString& name) {
         EXPECT_EQ(name, u"iCab"_s);
-        return ++asked == 1;  // enabled at the gate, no longer after the cache
+        return ++asked == 1; // enabled at the gate, no longer after the cache
     });
     EXPECT_EQ(run([&] { cleaners.iCab411(); }),
               (QStringList{u"iCab v4"_s, u"Shred: ~/Library/Caches/iCab/Cache.db"_s, u""_s}));
@@ -101,15 +101,15 @@ TEST_F(SimpleCleanersTest, ICabFourAsksAgainAfterItsCache)
     queue.takePaths();
     context.setBrowserIsEnabledForTesting(nullptr);
     EXPECT_EQ(run([&] { cleaners.iCab411(); }), (QStringList{
-                                                      u"iCab v4"_s,
-                                                      u"Shred: ~/Library/Caches/iCab/Cache.db"_s,
-                                                      u"Shred: ~/Library/Preferences/iCab/iCab 4 Downloads"_s,
-                                                      u"Shred: ~/Library/Preferences/iCab/iCab 4 History"_s,
-                                                      u"Shred: ~/Library/Preferences/iCab/iCab 4 TopTen"_s,
-                                                      u"Shred: ~/Library/Preferences/iCab/iCab 4 Cookies"_s,
-                                                      u"Shred: ~/Library/Icons/Webpageicons.db"_s,
-                                                      u""_s,
-                                                  }));
+                                                    u"iCab v4"_s,
+                                                    u"Shred: ~/Library/Caches/iCab/Cache.db"_s,
+                                                    u"Shred: ~/Library/Preferences/iCab/iCab 4 Downloads"_s,
+                                                    u"Shred: ~/Library/Preferences/iCab/iCab 4 History"_s,
+                                                    u"Shred: ~/Library/Preferences/iCab/iCab 4 TopTen"_s,
+                                                    u"Shred: ~/Library/Preferences/iCab/iCab 4 Cookies"_s,
+                                                    u"Shred: ~/Library/Icons/Webpageicons.db"_s,
+                                                    u""_s,
+                                                }));
 }
 
 TEST_F(SimpleCleanersTest, OperaCacheFoldersEndInTheFlorinSignInUtf8)
@@ -132,19 +132,19 @@ TEST_F(SimpleCleanersTest, OperaElevenSkipLinesAndSpeedDial)
 {
     setAllKeys(false);
     EXPECT_EQ(run([&] { cleaners.Opera110(); }), (QStringList{
-                                                       u"Opera 11.x"_s,
-                                                       u"Skip: ~/Library/Opera/typed_history.xml"_s,
-                                                       u"Skip: ~/Library/Opera/global_history.dat"_s,
-                                                       u"Skip: ~/Library/Opera/Bookmarks.bak"_s,
-                                                       u"Skip: ~/Library/Opera/Sessions/autosave.win.bak"_s,
-                                                       u"Skip: ~/Library/Opera/cookies4.dat"_s,
-                                                       u"Skip: ~/Library/Opera/vlink4.dat"_s,
-                                                       u"Skip: ~/Library/Opera/autopera.win"_s,
-                                                       u"Skip: ~/Library/Opera/download.dat"_s,
-                                                       u"Skip: ~/Library/Opera/speeddial.ini"_s,
-                                                       u"Skip: ~/Library/Opera/opthumb.dat"_s,
-                                                       u""_s,
-                                                   }));
+                                                     u"Opera 11.x"_s,
+                                                     u"Skip: ~/Library/Opera/typed_history.xml"_s,
+                                                     u"Skip: ~/Library/Opera/global_history.dat"_s,
+                                                     u"Skip: ~/Library/Opera/Bookmarks.bak"_s,
+                                                     u"Skip: ~/Library/Opera/Sessions/autosave.win.bak"_s,
+                                                     u"Skip: ~/Library/Opera/cookies4.dat"_s,
+                                                     u"Skip: ~/Library/Opera/vlink4.dat"_s,
+                                                     u"Skip: ~/Library/Opera/autopera.win"_s,
+                                                     u"Skip: ~/Library/Opera/download.dat"_s,
+                                                     u"Skip: ~/Library/Opera/speeddial.ini"_s,
+                                                     u"Skip: ~/Library/Opera/opthumb.dat"_s,
+                                                     u""_s,
+                                                 }));
     EXPECT_TRUE(paths.isEmpty());
 
     setAllKeys(true);
@@ -161,8 +161,8 @@ TEST_F(SimpleCleanersTest, OperaElevenSkipLinesAndSpeedDial)
     queue.takePaths();
     setKey(PreferenceKey::KeepSafariTopSites, true);
     const QStringList keepingTopSites = run([&] { cleaners.Opera110(); });
-    EXPECT_EQ(keepingTopSites.mid(10), (QStringList{u"Skip: ~/Library/Opera/speeddial.ini"_s,
-                                                    u"Skip: ~/Library/Opera/opthumb.dat"_s, u""_s}));
+    EXPECT_EQ(keepingTopSites.mid(10),
+              (QStringList{u"Skip: ~/Library/Opera/speeddial.ini"_s, u"Skip: ~/Library/Opera/opthumb.dat"_s, u""_s}));
     EXPECT_EQ(paths.size(), 9);
 }
 
@@ -181,20 +181,21 @@ TEST_F(SimpleCleanersTest, OperaSeventeenScansOnlyTheTopLevel)
     setKey(PreferenceKey::ShredCookies, false);
 
     const QString full = home.file(folder);
-    EXPECT_EQ(run([&] { cleaners.Opera170(); }), (QStringList{
-                                                       u"Opera 17.x"_s,
-                                                       u"Shred: ~/Library/Caches/com.operasoftware.Opera/Cache"_s,
-                                                       u"Shred: ~/Library/Application Support/com.operasoftware.Opera/GPUCache"_s,
-                                                       u"Shred: "_s + full + u"History"_s,
-                                                       u"Shred: "_s + full + u"History-journal"_s,
-                                                       u"Shred: "_s + full + u"session_1"_s,
-                                                       u"Shred: "_s + full + u"Thumbnails"_s,
-                                                       u"Shred: "_s + full + u"Archived History"_s,
-                                                       u"Shred: "_s + full + u"Archived History-journal"_s,
-                                                       u"Skip: ~/Library/Application Support/com.operasoftware.Opera/Default/Cookies"_s,
-                                                       u"Skip: ~/Library/Application Support/com.operasoftware.Opera/Cookies-journal"_s,
-                                                       u""_s,
-                                                   }));
+    EXPECT_EQ(run([&] { cleaners.Opera170(); }),
+              (QStringList{
+                  u"Opera 17.x"_s,
+                  u"Shred: ~/Library/Caches/com.operasoftware.Opera/Cache"_s,
+                  u"Shred: ~/Library/Application Support/com.operasoftware.Opera/GPUCache"_s,
+                  u"Shred: "_s + full + u"History"_s,
+                  u"Shred: "_s + full + u"History-journal"_s,
+                  u"Shred: "_s + full + u"session_1"_s,
+                  u"Shred: "_s + full + u"Thumbnails"_s,
+                  u"Shred: "_s + full + u"Archived History"_s,
+                  u"Shred: "_s + full + u"Archived History-journal"_s,
+                  u"Skip: ~/Library/Application Support/com.operasoftware.Opera/Default/Cookies"_s,
+                  u"Skip: ~/Library/Application Support/com.operasoftware.Opera/Cookies-journal"_s,
+                  u""_s,
+              }));
     EXPECT_EQ(paths.size(), 8);
     EXPECT_FALSE(paths.join(u'|').contains(u"session_inside"_s));
 
@@ -209,13 +210,14 @@ TEST_F(SimpleCleanersTest, OperaSeventeenScansOnlyTheTopLevel)
 TEST_F(SimpleCleanersTest, PluginCacheTakesTheEnabledPluginPaths)
 {
     PluginManager::resetSharedInstanceForTesting();
-    EXPECT_EQ(run([&] { cleaners.PluginsCache(); }),
-              (QStringList{u"Plugin Cache"_s, u"Skip: Could not find Plugin Manager.  Cannot find Plugin Cache"_s, u""_s}));
+    EXPECT_EQ(
+        run([&] { cleaners.PluginsCache(); }),
+        (QStringList{u"Plugin Cache"_s, u"Skip: Could not find Plugin Manager.  Cannot find Plugin Cache"_s, u""_s}));
 
     PluginManager& manager = PluginManager::createSharedInstance();
     const QStringList expected = manager.enabledPluginPaths();
     ASSERT_FALSE(expected.isEmpty());
-    setAllKeys(false);  // no key decides it
+    setAllKeys(false); // no key decides it
     const QStringList lines = run([&] { cleaners.PluginsCache(); });
     EXPECT_EQ(lines, (QStringList{u"Plugin Cache"_s, u"Shred:"_s} + expected + QStringList{u""_s}));
     EXPECT_EQ(paths, expected);
@@ -241,7 +243,8 @@ TEST_F(SimpleCleanersTest, CustomProcessesThatStoppedHandTheirPathsOver)
 
     EXPECT_EQ(lines, (QStringList{u"Custom Processes"_s, u"/Applications/Editor.app/Contents/MacOS/Editor"_s, u""_s,
                                   u"/usr/local/bin/tool"_s, u""_s, u""_s}));
-    EXPECT_EQ(source.asked, (QStringList{u"/Applications/Editor.app/Contents/MacOS/Editor"_s, u"/usr/local/bin/tool"_s}));
+    EXPECT_EQ(source.asked,
+              (QStringList{u"/Applications/Editor.app/Contents/MacOS/Editor"_s, u"/usr/local/bin/tool"_s}));
     EXPECT_EQ(paths, (QStringList{u"/tmp/from /Applications/Editor.app/Contents/MacOS/Editor"_s,
                                   u"/tmp/from /usr/local/bin/tool"_s}));
 }

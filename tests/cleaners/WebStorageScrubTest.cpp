@@ -54,13 +54,13 @@ protected:
 
 TEST_F(WebStorageScrubTest, SafariDatabasesKeepsOnlyKeptOriginsAsSubstrings)
 {
-    const QString path = makeDatabase(
-        u"Library/Safari/Databases/Databases.db"_s, u"safari-databases.sql"_s,
-        u"INSERT INTO Origins VALUES ('http_www.kept.com_0', 5242880), ('https_mail.kept.com_0', 1),"
-        " ('http_notkept.com_0', 1), ('http_other.org_0', 1);"
-        "INSERT INTO Databases (origin, name, displayName, estimatedSize, path) VALUES"
-        " ('http_www.kept.com_0', 'notes', 'Notes', 100, '0000000000000001.db'),"
-        " ('http_other.org_0', 'cart', 'Cart', 100, '0000000000000002.db');"_s);
+    const QString path =
+        makeDatabase(u"Library/Safari/Databases/Databases.db"_s, u"safari-databases.sql"_s,
+                     u"INSERT INTO Origins VALUES ('http_www.kept.com_0', 5242880), ('https_mail.kept.com_0', 1),"
+                     " ('http_notkept.com_0', 1), ('http_other.org_0', 1);"
+                     "INSERT INTO Databases (origin, name, displayName, estimatedSize, path) VALUES"
+                     " ('http_www.kept.com_0', 'notes', 'Notes', 100, '0000000000000001.db'),"
+                     " ('http_other.org_0', 'cart', 'Cart', 100, '0000000000000002.db');"_s);
     const QByteArray before = home.read(u"Library/Safari/Databases/Databases.db"_s);
     keep({u"kept.com"_s});
 
@@ -78,9 +78,10 @@ TEST_F(WebStorageScrubTest, SafariDatabasesKeepsOnlyKeptOriginsAsSubstrings)
 
 TEST_F(WebStorageScrubTest, StorageTrackerAlwaysKeepsSafarisOwnOrigins)
 {
-    const QString path = makeDatabase(u"Library/Safari/LocalStorage/StorageTracker.db"_s, u"safari-storagetracker.sql"_s,
-                                      u"INSERT INTO Origins VALUES ('safari-resource_/_0', 'a'), ('http_a.com_0', 'b'),"
-                                      " ('https_b.net_0', 'c');"_s);
+    const QString path =
+        makeDatabase(u"Library/Safari/LocalStorage/StorageTracker.db"_s, u"safari-storagetracker.sql"_s,
+                     u"INSERT INTO Origins VALUES ('safari-resource_/_0', 'a'), ('http_a.com_0', 'b'),"
+                     " ('https_b.net_0', 'c');"_s);
     ASSERT_FALSE(scrub().safari5storagetrackersqlite(path, kSafariTrackerKey).isNull());
     EXPECT_EQ(column(path, u"select origin from Origins"_s), QStringList{u"safari-resource_/_0"_s});
 }
@@ -149,8 +150,9 @@ TEST_F(WebStorageScrubTest, UnknownSchemasAndMissingFilesAreLeftAlone)
     QString renamed;
     QStringList lines = run([&] { renamed = scrub().safari5databasessqlite(path, kSafariDatabasesKey); });
     EXPECT_TRUE(renamed.isNull());
-    EXPECT_EQ(lines, QStringList({u"Databases Database Schema does not match key:"_s,
-                                  QString::fromLatin1(QCryptographicHash::hash(listing, QCryptographicHash::Md5).toHex())}));
+    EXPECT_EQ(lines,
+              QStringList({u"Databases Database Schema does not match key:"_s,
+                           QString::fromLatin1(QCryptographicHash::hash(listing, QCryptographicHash::Md5).toHex())}));
     EXPECT_EQ(home.read(u"Library/Safari/Databases/Databases.db"_s), before);
 
     lines = run([&] { scrub().chrome5databasessqlite(home.file(u"missing/Databases.db"_s), kChromeKey); });

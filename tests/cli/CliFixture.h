@@ -35,7 +35,9 @@ protected:
     // The settings file as another process reads it.
     QVariantMap stored() const
     {
-        return PropertyList::parse(home.read(QStringLiteral(".config/com.orvick.vantle.plist"))).value_or(QVariant()).toMap();
+        return PropertyList::parse(home.read(QStringLiteral(".config/com.orvick.vantle.plist")))
+            .value_or(QVariant())
+            .toMap();
     }
 
     TempHome home;

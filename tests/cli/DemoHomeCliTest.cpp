@@ -61,8 +61,9 @@ bool isBelowAny(const QString& path, const QStringList& roots)
 TEST_F(DemoHomeCliTest, ARunErasesWhatTheDryRunListedAndKeepsTheRest)
 {
     // The script refuses to fill the folder HOME names, which here is the test's own.
-    const ProcessResult made = ChildProcess::run(
-        u"env"_s, {u"HOME=/nonexistent"_s, u"bash"_s, QStringLiteral(VANTLE_SOURCE_DIR "/scripts/make-demo-home"), home.path()});
+    const ProcessResult made =
+        ChildProcess::run(u"env"_s, {u"HOME=/nonexistent"_s, u"bash"_s,
+                                     QStringLiteral(VANTLE_SOURCE_DIR "/scripts/make-demo-home"), home.path()});
     ASSERT_EQ(made.exitCode, 0) << made.standardError.constData();
     // Eudora 6 names its trash at the root of the disk, outside the test's home.
     for (const QStringList& command : {QStringList{u"apps"_s, u"disable"_s, u"Eudora"_s},

@@ -30,8 +30,7 @@ const QString kOperaCache = u"Library/Caches/Opera/cache4/"_s;
 const QString kTracker = u"Library/Safari/LocalStorage/StorageTracker.db"_s;
 const QString kLog = u"Library/Logs/Vantle X Log.txt"_s;
 // Files a run rewrites by design; what must survive in them is checked by content.
-const QStringList kRewritten{kProfile + u"places.sqlite"_s, kLocalState, kTracker, u".config/"_s,
-                             u"Library/Logs/"_s};
+const QStringList kRewritten{kProfile + u"places.sqlite"_s, kLocalState, kTracker, u".config/"_s, u"Library/Logs/"_s};
 
 // Sizes that make each phase last long enough to be hit, and a whole run short
 // enough for the default number of tries to stay cheap.
@@ -42,8 +41,8 @@ constexpr qint64 kBigCacheFile = 64 << 20; // the overwrite, 35 passes
 constexpr int kSmallCacheFiles = 800;      // the removal
 
 enum Phase { DatabaseRewrite, JsonEdit, Overwrite, Removal, FindingOther, ShreddingOther, PhaseCount };
-constexpr std::array<const char*, PhaseCount> kPhaseNames{
-    "database rewrite", "JSON edit", "overwrite", "removal", "finding (other)", "shredding (other)"};
+constexpr std::array<const char*, PhaseCount> kPhaseNames{"database rewrite", "JSON edit",       "overwrite",
+                                                          "removal",          "finding (other)", "shredding (other)"};
 constexpr int kTargetedPhases = 4; // the first four are aimed at
 
 struct Window {
@@ -58,20 +57,21 @@ protected:
         QDir().mkpath(home.file(kProfile));
         TestDatabase db(home.file(kProfile + u"places.sqlite"_s));
         db.exec(QString::fromUtf8(testData(u"places-firefox-3.0.sql"_s)));
-        db.exec(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<%1)"
-                " INSERT INTO moz_places (id, url, title, visit_count) SELECT i, 'http://s' || i || '.example/', 't', 1 FROM n;"
-                "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<%1)"
-                " INSERT INTO moz_historyvisits (id, place_id, visit_date) SELECT i, i, i FROM n;"
-                "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<%2)"
-                " INSERT INTO moz_bookmarks (id, type, fk, parent, position, title) SELECT i, 1, i * 7, 2, i, 'B' || i FROM n;"_s
-                    .arg(kPlaces)
-                    .arg(kBookmarks));
+        db.exec(
+            u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<%1)"
+            " INSERT INTO moz_places (id, url, title, visit_count) SELECT i, 'http://s' || i || '.example/', 't', 1 "
+            "FROM n;"
+            "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<%1)"
+            " INSERT INTO moz_historyvisits (id, place_id, visit_date) SELECT i, i, i FROM n;"
+            "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<%2)"
+            " INSERT INTO moz_bookmarks (id, type, fk, parent, position, title) SELECT i, 1, i * 7, 2, i, 'B' || i FROM n;"_s
+                .arg(kPlaces)
+                .arg(kBookmarks));
         QByteArray hosts;
         for (int i = 0; i < kPrefetchHosts; ++i)
             hosts += (i ? ",\"" : "\"") + QByteArray::number(i) + ".prefetch.example\"";
-        home.write(kLocalState,
-                   "{\"StartupDNSPrefetchList\":[" + hosts +
-                       R"(],"browser":{"last_known_version":"30.0"},"big":18446744073709551615})");
+        home.write(kLocalState, "{\"StartupDNSPrefetchList\":[" + hosts +
+                                    R"(],"browser":{"last_known_version":"30.0"},"big":18446744073709551615})");
         home.write(kChromeCache + u"Cache/data_1"_s, QByteArray(kBigCacheFile, 'c'));
         for (int i = 0; i < kSmallCacheFiles; ++i)
             home.write(kOperaCache + u"opr%1.tmp"_s.arg(i, 5, 10, QLatin1Char('0')), QByteArray(1024, 'o'));
@@ -115,8 +115,7 @@ protected:
         }
         const auto settings = nlohmann::ordered_json::parse(home.read(kLocalState).toStdString(), nullptr, false);
         check(settings.is_object() &&
-                  settings.value("browser", nlohmann::ordered_json()).dump() ==
-                      R"({"last_known_version":"30.0"})" &&
+                  settings.value("browser", nlohmann::ordered_json()).dump() == R"({"last_known_version":"30.0"})" &&
                   settings.value("big", 0ULL) == 18446744073709551615ULL,
               "Local State's other settings");
         check(home.read(u"Documents/thesis.txt"_s) == "mine", "a document");
@@ -186,7 +185,8 @@ protected:
 
     void startRun(QProcess& process) const
     {
-        process.start(QStringLiteral(VANTLE_CLI_PATH), {u"--home"_s, home.path(), u"shred"_s, u"--yes"_s, u"--quiet"_s});
+        process.start(QStringLiteral(VANTLE_CLI_PATH),
+                      {u"--home"_s, home.path(), u"shred"_s, u"--yes"_s, u"--quiet"_s});
         EXPECT_TRUE(process.waitForStarted());
     }
 
@@ -267,9 +267,8 @@ protected:
 TEST_F(InterruptedRunCliTest, NothingKeptIsDamagedNothingElseIsGoneAndTheNextRunCompletes)
 {
     // Runs to try; more with VANTLE_KILL_RUNS for a longer search.
-    const int runs = qEnvironmentVariableIntValue("VANTLE_KILL_RUNS") > 0
-                         ? qEnvironmentVariableIntValue("VANTLE_KILL_RUNS")
-                         : 8;
+    const int runs =
+        qEnvironmentVariableIntValue("VANTLE_KILL_RUNS") > 0 ? qEnvironmentVariableIntValue("VANTLE_KILL_RUNS") : 8;
     makeHome();
     // What a run may erase: what a dry run lists, and what each run's log names.
     QueuedPaths dryRun;
@@ -303,10 +302,8 @@ TEST_F(InterruptedRunCliTest, NothingKeptIsDamagedNothingElseIsGoneAndTheNextRun
         const Window window = windows[phase];
         const double fraction = std::fmod(0.5 + 0.618034 * (run / kTargetedPhases), 1.0);
         const qint64 after = window.start >= 0 ? qint64(fraction * double(window.end - window.start)) : 0;
-        SCOPED_TRACE(u"try %1: %2 after %3 ms"_s.arg(run)
-                         .arg(QString::fromLatin1(kPhaseNames[phase]))
-                         .arg(after)
-                         .toStdString());
+        SCOPED_TRACE(
+            u"try %1: %2 after %3 ms"_s.arg(run).arg(QString::fromLatin1(kPhaseNames[phase])).arg(after).toStdString());
         if (runKilledIn(phase, after)) {
             ++killed;
             ++killedIn[leftBy()];
@@ -341,16 +338,15 @@ TEST_F(InterruptedRunCliTest, NothingKeptIsDamagedNothingElseIsGoneAndTheNextRun
     EXPECT_GE(killed, runs / 3);
     QStringList perPhase;
     for (int phase = 0; phase < PhaseCount; ++phase)
-        perPhase << u"%1 %2"_s.arg(QString::fromLatin1(kPhaseNames[std::size_t(phase)]))
-                        .arg(killedIn[std::size_t(phase)]);
+        perPhase
+            << u"%1 %2"_s.arg(QString::fromLatin1(kPhaseNames[std::size_t(phase)])).arg(killedIn[std::size_t(phase)]);
     QStringList aimedAt;
     for (int phase = 0; phase < kTargetedPhases; ++phase)
         aimedAt << u"%1 %2-%3"_s.arg(QString::fromLatin1(kPhaseNames[std::size_t(phase)]))
                        .arg(windows[std::size_t(phase)].start)
                        .arg(windows[std::size_t(phase)].end);
-    std::printf("whole run %lld ms (%s ms)\n", static_cast<long long>(whole),
-                qPrintable(aimedAt.join(u", "_s)));
-    std::printf("interrupted runs: %d tried, %d killed (%s); kept files checked: %lld; damage found: %lld\n",
-                runs, killed, qPrintable(perPhase.join(u", "_s)), static_cast<long long>(keptChecked),
+    std::printf("whole run %lld ms (%s ms)\n", static_cast<long long>(whole), qPrintable(aimedAt.join(u", "_s)));
+    std::printf("interrupted runs: %d tried, %d killed (%s); kept files checked: %lld; damage found: %lld\n", runs,
+                killed, qPrintable(perPhase.join(u", "_s)), static_cast<long long>(keptChecked),
                 static_cast<long long>(damage));
 }

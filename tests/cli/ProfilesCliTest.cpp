@@ -18,7 +18,7 @@ TEST_F(CliFixture, ProfilesAreListedSelectedAndDeselected)
     EXPECT_TRUE(list.out.contains(u"Thunderbird (~/Library/Thunderbird/Profiles)\n    no profiles\n"_s));
 
     EXPECT_EQ(cli({u"profiles"_s, u"deselect"_s, u"firefox"_s, u"work"_s}).exitCode, 0);
-    EXPECT_EQ(cli({u"profiles"_s, u"deselect"_s, u"firefox"_s, u"work"_s}).exitCode, 0);  // already so
+    EXPECT_EQ(cli({u"profiles"_s, u"deselect"_s, u"firefox"_s, u"work"_s}).exitCode, 0); // already so
     const QVariantMap selection = stored().value(u"ProfilesMenuDict"_s).toMap();
     EXPECT_EQ(selection.value(home.file(firefox.chopped(1))).toList(), QVariantList{u"ab12cd.default"_s});
     EXPECT_TRUE(cli({u"profiles"_s, u"list"_s}).out.contains(u"    [ ] ef34gh.work\n"_s));

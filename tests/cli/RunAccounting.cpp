@@ -98,9 +98,8 @@ QStringList HomeSnapshot::changedOutside(const QueuedPaths& queued, const QStrin
     const QHash<QString, QByteArray> now = entries(m_home, &queued);
     QStringList changed;
     for (auto it = m_entries.cbegin(); it != m_entries.cend(); ++it) {
-        const bool isRewritten =
-            std::any_of(rewritten.cbegin(), rewritten.cend(),
-                        [&](const QString& prefix) { return it.key().startsWith(prefix); });
+        const bool isRewritten = std::any_of(rewritten.cbegin(), rewritten.cend(),
+                                             [&](const QString& prefix) { return it.key().startsWith(prefix); });
         if (isRewritten || queued.covers(QDir(m_home).filePath(it.key())) || !now.contains(it.key()))
             continue;
         if (now.value(it.key()) != it.value())

@@ -87,9 +87,8 @@ TEST_F(ShredCliTest, ARunErasesWhatTheLogSaysAndNothingElse)
 TEST_F(ShredCliTest, TimingReportsEachStageOnTheStandardErrorOnlyWhenAsked)
 {
     ASSERT_EQ(cli({u"apps"_s, u"disable"_s, u"Eudora"_s}).exitCode, 0);
-    const QRegularExpression stages(
-        uR"(^finding: \d+\.\d{3} s, peak [1-9]\d* KiB \(children \d+ KiB\)\n)"
-        uR"(shredding: \d+\.\d{3} s, peak [1-9]\d* KiB \(children \d+ KiB\)\n$)"_s);
+    const QRegularExpression stages(uR"(^finding: \d+\.\d{3} s, peak [1-9]\d* KiB \(children \d+ KiB\)\n)"
+                                    uR"(shredding: \d+\.\d{3} s, peak [1-9]\d* KiB \(children \d+ KiB\)\n$)"_s);
     const CliRun timed = cli({u"shred"_s, u"--yes"_s, u"--quiet"_s, u"--timing"_s});
     EXPECT_EQ(timed.exitCode, 0);
     EXPECT_TRUE(stages.match(timed.err).hasMatch()) << qPrintable(timed.err);
@@ -160,8 +159,8 @@ TEST_F(ShredCliTest, OnATerminalCtrlCStopsAfterTheCurrentItemAndTheProgressLineN
     ASSERT_EQ(cli({u"apps"_s, u"disable"_s, u"Eudora"_s}).exitCode, 0);
     home.write(u"Library/Caches/Opera/cache4/big"_s, QByteArray(16 << 20, 'o'));
     home.write(u"Library/Caches/Google/Chrome/Default/Cache/data_0"_s, "chrome");
-    const QStringList waiting = snapshot().filter(u"/Library/Caches/Safari"_s) +
-                                snapshot().filter(u"/Library/Caches/Google"_s);
+    const QStringList waiting =
+        snapshot().filter(u"/Library/Caches/Safari"_s) + snapshot().filter(u"/Library/Caches/Google"_s);
 
     int terminal = -1;
     int device = -1;
@@ -214,8 +213,7 @@ TEST_F(ShredCliTest, OnATerminalCtrlCStopsAfterTheCurrentItemAndTheProgressLineN
                   QStringList{u"vantle-cli: 2 items could not be erased as asked"_s})
         << output.constData();
     EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Opera"_s)));
-    EXPECT_EQ(snapshot().filter(u"/Library/Caches/Safari"_s) + snapshot().filter(u"/Library/Caches/Google"_s),
-              waiting);
+    EXPECT_EQ(snapshot().filter(u"/Library/Caches/Safari"_s) + snapshot().filter(u"/Library/Caches/Google"_s), waiting);
     EXPECT_TRUE(home.read(u"Library/Logs/Vantle X Log.txt"_s)
                     .contains(" Shredding stopped by the user - 2 items left as they were\n"));
 }

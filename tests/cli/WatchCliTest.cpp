@@ -55,11 +55,13 @@ TEST_F(WatchCliTest, ACustomProcessThatQuitsIsFollowedByARunAndCtrlCStopsTheWatc
     watch.start(QStringLiteral(VANTLE_CLI_PATH),
                 {u"--home"_s, home.path(), u"watch"_s, u"--yes"_s, u"--interval"_s, u"0.2"_s});
     ASSERT_TRUE(watch.waitForStarted());
-    EXPECT_TRUE(waitForOutput(watch, u"A supported browser or email application is running..."_s)) << qPrintable(output);
+    EXPECT_TRUE(waitForOutput(watch, u"A supported browser or email application is running..."_s))
+        << qPrintable(output);
 
     running.kill();
     running.waitForFinished();
-    EXPECT_TRUE(waitForOutput(watch, u"All supported browser or email application have quit..."_s)) << qPrintable(output);
+    EXPECT_TRUE(waitForOutput(watch, u"All supported browser or email application have quit..."_s))
+        << qPrintable(output);
 
     // The run erases the folder and then puts it back, empty.
     QElapsedTimer timer;
@@ -97,7 +99,8 @@ TEST_F(WatchCliTest, WhenSafariQuitsARunErasesItsTraces)
     watch.start(QStringLiteral(VANTLE_CLI_PATH),
                 {u"--home"_s, home.path(), u"watch"_s, u"--yes"_s, u"--interval"_s, u"0.2"_s});
     ASSERT_TRUE(watch.waitForStarted());
-    EXPECT_TRUE(waitForOutput(watch, u"A supported browser or email application is running..."_s)) << qPrintable(output);
+    EXPECT_TRUE(waitForOutput(watch, u"A supported browser or email application is running..."_s))
+        << qPrintable(output);
     // While Safari runs its traces stay.
     QThread::msleep(600);
     EXPECT_TRUE(QFileInfo::exists(home.file(u"Library/Safari/History.plist"_s)));

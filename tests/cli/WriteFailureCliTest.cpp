@@ -2,8 +2,8 @@
 // cleaned areas, and a disk that fills up (a file-size limit on the run). The run
 // completes, keeps whole what the user keeps, says in its log why it left
 // something as it was, and erases nothing outside its path list.
-#include "cli/CliFixture.h"
 #include "app/RunReport.h"
+#include "cli/CliFixture.h"
 #include "cli/RunAccounting.h"
 #include "erase/FileTree.h"
 #include "support/TestDatabase.h"
@@ -78,8 +78,7 @@ protected:
     // A mode for the run; folders get theirs back at the end, so that the home can go.
     void setMode(const QString& relative, mode_t mode)
     {
-        ASSERT_EQ(::chmod(QFile::encodeName(home.file(relative)).constData(), mode), 0)
-            << qPrintable(relative);
+        ASSERT_EQ(::chmod(QFile::encodeName(home.file(relative)).constData(), mode), 0) << qPrintable(relative);
         if (QFileInfo(home.file(relative)).isDir())
             m_restrictedFolders.append(home.file(relative));
     }
@@ -103,15 +102,13 @@ protected:
             const rlimit limit{fileSizeLimit, fileSizeLimit};
             if (::setrlimit(RLIMIT_FSIZE, &limit) != 0)
                 ::_exit(120);
-            if (asNobody &&
-                (::setgroups(0, nullptr) != 0 || ::setgid(kNobody) != 0 || ::setuid(kNobody) != 0))
+            if (asNobody && (::setgroups(0, nullptr) != 0 || ::setgid(kNobody) != 0 || ::setuid(kNobody) != 0))
                 ::_exit(121);
         });
         process.start();
         EXPECT_TRUE(process.waitForFinished(120000));
         return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-                QString::fromUtf8(process.readAllStandardOutput()),
-                QString::fromUtf8(process.readAllStandardError())};
+                QString::fromUtf8(process.readAllStandardOutput()), QString::fromUtf8(process.readAllStandardError())};
     }
 
     // A restricted run, held against what a dry run says it may erase: it
@@ -155,8 +152,7 @@ protected:
     {
         const bool asNobody = handOverHome();
         process.setChildProcessModifier([asNobody] {
-            if (asNobody &&
-                (::setgroups(0, nullptr) != 0 || ::setgid(kNobody) != 0 || ::setuid(kNobody) != 0))
+            if (asNobody && (::setgroups(0, nullptr) != 0 || ::setgid(kNobody) != 0 || ::setuid(kNobody) != 0))
                 ::_exit(121);
         });
         process.start(program, arguments);
@@ -209,9 +205,8 @@ TEST_F(WriteFailureCliTest, AFullDiskLeavesEveryRewriteUndoneAndSaysSo)
     EXPECT_TRUE(hasLine(log, "Skip (Write new file failed): " + QFile::encodeName(home.file(kPreferences))));
     EXPECT_EQ(home.read(kPreferences), preferences);
     // The cache past the limit could not be overwritten; it is removed all the same.
-    EXPECT_TRUE(log.contains(
-        " Overwrite failed (File too large): " +
-        QFile::encodeName(home.file(u"Library/Caches/Google/Chrome/Default/Vantle X Items ("_s))));
+    EXPECT_TRUE(log.contains(" Overwrite failed (File too large): " +
+                             QFile::encodeName(home.file(u"Library/Caches/Google/Chrome/Default/Vantle X Items ("_s))));
     EXPECT_FALSE(QFileInfo::exists(home.file(kCache)));
     EXPECT_EQ(home.read(u"Documents/thesis.txt"_s), "mine");
 }
@@ -224,8 +219,7 @@ TEST_F(WriteFailureCliTest, ReadOnlyFoldersAndFilesAreLeftWithTheReasonAndTheRun
     const QByteArray placesBytes = home.read(kProfile + u"places.sqlite"_s);
     setMode(kProfile, 0555);
     // Settings the user made read-only, in a folder that lets them be replaced.
-    home.write(kLocalState,
-               R"({"StartupDNSPrefetchList":["a.example"],"browser":{"last_known_version":"30.0"}})");
+    home.write(kLocalState, R"({"StartupDNSPrefetchList":["a.example"],"browser":{"last_known_version":"30.0"}})");
     setMode(kLocalState, 0444);
     // A read-only cache: the engine makes it writable to erase it.
     home.write(kCache + u"data_0"_s, QByteArray(300000, 'c'));

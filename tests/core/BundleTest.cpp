@@ -39,7 +39,7 @@ TEST(Bundle, ResourceLookupAndInstalledAndMacLayouts)
               root.filePath(u"share/vantle/placesvacuumed.sqlite"_s));
     EXPECT_EQ(installed.pathForResource(u"sqlite3"_s, {}), root.filePath(u"share/vantle/sqlite3"_s));
     EXPECT_TRUE(installed.pathForResource(u"missing"_s, u"sqlite"_s).isEmpty());
-    EXPECT_TRUE(installed.infoDictionary().isEmpty());  // no Info.plist here: empty, no crash
+    EXPECT_TRUE(installed.infoDictionary().isEmpty()); // no Info.plist here: empty, no crash
 
     ASSERT_TRUE(QDir(root.path()).mkpath(u"Vantle X.app/Contents/MacOS"_s));
     ASSERT_TRUE(QDir(root.path()).mkpath(u"Vantle X.app/Contents/Resources"_s));

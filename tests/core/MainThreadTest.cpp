@@ -27,10 +27,12 @@ TEST(RunOnMainThread, WorkerCallsRunOnTheMainThreadAndWaitWhenAsked)
     std::thread worker([&] {
         EXPECT_FALSE(isMainThread());
         bool ranBeforeReturn = false;
-        runOnMainThread([&] {
-            waitedCallRanOnMain = QThread::currentThread() == mainThread;
-            ranBeforeReturn = true;
-        }, true);
+        runOnMainThread(
+            [&] {
+                waitedCallRanOnMain = QThread::currentThread() == mainThread;
+                ranBeforeReturn = true;
+            },
+            true);
         waitedBeforeReturning = ranBeforeReturn;
         runOnMainThread([&] { queuedCallRanOnMain = QThread::currentThread() == mainThread; }, false);
         workerDone = true;

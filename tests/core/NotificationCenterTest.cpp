@@ -8,7 +8,8 @@ TEST(NotificationCenter, DeliversByNameInRegistrationOrderWithTheObject)
 {
     NotificationCenter center;
     QStringList seen;
-    center.addObserver(u"Done"_s, [&](const QVariantMap& object) { seen << u"first "_s + object.value(u"k"_s).toString(); });
+    center.addObserver(u"Done"_s,
+                       [&](const QVariantMap& object) { seen << u"first "_s + object.value(u"k"_s).toString(); });
     center.addObserver(u"Other"_s, [&](const QVariantMap&) { seen << u"other"_s; });
     center.addObserver(u"Done"_s, [&](const QVariantMap&) { seen << u"second"_s; });
 
@@ -29,7 +30,7 @@ TEST(NotificationCenter, ObserversMayChangeRegistrationsWhilePosting)
     });
 
     center.post(u"N"_s);
-    EXPECT_EQ(calls, 1);  // the observer added during the post waits for the next one
+    EXPECT_EQ(calls, 1); // the observer added during the post waits for the next one
     center.post(u"N"_s);
-    EXPECT_EQ(calls, 11);  // the first observer removed itself
+    EXPECT_EQ(calls, 11); // the first observer removed itself
 }

@@ -13,7 +13,7 @@ TEST(ProcessRandom, GivesTheCLibrarySequenceForTheSameSeed)
         for (int i = 0; i < 1000; ++i)
             ASSERT_EQ(ProcessRandom::next(), int32_t(::random())) << "seed " << seed << " draw " << i;
 
-        std::vector<quint16> words(70001);  // more than one internal block
+        std::vector<quint16> words(70001); // more than one internal block
         ProcessRandom::fillLow16(words.data(), words.size());
         for (const quint16 word : words)
             ASSERT_EQ(word, quint16(::random()));

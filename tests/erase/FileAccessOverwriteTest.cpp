@@ -17,7 +17,7 @@ struct Pass {
     qint64 start;
     std::size_t length;
     quint16 k;
-    QByteArray written;  // what the range holds right after the pass
+    QByteArray written; // what the range holds right after the pass
 };
 
 class OverwriteTest : public ::testing::Test, protected EngineFixture {
@@ -82,7 +82,7 @@ TEST_F(OverwriteTest, FilesGrowByTheirLastChunkAndEmptyFilesStayEmpty)
 
     const QList<Pass> empty = shred(u"empty"_s, {}, onePass);
     EXPECT_EQ(QFileInfo(home.file(u"empty"_s)).size(), 0);
-    ASSERT_EQ(empty.size(), 2);  // one chunk pass and one tail pass, of 0 bytes each
+    ASSERT_EQ(empty.size(), 2); // one chunk pass and one tail pass, of 0 bytes each
     EXPECT_EQ(empty[0].length, 0u);
 
     shred(u"ten"_s, "0123456789", onePass);
@@ -94,10 +94,10 @@ TEST_F(OverwriteTest, FilesGrowByTheirLastChunkAndEmptyFilesStayEmpty)
 
 TEST_F(OverwriteTest, EachChunkCompletesItsPassesBeforeTheNextAndTheTailComesLast)
 {
-    const QList<Pass> passes = shred(u"f"_s, QByteArray(300000, 'u'),
-                                     {{u"NumberOfWrites"_s, qint64(3)}, {u"OverwritePattern"_s, qint64(6)}});
-    const QList<std::pair<qint64, std::size_t>> expected{{0, 131072},      {0, 131072},      {131072, 131072},
-                                                         {131072, 131072}, {262144, 37856},  {262144, 37856},
+    const QList<Pass> passes =
+        shred(u"f"_s, QByteArray(300000, 'u'), {{u"NumberOfWrites"_s, qint64(3)}, {u"OverwritePattern"_s, qint64(6)}});
+    const QList<std::pair<qint64, std::size_t>> expected{{0, 131072},      {0, 131072},     {131072, 131072},
+                                                         {131072, 131072}, {262144, 37856}, {262144, 37856},
                                                          {300000, 37856},  {300000, 37856}};
     ASSERT_EQ(passes.size(), expected.size()) << qPrintable(describe(passes));
     for (qsizetype i = 0; i < passes.size(); ++i) {
@@ -135,9 +135,10 @@ TEST_F(OverwriteTest, RandomPatternsWriteFreshDataOnEveryPass)
 TEST_F(OverwriteTest, DoDWritesFivesTensThenRandom)
 {
     const QList<Pass> passes =
-        shred(u"d"_s, kOneChunk, {{u"NumberOfWrites"_s, qint64(2)}, {u"OverwritePattern"_s, qint64(3)}, {u"DoDSanitize"_s, true}});
+        shred(u"d"_s, kOneChunk,
+              {{u"NumberOfWrites"_s, qint64(2)}, {u"OverwritePattern"_s, qint64(3)}, {u"DoDSanitize"_s, true}});
     ASSERT_EQ(passes.size(), 6) << qPrintable(describe(passes));
-    for (const int offset : {0, 3}) {  // the chunk, then the tail
+    for (const int offset : {0, 3}) { // the chunk, then the tail
         EXPECT_EQ(passes[offset].k, 3);
         EXPECT_TRUE(filledWith(passes[offset].written, 0x55));
         EXPECT_TRUE(filledWith(passes[offset + 1].written, char(0xAA)));
@@ -147,8 +148,8 @@ TEST_F(OverwriteTest, DoDWritesFivesTensThenRandom)
 
 TEST_F(OverwriteTest, NSAWritesRandomTwiceThenZeros)
 {
-    const QList<Pass> passes =
-        shred(u"n"_s, kOneChunk, {{u"NumberOfWrites"_s, qint64(2)}, {u"OverwritePattern"_s, qint64(4)}, {u"NSA"_s, true}});
+    const QList<Pass> passes = shred(
+        u"n"_s, kOneChunk, {{u"NumberOfWrites"_s, qint64(2)}, {u"OverwritePattern"_s, qint64(4)}, {u"NSA"_s, true}});
     ASSERT_EQ(passes.size(), 6) << qPrintable(describe(passes));
     EXPECT_TRUE(looksRandom(passes[0].written));
     EXPECT_TRUE(looksRandom(passes[1].written));
@@ -175,8 +176,9 @@ TEST_F(OverwriteTest, BothMethodsWriteTheNSASequenceAfterTwoUserPasses)
 
 TEST_F(OverwriteTest, TwelveWritesWithDoDMakeFifteenPasses)
 {
-    const QList<Pass> passes = shred(u"t"_s, QByteArray(1000, 'u'),
-                                     {{u"NumberOfWrites"_s, qint64(12)}, {u"OverwritePattern"_s, qint64(4)}, {u"DoDSanitize"_s, true}});
+    const QList<Pass> passes =
+        shred(u"t"_s, QByteArray(1000, 'u'),
+              {{u"NumberOfWrites"_s, qint64(12)}, {u"OverwritePattern"_s, qint64(4)}, {u"DoDSanitize"_s, true}});
     ASSERT_EQ(passes.size(), 30) << qPrintable(describe(passes));
     for (int i = 0; i < 12; ++i)
         EXPECT_TRUE(filledWith(passes[i].written, char(0xFF))) << i;
@@ -190,8 +192,10 @@ TEST_F(OverwriteTest, RandomCountsAndTheWrappedSeparatorCount)
     // Index 0: one to four passes, drawn anew for the chunk and for the tail.
     std::set<qsizetype> counts;
     for (int i = 0; i < 40; ++i) {
-        const QList<Pass> passes = shred(u"c"_s, "x", {{u"NumberOfWrites"_s, qint64(0)}, {u"OverwritePattern"_s, qint64(3)}});
-        const qsizetype chunkPasses = std::count_if(passes.cbegin(), passes.cend(), [](const Pass& p) { return p.start == 0; });
+        const QList<Pass> passes =
+            shred(u"c"_s, "x", {{u"NumberOfWrites"_s, qint64(0)}, {u"OverwritePattern"_s, qint64(3)}});
+        const qsizetype chunkPasses =
+            std::count_if(passes.cbegin(), passes.cend(), [](const Pass& p) { return p.start == 0; });
         EXPECT_GE(chunkPasses, 1);
         EXPECT_LE(chunkPasses, 4);
         counts.insert(chunkPasses);
@@ -199,7 +203,8 @@ TEST_F(OverwriteTest, RandomCountsAndTheWrappedSeparatorCount)
     EXPECT_GE(counts.size(), 3u);
 
     // Index 1 counts 0 passes, which the countdown wraps to 65,536.
-    const QList<Pass> wrapped = shred(u"w"_s, "x", {{u"NumberOfWrites"_s, qint64(1)}, {u"OverwritePattern"_s, qint64(3)}});
+    const QList<Pass> wrapped =
+        shred(u"w"_s, "x", {{u"NumberOfWrites"_s, qint64(1)}, {u"OverwritePattern"_s, qint64(3)}});
     EXPECT_EQ(wrapped.size(), 2 * 65536);
     EXPECT_EQ(wrapped.first().k, 0);
 }
@@ -249,9 +254,8 @@ TEST_F(OverwriteTest, AWriteThatFailsWithinTheContentsIsLoggedWithItsReason)
     QList<QByteArray> lines = home.read(u"log.txt"_s).split('\n');
     for (QByteArray& line : lines)
         line = line.mid(25); // after the time stamp
-    EXPECT_EQ(lines,
-              (QList<QByteArray>{"cache.db", "Overwrite failed (File too large): " + path(u"cache.db"_s),
-                                 "small.db", ""}));
+    EXPECT_EQ(lines, (QList<QByteArray>{"cache.db", "Overwrite failed (File too large): " + path(u"cache.db"_s),
+                                        "small.db", ""}));
 }
 
 TEST(RandomNames, NineToThirtyTwoCharactersWithAAndBWeightedTwice)

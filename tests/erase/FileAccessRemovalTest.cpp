@@ -185,7 +185,7 @@ TEST_F(RemovalTest, OnlyWhatWasListedIsErasedAndNothingIsOpenedToOthers)
 
     RecordingDisplay display;
     FileAccess& access = engine({{u"NumberOfWrites"_s, qint64(2)}, {u"OverwritePattern"_s, qint64(3)}}, &display);
-    EXPECT_EQ(access.sizeInBytes(path(u"Cache"_s)), quint64(2 + 5 + 300000));  // links and second names count nothing
+    EXPECT_EQ(access.sizeInBytes(path(u"Cache"_s)), quint64(2 + 5 + 300000)); // links and second names count nothing
     // While the large file is overwritten, a link to the thesis takes its name:
     // the write goes on into the file that was opened, never through the link.
     bool swapped = false;
@@ -264,7 +264,7 @@ TEST_F(RemovalTest, TreesDeeperThanAPathCanNameAreErasedWhole)
     access.shredDroppedFile(paths);
     ActivityLog::closeLog();
 
-    EXPECT_EQ(passes, 2);  // the leaf and its tail
+    EXPECT_EQ(passes, 2); // the leaf and its tail
     EXPECT_EQ(leftInHome(), QStringList{u"log.txt"_s});
     EXPECT_FALSE(home.read(u"log.txt"_s).contains("Skip")) << home.read(u"log.txt"_s).left(500).constData();
 }
@@ -332,23 +332,22 @@ TEST_F(RemovalTest, HoldingFoldersAnInterruptedRunLeftBesideThePathsAreErasedFir
               (QStringList{u"Caches"_s, u"Caches/Vantle X Items ()"_s, u"Caches/Vantle X Items ()/keep"_s,
                            u"Caches/Vantle X Items (12) copy"_s, u"Caches/Vantle X Items (12) copy/keep"_s,
                            u"Caches/Vantle X Items (1699999999)"_s, u"Caches/Vantle X Items (1699999999)/notes.txt"_s,
-                           u"Caches/Vantle X Items (7)"_s, u"Gone"_s, u"Other"_s,
-                           u"Other/Vantle X Items (5)"_s, u"Other/Vantle X Items (5)/keep"_s, u"run.log"_s}));
+                           u"Caches/Vantle X Items (7)"_s, u"Gone"_s, u"Other"_s, u"Other/Vantle X Items (5)"_s,
+                           u"Other/Vantle X Items (5)/keep"_s, u"run.log"_s}));
     for (const QByteArray name : {"Ab3dEf7hIj", "St5uVw7xYz", "Zz1yXx2wVv"})
         EXPECT_TRUE(overwritten.contains(name)) << name.constData();
     const QByteArray written = home.read(u"run.log"_s);
     EXPECT_TRUE(written.contains(
         " Shred (left by an interrupted run): " + path(u"Caches/Vantle X Items (1700000000)"_s) + '\n'));
-    EXPECT_TRUE(written.contains(
-        " Shred (left by an interrupted run): " + path(u"Gone/Vantle X Items (42)"_s) + '\n'));
+    EXPECT_TRUE(written.contains(" Shred (left by an interrupted run): " + path(u"Gone/Vantle X Items (42)"_s) + '\n'));
     // They count in the progress, which ends at 100.
     EXPECT_EQ(display.progress[display.progress.size() - 2], 100.0);
 }
 
 TEST_F(RemovalTest, AnyNameSurvivesTheTrip)
 {
-    const QList<QByteArray> names{"with space", "double\"quote", "single'quote", "new\nline", "caf\xc3\xa9",
-                                  "bad\xff\xfe utf8", "-dash", "*star?"};
+    const QList<QByteArray> names{"with space",  "double\"quote",    "single'quote", "new\nline",
+                                  "caf\xc3\xa9", "bad\xff\xfe utf8", "-dash",        "*star?"};
     const QByteArray folder = path(u"names"_s);
     ASSERT_EQ(::mkdir(folder.constData(), 0755), 0);
     QList<QByteArray> paths;
@@ -517,8 +516,8 @@ TEST_F(RemovalTest, WithoutPermissionItemsAreRemovedWherePossibleAndOthersLeftAs
     ActivityLog::closeLog();
 
     EXPECT_TRUE(QDir(home.file(u"p"_s)).isEmpty());
-    EXPECT_EQ(contents(theirs), "owned by root");           // could not be opened: removed as it was
-    EXPECT_EQ(contents(readonly), QByteArray(18, '\0'));  // writable by its owner, overwritten, removed
+    EXPECT_EQ(contents(theirs), "owned by root");        // could not be opened: removed as it was
+    EXPECT_EQ(contents(readonly), QByteArray(18, '\0')); // writable by its owner, overwritten, removed
     // It cannot be moved aside: not a byte of it changes, nor its mode.
     EXPECT_EQ(home.read(u"r/writable.txt"_s), "writable, not removable");
     EXPECT_EQ(QFileInfo(home.file(u"r/writable.txt"_s)).permissions(), writableMode);

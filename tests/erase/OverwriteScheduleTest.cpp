@@ -20,7 +20,7 @@ TEST(OverwriteSchedule, PassCountsPerMenuIndex)
     EXPECT_EQ(passes(0, false, false, 3), 4);
     EXPECT_EQ(passes(0, false, false, 0x7FFFFFFE), 3);
 
-    EXPECT_EQ(passes(1), 0);  // the separator: wraps in the engine's countdown
+    EXPECT_EQ(passes(1), 0); // the separator: wraps in the engine's countdown
     for (qint64 n = 2; n <= 11; ++n)
         EXPECT_EQ(passes(n), n - 1);
     EXPECT_EQ(passes(12), 15);

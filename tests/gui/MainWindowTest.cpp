@@ -123,9 +123,8 @@ TEST_F(MainWindowTest, PreviewShowsThePlanItsShredButtonRunsAndTheResultTakesThe
     auto* stop = window().findChild<QPushButton*>(u"mStopButton"_s);
     EXPECT_FALSE(stop->isEnabled());
 
-    ASSERT_TRUE(waitForRun([&] {
-        QTest::mouseClick(window().findChild<QPushButton*>(u"mPreviewButton"_s), Qt::LeftButton);
-    }));
+    ASSERT_TRUE(
+        waitForRun([&] { QTest::mouseClick(window().findChild<QPushButton*>(u"mPreviewButton"_s), Qt::LeftButton); }));
     PreviewWindow& preview = app().previewWindow();
     ASSERT_TRUE(preview.isVisible());
     ASSERT_EQ(preview.tree()->topLevelItemCount(), 1);
@@ -141,9 +140,8 @@ TEST_F(MainWindowTest, PreviewShowsThePlanItsShredButtonRunsAndTheResultTakesThe
     EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Logs/Vantle X Log.txt"_s)));
 
     QSignalSpy started(&controller(), &Controller::shreddingStarted);
-    ASSERT_TRUE(waitForRun([&] {
-        QTest::mouseClick(preview.findChild<QPushButton*>(u"mPreviewShredButton"_s), Qt::LeftButton);
-    }));
+    ASSERT_TRUE(waitForRun(
+        [&] { QTest::mouseClick(preview.findChild<QPushButton*>(u"mPreviewShredButton"_s), Qt::LeftButton); }));
     EXPECT_EQ(started.count(), 1);
     EXPECT_FALSE(preview.isVisible());
     EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Safari"_s)));

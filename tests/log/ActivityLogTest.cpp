@@ -65,10 +65,11 @@ TEST_F(ActivityLogTest, LinesCarryTheTimeAndEmptyMessagesAreSeparators)
 
     const QStringList lines = QString::fromUtf8(home.read(kLogFile)).split(u'\n');
     ASSERT_EQ(lines.size(), 6);
-    EXPECT_TRUE(QRegularExpression(u"^"_s + kStamp + u"Start Shredding Now$"_s).match(lines[0]).hasMatch()) << qPrintable(lines[0]);
+    EXPECT_TRUE(QRegularExpression(u"^"_s + kStamp + u"Start Shredding Now$"_s).match(lines[0]).hasMatch())
+        << qPrintable(lines[0]);
     EXPECT_TRUE(QRegularExpression(u"^"_s + kStamp + u"$"_s).match(lines[1]).hasMatch()) << qPrintable(lines[1]);
     EXPECT_TRUE(QRegularExpression(u"^"_s + kStamp + u"ends in newline$"_s).match(lines[2]).hasMatch());
-    EXPECT_EQ(lines[3], QString());  // the message's own newline leaves an empty line
+    EXPECT_EQ(lines[3], QString()); // the message's own newline leaves an empty line
     EXPECT_TRUE(lines[4].endsWith(u" Caf\u00e9.db"_s));
     EXPECT_EQ(lines[5], QString());
 }
@@ -92,7 +93,8 @@ TEST_F(ActivityLogTest, AReopenWhileAnotherThreadWritesLeavesOnlyWholeLines)
     ASSERT_FALSE(lines.isEmpty());
     EXPECT_TRUE(lines.last().endsWith(u" last"_s));
     for (const QString& line : lines)
-        EXPECT_TRUE(QRegularExpression(u"^"_s + kStamp + u"(a line from the shredding thread|last)$"_s).match(line).hasMatch())
+        EXPECT_TRUE(
+            QRegularExpression(u"^"_s + kStamp + u"(a line from the shredding thread|last)$"_s).match(line).hasMatch())
             << qPrintable(line);
 }
 
@@ -100,7 +102,7 @@ TEST_F(ActivityLogTest, EachRunReplacesTheFileWhichEveryoneMayWrite)
 {
     ActivityLog::openRunLog(true);
     ActivityLog::writeLogLine(u"first run"_s);
-    ActivityLog::openRunLog(true);  // closes the first run's log
+    ActivityLog::openRunLog(true); // closes the first run's log
     ActivityLog::writeLogLine(u"second run"_s);
     ActivityLog::closeLog();
 

@@ -17,7 +17,7 @@ TEST(SessionEnd, SystemdGetsArgumentVectors)
     runner.exitCode = 1;
     EXPECT_EQ(session.sendSessionEndEvent(SessionEnd::Restart), 1);
     qunsetenv("XDG_SESSION_ID");
-    EXPECT_EQ(session.sendSessionEndEvent(SessionEnd::LogOut), -1);  // no session to end
+    EXPECT_EQ(session.sendSessionEndEvent(SessionEnd::LogOut), -1); // no session to end
 
     EXPECT_EQ(runner.calls, (QList<QStringList>{{u"loginctl"_s, u"terminate-session"_s, u"c7"_s},
                                                 {u"systemctl"_s, u"poweroff"_s},
@@ -30,9 +30,11 @@ TEST(SessionEnd, AppleEventsGoToTheLoginWindow)
     AppleEventSessionEnd session(&runner);
     session.sendSessionEndEvent(SessionEnd::Restart);
     ASSERT_EQ(runner.calls.size(), 1);
-    EXPECT_EQ(runner.calls[0], (QStringList{u"/usr/bin/osascript"_s, u"-e"_s,
-                                            u"ignoring application responses\ntell application \"loginwindow\" to \u00abevent aevtrest\u00bb\n"
-                                            u"end ignoring"_s}));
+    EXPECT_EQ(
+        runner.calls[0],
+        (QStringList{u"/usr/bin/osascript"_s, u"-e"_s,
+                     u"ignoring application responses\ntell application \"loginwindow\" to \u00abevent aevtrest\u00bb\n"
+                     u"end ignoring"_s}));
     EXPECT_EQ(AppleEventSessionEnd::script(SessionEnd::LogOut),
               u"ignoring application responses\ntell application \"loginwindow\" to \u00abevent aevtrlgo\u00bb\n"
               u"end ignoring"_s);

@@ -15,7 +15,7 @@ TEST(ApplicationList, CoupledApplicationsChangeTogether)
     ApplicationList::toggle(list, u"Shiira"_s);
     EXPECT_EQ(list.mid(15), (QStringList{u"Shiira"_s, u"Safari"_s}));
 
-    ApplicationList::toggle(list, u"Chrome"_s);  // no partner
+    ApplicationList::toggle(list, u"Chrome"_s); // no partner
     EXPECT_FALSE(list.contains(u"Chrome"_s));
     EXPECT_EQ(list.size(), 16);
 }

@@ -36,8 +36,9 @@ protected:
     }
 
     TempHome home;
-    const QVariantList defaultList{plugin(u"Flash"_s, true, {u"~/Library/Flash/#SharedObjects"_s, u"/Library/Shared Flash"_s}),
-                                   plugin(u"Java"_s, false, {u"~/Library/Caches/Java"_s})};
+    const QVariantList defaultList{
+        plugin(u"Flash"_s, true, {u"~/Library/Flash/#SharedObjects"_s, u"/Library/Shared Flash"_s}),
+        plugin(u"Java"_s, false, {u"~/Library/Caches/Java"_s})};
     std::unique_ptr<UserDefaults> defaults;
 };
 
@@ -96,10 +97,10 @@ TEST_F(PluginManagerTest, PathsAddedTwiceAreStoredTwiceAndRestoreDropsAddedOnes)
     ASSERT_TRUE(manager->restoreDefault(0));
     const QVariantMap restored = manager->plugins().first().toMap();
     EXPECT_EQ(restored.value(u"paths"_s), defaultList.first().toMap().value(u"paths"_s));
-    EXPECT_EQ(restored.value(u"enabled"_s), false);  // restoring leaves the flag alone
+    EXPECT_EQ(restored.value(u"enabled"_s), false); // restoring leaves the flag alone
 
     manager->addPlugin();
-    EXPECT_FALSE(manager->restoreDefault(2));  // not a default plug-in
+    EXPECT_FALSE(manager->restoreDefault(2)); // not a default plug-in
 
     // Reopened: everything was written through.
     manager.reset();
@@ -113,7 +114,7 @@ TEST_F(PluginManagerTest, ARenamedPluginWithADefaultNameCountsAsThatDefault)
     ASSERT_TRUE(manager->setName(2, u"Java"_s));
     EXPECT_FALSE(manager->setName(2, u"Other"_s));
     EXPECT_TRUE(manager->deletePlugin(2));
-    EXPECT_EQ(manager->plugins().size(), 3);  // disabled, not removed
+    EXPECT_EQ(manager->plugins().size(), 3); // disabled, not removed
     EXPECT_TRUE(manager->restoreDefault(2));
     EXPECT_EQ(manager->plugins()[2].toMap().value(u"paths"_s).toList(), QVariantList{u"~/Library/Caches/Java"_s});
 }
@@ -133,6 +134,7 @@ TEST(PluginManagerResource, TheShippedDefaultListHasTheEraPlugins)
         }
     }
     EXPECT_TRUE(allPaths.contains(u"~/Library/Preferences/Macromedia/Flash Player/#SharedObjects"_s));
-    EXPECT_TRUE(allPaths.contains(u"~/Library/Preferences/Macromedia/Flash Player/macromedia.com/support/flashplayer/sys"_s));
+    EXPECT_TRUE(
+        allPaths.contains(u"~/Library/Preferences/Macromedia/Flash Player/macromedia.com/support/flashplayer/sys"_s));
     EXPECT_TRUE(allPaths.contains(u"~/Library/Caches/Java"_s));
 }

@@ -102,7 +102,7 @@ TEST_F(PreferencesTest, RevertToDefaultShowsFactoryValuesAndStoresThemWithTheNex
     EXPECT_EQ(preferences->preferences(), Preferences::factoryValues());
     EXPECT_EQ(preferences->displayedValues(), Preferences::factoryValues());
     EXPECT_EQ(shown.count(), 1);
-    EXPECT_EQ(storedKeys().size(), 2);  // nothing written yet
+    EXPECT_EQ(storedKeys().size(), 2); // nothing written yet
 
     preferences->commitDisplayedValues();
     EXPECT_TRUE(storedKeys().isEmpty());
@@ -139,7 +139,7 @@ TEST_F(PreferencesTest, WrongTypesConvertAndMissingKeysFallBack)
     EXPECT_EQ(values.value(u"NumberOfWrites"_s), qint64(12));
     EXPECT_EQ(values.value(u"OverwritePattern"_s), qint64(1));
     EXPECT_EQ(values.value(u"DoDSanitize"_s), false);
-    EXPECT_EQ(values.value(u"ShredMailTrash"_s), true);  // absent: factory value
+    EXPECT_EQ(values.value(u"ShredMailTrash"_s), true); // absent: factory value
     EXPECT_EQ(values.value(u"ShredCache"_s).typeId(), QMetaType::Bool);
     EXPECT_EQ(values.value(u"NumberOfWrites"_s).typeId(), QMetaType::LongLong);
 }
@@ -168,12 +168,12 @@ TEST_F(PreferencesTest, StartUpPutsALoginItemForAnotherCopyBackInStep)
     EXPECT_EQ(loginItem.calls, (QStringList{u"remove"_s, u"create /Applications/Vantle X.app hidden"_s}));
 
     loginItem.calls.clear();
-    open();  // now pointing at this copy: nothing to do
+    open(); // now pointing at this copy: nothing to do
     EXPECT_TRUE(loginItem.calls.isEmpty());
 
     loginItem.current.clear();
     writeSettingsFile({{u"Tarnhold"_s, false}});
-    open();  // the watch is off: the login item is left alone at start-up
+    open(); // the watch is off: the login item is left alone at start-up
     EXPECT_TRUE(loginItem.calls.isEmpty());
 }
 
@@ -205,7 +205,7 @@ TEST_F(PreferencesTest, EveryApplicationIsEnabledUntilTheUserChangesTheList)
     auto preferences = open();
     for (const QString& name : ApplicationList::allNames())
         EXPECT_TRUE(preferences->browserIsEnabled(name)) << qPrintable(name);
-    EXPECT_FALSE(preferences->browserIsEnabled(u"safari"_s));  // exact names only
+    EXPECT_FALSE(preferences->browserIsEnabled(u"safari"_s)); // exact names only
     EXPECT_FALSE(storedKeys().contains(u"EnabledBrowsers"_s));
 }
 

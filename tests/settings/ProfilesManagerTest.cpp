@@ -48,7 +48,7 @@ TEST_F(ProfilesManagerTest, TheFirstStartSelectsEveryProfile)
     const ProfilesManager::Menu& menu = manager.menus()[ProfilesManager::Firefox];
     EXPECT_EQ(menu.folder, firefox());
     EXPECT_EQ(menu.titles, (QStringList{u"Firefox"_s, u"ab12cd.default"_s, u"ef34gh.work"_s}));
-    ASSERT_EQ(menu.items.size(), 2);  // the ordinary file is no profile
+    ASSERT_EQ(menu.items.size(), 2); // the ordinary file is no profile
     EXPECT_EQ(menu.items[0].title, u"default"_s);
     EXPECT_EQ(menu.items[1].title, u"work"_s);
     EXPECT_EQ(menu.items[1].tag, 2);
@@ -63,7 +63,8 @@ TEST_F(ProfilesManagerTest, TheFirstStartSelectsEveryProfile)
     EXPECT_TRUE(thunderbird.items.isEmpty());
     EXPECT_TRUE(thunderbird.titles.isEmpty());
     EXPECT_TRUE(selected(home.file(u"Library/Thunderbird/Profiles"_s)).isEmpty());
-    EXPECT_TRUE(defaults.dictionaryForKey(u"ProfilesMenuDict"_s).contains(home.file(u"Library/Thunderbird/Profiles"_s)));
+    EXPECT_TRUE(
+        defaults.dictionaryForKey(u"ProfilesMenuDict"_s).contains(home.file(u"Library/Thunderbird/Profiles"_s)));
 }
 
 TEST_F(ProfilesManagerTest, UncheckingAndCheckingTouchesOnlyThatApplication)

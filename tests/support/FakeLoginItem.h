@@ -8,7 +8,7 @@
 class FakeLoginItem final : public LoginItem {
 public:
     QString running = QStringLiteral("/Applications/Vantle X.app");
-    QString current;  // where the entry points; empty when there is none
+    QString current; // where the entry points; empty when there is none
     bool hidden = false;
     QStringList calls;
 
@@ -21,7 +21,8 @@ public:
     }
     void create(const QString& path, bool isHidden) override
     {
-        calls << QStringLiteral("create %1 %2").arg(path, isHidden ? QStringLiteral("hidden") : QStringLiteral("shown"));
+        calls
+            << QStringLiteral("create %1 %2").arg(path, isHidden ? QStringLiteral("hidden") : QStringLiteral("shown"));
         current = path;
         hidden = isHidden;
     }

@@ -29,8 +29,7 @@ public:
     void setShredButtonEnabled(bool enabled) override { record(), shredButtonEnabled = enabled; }
     void showWindow() override { record(), ++windowShown; }
     void hideApplication() override { record(), ++hidden; }
-    void beginConfirmationSheet(const QString& title, const QString& message,
-                                std::function<void(int)> done) override
+    void beginConfirmationSheet(const QString& title, const QString& message, std::function<void(int)> done) override
     {
         record();
         sheets.append(title + QStringLiteral(": ") + message);

@@ -53,10 +53,10 @@ QStringList TestDatabase::rows(const QString& query)
                 columns.append(QStringLiteral("NULL"));
                 break;
             case SQLITE_BLOB:
-                columns.append(QString::fromLatin1(
-                    QByteArray(static_cast<const char*>(sqlite3_column_blob(prepared, column)),
-                               sqlite3_column_bytes(prepared, column))
-                        .toHex()));
+                columns.append(
+                    QString::fromLatin1(QByteArray(static_cast<const char*>(sqlite3_column_blob(prepared, column)),
+                                                   sqlite3_column_bytes(prepared, column))
+                                            .toHex()));
                 break;
             default:
                 columns.append(QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(prepared, column))));

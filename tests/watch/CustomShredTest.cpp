@@ -32,7 +32,8 @@ protected:
 
     void post(QLatin1StringView name, QVariantMap& status)
     {
-        NotificationCenter::defaultCenter().post(name, {{u"mCustomShredTHStatus"_s, QVariant::fromValue(StatusMapRef{&status})}});
+        NotificationCenter::defaultCenter().post(
+            name, {{u"mCustomShredTHStatus"_s, QVariant::fromValue(StatusMapRef{&status})}});
     }
     QStringList pathsFor(CustomShred& custom, const QString& process)
     {
@@ -57,12 +58,12 @@ TEST_F(CustomShredTest, ProcessesAndPathsAreKeptAsEnteredAndSurviveARestart)
     {
         CustomShred custom(defaults);
         EXPECT_TRUE(custom.addProcess(editor));
-        EXPECT_FALSE(custom.addProcess(editor));  // a second time: refused
+        EXPECT_FALSE(custom.addProcess(editor)); // a second time: refused
         EXPECT_TRUE(custom.addPath(editor, home.file(u"notes.txt"_s)));
         EXPECT_TRUE(custom.addPath(editor, home.file(u"Editor Cache"_s)));
         EXPECT_FALSE(custom.addPath(editor, home.file(u"notes.txt"_s)));
         EXPECT_FALSE(custom.addPath(u"/Applications/Unknown.app"_s, home.file(u"x"_s)));
-        EXPECT_FALSE(custom.setKeep(editor, home.file(u"notes.txt"_s), true));  // files cannot be kept
+        EXPECT_FALSE(custom.setKeep(editor, home.file(u"notes.txt"_s), true)); // files cannot be kept
         EXPECT_TRUE(custom.setKeep(editor, home.file(u"Editor Cache"_s), true));
         EXPECT_FALSE(custom.disableProcess());
     }
@@ -88,7 +89,7 @@ TEST_F(CustomShredTest, TheStatusShiftsWithEachPollAndFollowsChangesAtTheNextOne
     running.insert(u"isrunning"_s, 1);
     status.insert(editor, running);
     custom.deleteProcess(editor);
-    EXPECT_TRUE(status.contains(editor));  // dropped at the next poll, not at once
+    EXPECT_TRUE(status.contains(editor)); // dropped at the next poll, not at once
     post(Notifications::OrvickCopyAndClearTHStatusNotification, status);
     EXPECT_TRUE(status.isEmpty());
 }

@@ -1,8 +1,7 @@
 // Runs the desktop application's windows on a demo home under an X server and
 // writes pictures of them: the main window idle, the preview, the main window
-// asking to confirm, during a run and with its result, and every settings pane. Nothing outside the demo home is touched: the
-// process listing is a fixed one, no application is asked to quit, and the
-// session is never ended.
+// asking to confirm, during a run and with its result, and every settings pane. Nothing outside the demo home is
+// touched: the process listing is a fixed one, no application is asked to quit, and the session is never ended.
 
 #include "app/ApplicationModels.h"
 #include "app/Controller.h"

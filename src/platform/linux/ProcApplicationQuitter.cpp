@@ -5,8 +5,8 @@
 #include <QDir>
 #include <QFile>
 
-#include <sys/stat.h>
 #include <csignal>
+#include <sys/stat.h>
 #include <unistd.h>
 
 ProcApplicationQuitter::ProcApplicationQuitter(QString procRoot)

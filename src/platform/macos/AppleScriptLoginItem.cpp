@@ -29,22 +29,22 @@ AppleScriptLoginItem::~AppleScriptLoginItem() = default;
 
 QString AppleScriptLoginItem::pathScript()
 {
-    return joinLines({u"tell application \"System Events\""_s, u"get path of login item \"Vantle X\""_s,
-                      u"end tell"_s});
+    return joinLines(
+        {u"tell application \"System Events\""_s, u"get path of login item \"Vantle X\""_s, u"end tell"_s});
 }
 
 QString AppleScriptLoginItem::deletionScript()
 {
     return joinLines({u"tell application \"System Events\""_s, u"get the name of every login item"_s,
-                      u"if login item \"Vantle X\" exists then"_s, u"delete login item \"Vantle X\""_s,
-                      u"end if"_s, u"end tell"_s});
+                      u"if login item \"Vantle X\" exists then"_s, u"delete login item \"Vantle X\""_s, u"end if"_s,
+                      u"end tell"_s});
 }
 
 QString AppleScriptLoginItem::creationScript(const QString& applicationPath, bool hidden)
 {
     return joinLines({u"tell application \"System Events\""_s,
-                      u"make new login item at end with properties {path:\"%1\", hidden:%2}"_s.arg(
-                          applicationPath, trueOrFalse(hidden)),
+                      u"make new login item at end with properties {path:\"%1\", hidden:%2}"_s.arg(applicationPath,
+                                                                                                   trueOrFalse(hidden)),
                       u"end tell"_s});
 }
 
