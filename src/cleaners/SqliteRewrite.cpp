@@ -135,13 +135,13 @@ private:
     // writing, because a read-only connection to a database in write-ahead-log
     // mode leaves a log and an index behind; in exclusive locking mode, so that
     // no shared-memory index is made and a program holding the file open is
-    // found at once. A log with committed rows in it is neither folded in nor
-    // removed on closing.
+    // found at once. A log that was there is left as it was on closing (one
+    // the connection made itself is folded in and removed).
     bool openLive(SqliteConnection& connection, const QString& path)
     {
         if (!connection.open(path) || !connection.run(u"PRAGMA locking_mode = EXCLUSIVE"_s))
             return false;
-        if (hasContent(path + u"-wal"_s))
+        if (QFileInfo::exists(path + u"-wal"_s))
             connection.setCheckpointOnClose(false);
         // Reading the schema takes the first lock.
         return !connection.firstRow(u"SELECT count(*) FROM sqlite_schema"_s).isEmpty();
@@ -158,7 +158,7 @@ private:
         for (const SqliteRecipe::Attachment& attachment : mRecipe.attachments) {
             if (!connection.run(u"ATTACH ? AS %1"_s.arg(attachment.schema), {attachment.path}))
                 return false;
-            if (hasContent(attachment.path + u"-wal"_s))
+            if (QFileInfo::exists(attachment.path + u"-wal"_s))
                 connection.setCheckpointOnClose(false);
             if (connection.firstRow(u"SELECT count(*) FROM %1.sqlite_schema"_s.arg(attachment.schema)).isEmpty())
                 return false;

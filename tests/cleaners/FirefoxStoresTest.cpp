@@ -23,8 +23,9 @@ protected:
         html5 = &HTML5Manager::createSharedInstance();
     }
 
-    // A store made from the browser's schema in write-ahead-log mode, as Firefox
-    // keeps them; with inLog, everything stays in the log, as a killed browser leaves it.
+    // A store made from the browser's schema in write-ahead-log mode, with an
+    // empty log beside it as Firefox leaves them; with inLog, everything stays
+    // in the log, as a killed browser leaves it.
     QString makeStore(const QString& name, const QString& schemaFile, const QString& rows, bool inLog = false)
     {
         const QString path = profile + u'/' + name;
@@ -35,6 +36,7 @@ protected:
         EXPECT_EQ(sqlite3_exec(db, sql.constData(), nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(db);
         sqlite3_db_config(db, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, inLog ? 1 : 0, nullptr);
         sqlite3_close(db);
+        QFile(path + u"-wal"_s).open(QIODevice::Append);
         return path;
     }
 
@@ -67,18 +69,26 @@ protected:
         return found;
     }
 
-    // A dry run, another program writing the store, a run that fails before the
-    // rename and a shape this version does not know each leave it as it is.
+    // A dry run reads the stores and changes not a byte of the profile.
+    void expectDryRunChangesNothing(const QString& path)
+    {
+        QMap<QString, QByteArray> before;
+        for (const QString& name : QDir(profile).entryList(QDir::Files))
+            before.insert(name, bytes(profile + u'/' + name));
+        EraseQueue dryQueue(preferences, true);
+        CleanerContext dry(dryQueue, isRunning, customStatus, preferences, true);
+        EXPECT_TRUE(clean(dry).contains(u"Shred: "_s + path));
+        for (const QString& name : QDir(profile).entryList(QDir::Files))
+            EXPECT_EQ(bytes(profile + u'/' + name), before.take(name)) << qPrintable(name);
+        EXPECT_EQ(before.keys(), QStringList());
+    }
+
+    // Another program writing the store, a run that fails before the rename and
+    // a shape this version does not know each leave it as it is.
     void expectLeftAlone(const QString& path, const QString& unknownShape)
     {
         const QString name = QFileInfo(path).fileName();
         const QByteArray before = bytes(path);
-        const QStringList files = QDir(profile).entryList(QDir::Files);
-        EraseQueue dryQueue(preferences, true);
-        CleanerContext dry(dryQueue, isRunning, customStatus, preferences, true);
-        EXPECT_TRUE(clean(dry).contains(u"Shred: "_s + path));
-        EXPECT_EQ(QDir(profile).entryList(QDir::Files), files);
-        EXPECT_EQ(bytes(path), before);
         {
             TestDatabase writer(path);
             writer.exec(u"BEGIN IMMEDIATE"_s);
@@ -143,6 +153,7 @@ TEST_F(FirefoxStoresTest, PlacesKeepBookmarksAndKeywordsWhileHistoryAndDownloads
     home.write(QDir(home.path()).relativeFilePath(places + u".vantlex-old"_s), "visited.example, the old rows");
     home.write(QDir(home.path()).relativeFilePath(places + u".vantlex-copy"_s), "visited.example, half a copy");
 
+    expectDryRunChangesNothing(places);
     EXPECT_EQ(clean(context), QStringList({u"Shred: "_s + places,
                                            u"Shred (left by an interrupted run): "_s + places + u".vantlex-old"_s}));
 
@@ -180,6 +191,7 @@ TEST_F(FirefoxStoresTest, FaviconsLoseTheIconsOfPagesThatAreGone)
         " (3, 'https://kept.example/favicon.ico', 3, 1, x'00ff'), (4, 'https://gone.example/favicon.ico', 4, 1, x'00');"
         "INSERT INTO moz_icons_to_pages (page_id, icon_id) VALUES (1, 1), (2, 2);"_s);
 
+    expectDryRunChangesNothing(favicons);
     EXPECT_EQ(clean(context), QStringList({u"Skip: "_s + places, u"Shred: "_s + favicons}));
 
     EXPECT_EQ(rows(favicons, u"SELECT id FROM moz_pages_w_icons"_s), QStringList{u"1"_s});
@@ -203,6 +215,7 @@ TEST_F(FirefoxStoresTest, CookiesKeepOnlyKeptSitesOrGoWhole)
         " (2, 'b', 'gone', '.visited.example', '/'), (3, 'c', 'kept', 'www.kept.example', '/'),"
         " (4, 'd', 'gone', NULL, '/');"_s);
 
+    expectDryRunChangesNothing(cookies);
     EXPECT_EQ(clean(context), QStringList{u"Shred: "_s + cookies});
 
     EXPECT_EQ(rows(cookies, u"SELECT id FROM moz_cookies ORDER BY id"_s), QStringList({u"1"_s, u"3"_s}));
@@ -228,6 +241,7 @@ TEST_F(FirefoxStoresTest, WebStorageKeepsOnlyKeptSitesRows)
                   u"INSERT INTO webappsstore2 VALUES ('', 'elpmaxe.tpek.:https:443', '', 'k', 'kept'),"
                   " ('', 'elpmaxe.detisiv.:https:443', '', 'k', 'gone');"_s);
 
+    expectDryRunChangesNothing(store);
     EXPECT_EQ(clean(context), QStringList{u"Shred: "_s + store});
 
     EXPECT_EQ(rows(store, u"SELECT value FROM webappsstore2"_s), QStringList{u"kept"_s});
