@@ -12,7 +12,7 @@
 #include <sqlite3.h>
 #include <sys/stat.h>
 
-#include <cerrno>
+#include <cstdio>
 #include <cstring>
 
 using namespace Qt::StringLiterals;
@@ -231,18 +231,25 @@ private:
             return failure(live);
         const std::pair<QString, QString> moves[]{{mPath + u"-wal"_s, mFiles.oldLog},
                                                   {mPath + u"-shm"_s, mFiles.oldIndex}};
+        QString stuck;
         for (const auto& [from, to] : moves) {
-            if (QFileInfo::exists(from) && !QFile::rename(from, to))
-                return failure(Status::Failed, u"could not move %1 aside"_s.arg(QFileInfo(from).fileName()));
+            // A plain rename: a copy in its place would leave the log's blocks unerased.
+            if (QFileInfo::exists(from) &&
+                ::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) != 0) {
+                stuck = QFileInfo(from).fileName();
+                break;
+            }
         }
-        DiskSync::folder(QFile::encodeName(QFileInfo(mPath).absolutePath()));
-        const FileReplace::Outcome outcome =
-            FileReplace::withFile(QFile::encodeName(mPath), QFile::encodeName(mFiles.rewritten),
-                                  FileReplace::Strategy::KeepOld, QFile::encodeName(mFiles.oldCopy));
         for (const QString& old : {mFiles.oldLog, mFiles.oldIndex}) {
             if (QFileInfo::exists(old))
                 mContext.queue(old);
         }
+        if (!stuck.isEmpty())
+            return failure(Status::Failed, u"could not move %1 aside"_s.arg(stuck));
+        DiskSync::folder(QFile::encodeName(QFileInfo(mPath).absolutePath()));
+        const FileReplace::Outcome outcome =
+            FileReplace::withFile(QFile::encodeName(mPath), QFile::encodeName(mFiles.rewritten),
+                                  FileReplace::Strategy::KeepOld, QFile::encodeName(mFiles.oldCopy));
         if (!outcome.ok())
             return failure(Status::Failed, QString::fromLocal8Bit(std::strerror(outcome.error)));
         return rewritten();
