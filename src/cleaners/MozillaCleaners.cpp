@@ -5,6 +5,7 @@
 #include "cleaners/FixedCleaner.h"
 #include "cleaners/PlacesScrub.h"
 #include "cleaners/WebStorageScrub.h"
+#include "core/Path.h"
 #include "settings/HTML5Manager.h"
 #include "settings/PreferenceKeys.h"
 #include "settings/ProfilesManager.h"
@@ -278,9 +279,7 @@ QString MozillaCleaners::passwordFileName(const QByteArray& prefs)
     const QString name = signonFileName(prefs);
     // A file of the profile folder itself: never a path leading out of it, nor a
     // name holding a NUL, which the system would read cut short as another file.
-    if (name.isEmpty() || name.contains(u'/') || name.contains(QChar::Null) || name == u"."_s || name == u".."_s)
-        return {};
-    return name;
+    return Path::isName(name) ? name : QString();
 }
 
 void MozillaCleaners::sessionsAndPasswords(const QString& profile)
