@@ -11,7 +11,6 @@ using Place = MozillaCleaner::Place;
 
 const QString kFirefoxProfiles = u"~/Library/Application Support/Firefox/Profiles"_s;
 const QString kSeaMonkeyProfiles = u"~/Library/Application Support/SeaMonkey/Profiles"_s;
-const QString kNotOneSalt = u"Not exactly 1 Salt folder.  Profile Skipped."_s;
 
 const QList<FileBlock> kOldestBlocks{
     {ShredCache, {u"Cache"_s}},
@@ -97,7 +96,6 @@ const MozillaCleaner& Firefox08()
         .place = Place::SaltFolder,
         .folder = u"~/Library/Phoenix/Profiles/default"_s,
         .blocks = kOldestBlocks,
-        .noSaltFolder = kNotOneSalt,
     };
     return cleaner;
 }

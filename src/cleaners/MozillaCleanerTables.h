@@ -21,7 +21,7 @@ struct MozillaCleaner {
         // The folder itself.
         Folder,
         // The one salt folder ("*.slt") of the profile folder; noSaltFolder is
-        // said when it has none.
+        // said when it has none (empty: the words for more than one).
         SaltFolder,
         // Each selected profile of the profiles folder, named on a line of its
         // own and closed by an empty line.

@@ -96,7 +96,7 @@ Path MozillaCleaners::saltFolder(const Path& profileFolder, const QString& noSal
     }
     if (salts.size() == 1)
         return profileFolder / salts.first();
-    mContext.log(salts.isEmpty() ? noSaltMessage : kNotOneSalt);
+    mContext.log(salts.isEmpty() && !noSaltMessage.isEmpty() ? noSaltMessage : kNotOneSalt);
     return {};
 }
 
@@ -336,7 +336,7 @@ void MozillaCleaners::Mozilla()
         const Path profile = folder / name;
         if (!isFolder(profile))
             continue;
-        if (const Path salt = saltFolder(profile, kNotOneSalt); !salt.isEmpty())
+        if (const Path salt = saltFolder(profile); !salt.isEmpty())
             blocks(MozillaCleanerTables::MozillaSuiteBlocks(), salt);
     }
     mContext.endCleaner();

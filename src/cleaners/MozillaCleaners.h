@@ -57,8 +57,9 @@ private:
     QStringList selectedProfiles(const QString& tildeFolder) const;
     // Each selected profile that exists: its path on a line, the work, an empty line.
     void walkSelectedProfiles(const QString& tildeFolder, const QString& noneSelected, const ProfileWork& work);
-    // The one salt folder of a profile, or an empty path after saying why not.
-    Path saltFolder(const Path& profileFolder, const QString& noSaltMessage);
+    // The one salt folder of a profile, or an empty path after saying why not:
+    // noSaltMessage when it has none, if given.
+    Path saltFolder(const Path& profileFolder, const QString& noSaltMessage = {});
     // Firefox 1.5, Flock 2.5 and SeaMonkey 2.0: cache and support folders per selected profile.
     void walkCacheAndSupport(const MozillaCleaner& cleaner);
     // Firefox 2.0 and SeaMonkey 2.0: the password file prefs.js names.
