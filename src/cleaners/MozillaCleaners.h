@@ -15,7 +15,9 @@ struct MozillaCleaner;
 
 // The cleaners of the Mozilla family: Camino, Firefox, Flock, SeaMonkey and the
 // Mozilla/Netscape suite. Their files lie at fixed paths, in a fixed "default"
-// profile with a salt folder, or in the profiles the user selected.
+// profile with a salt folder, or in the profiles the user selected. Most are
+// rows of MozillaCleanerTables; the code here walks their places and keeps the
+// rest: the places rewrite, and the listings of cache and user-data folders.
 class MozillaCleaners {
 public:
     MozillaCleaners(CleanerContext& context, const UserDefaults& defaults, ChromeCleaners& chrome);
