@@ -9,7 +9,129 @@
 #include "core/ApplicationFlags.h"
 #include "erase/EraseQueue.h"
 
+#include <QList>
+#include <QString>
+
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// The cleaner families of one run.
+struct Families {
+    Families(CleanerContext& context, const UserDefaults& defaults, CommandRunner& runner)
+        : simple(context)
+        , safari(context, &runner)
+        , chrome(context)
+        , mozilla(context, defaults, chrome)
+        , mail(context, defaults)
+    {
+    }
+
+    SimpleCleaners simple;
+    SafariCleaners safari;
+    ChromeCleaners chrome;
+    MozillaCleaners mozilla;
+    MailCleaners mail;
+};
+
+using Cleaner = void (*)(Families&);
+
+// One application's cleaners, in the order they run, and what passes them over.
+struct ApplicationRow {
+    QString application;
+    // Passed over while any of these runs.
+    QList<WatchedApp> gate = {};
+    QList<Cleaner> cleaners;
+    // Passing it over leaves the plug-in cache alone (unless the session ends).
+    bool counted = true;
+    // Passed over while a custom process runs, instead of by the gate.
+    bool customProcesses = false;
+};
+
+// Every application in the run's fixed order; the plug-in and QuickTime caches follow.
+const QList<ApplicationRow>& applicationRows()
+{
+    using enum WatchedApp;
+    static const QList<ApplicationRow> rows{
+        {.application = u"Custom processes"_s,
+         .cleaners = {[](Families& f) { f.simple.CustomFiles(); }},
+         .customProcesses = true},
+        {u"Internet Explorer"_s, {ie}, {[](Families& f) { f.simple.IE51(); }}},
+        {u"iCab"_s,
+         {icab},
+         {[](Families& f) { f.simple.iCab28(); }, [](Families& f) { f.simple.iCab30(); },
+          [](Families& f) { f.simple.iCab411(); }}},
+        {u"OmniWeb"_s,
+         {omniweb},
+         {[](Families& f) { f.simple.OmniWeb41(); }, [](Families& f) { f.simple.OmniWeb51(); },
+          [](Families& f) { f.simple.OmniWeb57(); }}},
+        {u"Opera"_s,
+         {opera},
+         {[](Families& f) { f.simple.Opera50(); }, [](Families& f) { f.simple.Opera60(); },
+          [](Families& f) { f.simple.Opera70(); }, [](Families& f) { f.simple.Opera80(); },
+          [](Families& f) { f.simple.Opera90(); }, [](Families& f) { f.simple.Opera100(); },
+          [](Families& f) { f.simple.Opera110(); }, [](Families& f) { f.simple.Opera170(); }}},
+        {u"Mail"_s,
+         {mail},
+         {[](Families& f) { f.mail.AppleMail11(); }, [](Families& f) { f.mail.AppleMail12(); },
+          [](Families& f) { f.mail.AppleMail20to50(); }, [](Families& f) { f.mail.MailCache(); }}},
+        {u"Eudora"_s, {eudora}, {[](Families& f) { f.mail.Eudora51(); }, [](Families& f) { f.mail.Eudora62(); }}},
+        {u"Safari"_s,
+         {safari},
+         {[](Families& f) { f.safari.Safari10(); }, [](Families& f) { f.safari.Safari20Shiira12(); },
+          [](Families& f) { f.safari.Safari30(); }, [](Families& f) { f.safari.Safari40(); },
+          [](Families& f) { f.safari.Safari50(); }, [](Families& f) { f.safari.Safari51(); },
+          [](Families& f) { f.safari.Safari60(); }}},
+        {u"Mozilla"_s,
+         {netscape, mozilla, seamonkey},
+         {[](Families& f) { f.mozilla.Mozilla(); }, [](Families& f) { f.mozilla.SeaMonkey1(); }}},
+        {u"Postbox"_s, {postbox}, {[](Families& f) { f.mail.Postbox21(); }}},
+        {u"Camino"_s,
+         {camino},
+         {[](Families& f) { f.mozilla.Camino07(); }, [](Families& f) { f.mozilla.Camino08(); },
+          [](Families& f) { f.mozilla.Camino10(); }, [](Families& f) { f.mozilla.Camino16(); },
+          [](Families& f) { f.mozilla.Camino20(); }, [](Families& f) { f.mozilla.Camino21(); }}},
+        {u"Firefox"_s,
+         {firefox},
+         {[](Families& f) { f.mozilla.Firefox08(); }, [](Families& f) { f.mozilla.Firefox10(); },
+          [](Families& f) { f.mozilla.Firefox15(); }, [](Families& f) { f.mozilla.Firefox20(); },
+          [](Families& f) {
+              f.mozilla.Firefox30Flock25SeaMonkey20(u"Firefox"_s, u"~/Library/Application Support/Firefox/Profiles"_s);
+          }}},
+        // Thunderbird alone does not count: while it runs the plug-in cache is still taken.
+        {.application = u"Thunderbird"_s,
+         .gate = {thunderbird},
+         .cleaners = {[](Families& f) { f.mail.Thunderbird15(); }},
+         .counted = false},
+        {u"Shiira"_s,
+         {shiira},
+         {[](Families& f) { f.safari.Shiira12(); }, [](Families& f) { f.safari.Shiira20(); },
+          [](Families& f) { f.safari.Safari20Shiira12(); }}},
+        {u"Flock"_s,
+         {flock},
+         {[](Families& f) { f.mozilla.Flock25(); },
+          [](Families& f) {
+              f.mozilla.Firefox30Flock25SeaMonkey20(u"Flock"_s, u"~/Library/Application Support/Flock/Profiles"_s);
+          },
+          [](Families& f) { f.mozilla.Flock35(); }}},
+        {u"Chrome"_s,
+         {chrome},
+         {[](Families& f) { f.chrome.Chrome40(); }, [](Families& f) { f.chrome.Chrome50(); },
+          [](Families& f) { f.chrome.Chrome170(); }, [](Families& f) { f.chrome.Chrome300(); }}},
+        {u"SeaMonkey"_s,
+         {seamonkey},
+         {[](Families& f) { f.mozilla.SeaMonkey20cache(); }, [](Families& f) { f.mozilla.SeaMonkey20(); },
+          [](Families& f) {
+              f.mozilla.Firefox30Flock25SeaMonkey20(u"SeaMonkey 2"_s,
+                                                    u"~/Library/Application Support/SeaMonkey/Profiles"_s);
+          }}},
+    };
+    return rows;
+}
+
+} // namespace
 
 CleanerDispatch::CleanerDispatch(CleanerContext& context, const UserDefaults& defaults, CommandRunner& runner)
     : mContext(context)
@@ -20,128 +142,32 @@ CleanerDispatch::CleanerDispatch(CleanerContext& context, const UserDefaults& de
 
 void CleanerDispatch::run(qint32 customIsRunning, quint8& logoutShutdownRestart)
 {
-    SimpleCleaners simple(mContext);
-    SafariCleaners safari(mContext, &mRunner);
-    ChromeCleaners chrome(mContext);
-    MozillaCleaners mozilla(mContext, mDefaults, chrome);
-    MailCleaners mail(mContext, mDefaults);
-
+    Families families(mContext, mDefaults, mRunner);
     const ApplicationFlags& running = mContext.mIsRunning;
-    const auto isRunning = [&](WatchedApp application) { return running[application] == 1; };
-    EraseQueue& queue = mContext.eraseQueue();
-    // Set when a counted group was passed over because its application runs.
-    bool skipped = customIsRunning != 0;
-    // Runs a counted group when its application does not run.
-    const auto group = [&](const QString& application, bool applicationRuns, const auto& cleaners) {
-        if (applicationRuns) {
-            skipped = true;
-            queue.passOver(application);
-        } else {
-            queue.setApplication(application);
-            cleaners();
-        }
+    const auto passesOver = [&](const ApplicationRow& row) {
+        if (row.customProcesses)
+            return customIsRunning != 0;
+        return std::any_of(row.gate.cbegin(), row.gate.cend(),
+                           [&](WatchedApp application) { return running[application] == 1; });
     };
-
-    if (customIsRunning == 0) {
-        queue.setApplication(u"Custom processes"_s);
-        simple.CustomFiles();
-    } else {
-        queue.passOver(u"Custom processes"_s);
+    EraseQueue& queue = mContext.eraseQueue();
+    // Set when a counted application was passed over because it runs.
+    bool skipped = false;
+    for (const ApplicationRow& row : applicationRows()) {
+        if (passesOver(row)) {
+            skipped = skipped || row.counted;
+            queue.passOver(row.application);
+            continue;
+        }
+        queue.setApplication(row.application);
+        for (const Cleaner cleaner : row.cleaners)
+            cleaner(families);
     }
-    group(u"Internet Explorer"_s, isRunning(WatchedApp::ie), [&] { simple.IE51(); });
-    group(u"iCab"_s, isRunning(WatchedApp::icab), [&] {
-        simple.iCab28();
-        simple.iCab30();
-        simple.iCab411();
-    });
-    group(u"OmniWeb"_s, isRunning(WatchedApp::omniweb), [&] {
-        simple.OmniWeb41();
-        simple.OmniWeb51();
-        simple.OmniWeb57();
-    });
-    group(u"Opera"_s, isRunning(WatchedApp::opera), [&] {
-        simple.Opera50();
-        simple.Opera60();
-        simple.Opera70();
-        simple.Opera80();
-        simple.Opera90();
-        simple.Opera100();
-        simple.Opera110();
-        simple.Opera170();
-    });
-    group(u"Mail"_s, isRunning(WatchedApp::mail), [&] {
-        mail.AppleMail11();
-        mail.AppleMail12();
-        mail.AppleMail20to50();
-        mail.MailCache();
-    });
-    group(u"Eudora"_s, isRunning(WatchedApp::eudora), [&] {
-        mail.Eudora51();
-        mail.Eudora62();
-    });
-    group(u"Safari"_s, isRunning(WatchedApp::safari), [&] {
-        safari.Safari10();
-        safari.Safari20Shiira12();
-        safari.Safari30();
-        safari.Safari40();
-        safari.Safari50();
-        safari.Safari51();
-        safari.Safari60();
-    });
-    group(u"Mozilla"_s,
-          isRunning(WatchedApp::netscape) || isRunning(WatchedApp::mozilla) || isRunning(WatchedApp::seamonkey), [&] {
-              mozilla.Mozilla();
-              mozilla.SeaMonkey1();
-          });
-    group(u"Postbox"_s, isRunning(WatchedApp::postbox), [&] { mail.Postbox21(); });
-    group(u"Camino"_s, isRunning(WatchedApp::camino), [&] {
-        mozilla.Camino07();
-        mozilla.Camino08();
-        mozilla.Camino10();
-        mozilla.Camino16();
-        mozilla.Camino20();
-        mozilla.Camino21();
-    });
-    group(u"Firefox"_s, isRunning(WatchedApp::firefox), [&] {
-        mozilla.Firefox08();
-        mozilla.Firefox10();
-        mozilla.Firefox15();
-        mozilla.Firefox20();
-        mozilla.Firefox30Flock25SeaMonkey20(u"Firefox"_s, u"~/Library/Application Support/Firefox/Profiles"_s);
-    });
-    // Thunderbird alone does not count: while it runs the plug-in cache is still taken.
-    if (!isRunning(WatchedApp::thunderbird)) {
-        queue.setApplication(u"Thunderbird"_s);
-        mail.Thunderbird15();
-    } else {
-        queue.passOver(u"Thunderbird"_s);
-    }
-    group(u"Shiira"_s, isRunning(WatchedApp::shiira), [&] {
-        safari.Shiira12();
-        safari.Shiira20();
-        safari.Safari20Shiira12();
-    });
-    group(u"Flock"_s, isRunning(WatchedApp::flock), [&] {
-        mozilla.Flock25();
-        mozilla.Firefox30Flock25SeaMonkey20(u"Flock"_s, u"~/Library/Application Support/Flock/Profiles"_s);
-        mozilla.Flock35();
-    });
-    group(u"Chrome"_s, isRunning(WatchedApp::chrome), [&] {
-        chrome.Chrome40();
-        chrome.Chrome50();
-        chrome.Chrome170();
-        chrome.Chrome300();
-    });
-    group(u"SeaMonkey"_s, isRunning(WatchedApp::seamonkey), [&] {
-        mozilla.SeaMonkey20cache();
-        mozilla.SeaMonkey20();
-        mozilla.Firefox30Flock25SeaMonkey20(u"SeaMonkey 2"_s, u"~/Library/Application Support/SeaMonkey/Profiles"_s);
-    });
     queue.setApplication(u"Plug-ins"_s);
     if (!skipped || logoutShutdownRestart == 1)
-        simple.PluginsCache();
+        families.simple.PluginsCache();
     if (logoutShutdownRestart == 1) {
         logoutShutdownRestart = 0;
-        simple.QuicktimeCache();
+        families.simple.QuicktimeCache();
     }
 }

@@ -1,7 +1,8 @@
 #include "app/RunReport.h"
 
+#include "core/Path.h"
+
 #include <QCoreApplication>
-#include <QDir>
 #include <QLocale>
 
 using namespace Qt::StringLiterals;
@@ -68,12 +69,7 @@ QString RunReport::humanSize(quint64 bytes)
 
 QString RunReport::tilde(const QString& path)
 {
-    const QString home = QDir::homePath();
-    if (path == home)
-        return u"~"_s;
-    if (path.startsWith(home + u'/'))
-        return u'~' + path.mid(home.size());
-    return path;
+    return Path(path).tilde();
 }
 
 QString RunReport::duration(qint64 milliseconds)

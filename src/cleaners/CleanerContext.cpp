@@ -1,10 +1,9 @@
 #include "cleaners/CleanerContext.h"
 
+#include "core/Path.h"
 #include "erase/EraseQueue.h"
 #include "log/ActivityLog.h"
 #include "settings/Preferences.h"
-
-#include <QDir>
 
 using namespace Qt::StringLiterals;
 
@@ -33,11 +32,7 @@ bool CleanerContext::browserIsEnabled(const QString& name) const
 
 QString CleanerContext::expandTilde(const QString& path)
 {
-    if (path == u"~"_s)
-        return QDir::homePath();
-    if (path.startsWith(u"~/"_s))
-        return QDir::homePath() + path.mid(1);
-    return path;
+    return Path::fromTilde(path).toString();
 }
 
 void CleanerContext::log(const QString& line) const

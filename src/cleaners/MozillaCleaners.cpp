@@ -2,9 +2,10 @@
 
 #include "cleaners/ChromeCleaners.h"
 #include "cleaners/CleanerContext.h"
-#include "cleaners/FixedCleaner.h"
+#include "cleaners/MozillaCleanerTables.h"
 #include "cleaners/PlacesScrub.h"
 #include "cleaners/WebStorageScrub.h"
+#include "core/Path.h"
 #include "settings/HTML5Manager.h"
 #include "settings/PreferenceKeys.h"
 #include "settings/ProfilesManager.h"
@@ -21,18 +22,17 @@ namespace {
 const QString kNoneSelected = u"No profiles selected."_s;
 const QString kNoneSelectedInMenu = u"No profiles selected in the Profiles menu"_s;
 const QString kNotOneSalt = u"Not exactly 1 Salt folder.  Profile Skipped."_s;
-const QStringList kCacheFiles{u"Cache"_s, u"OfflineCache"_s, u"urlclassifier3.sqlite"_s, u"XPC.mfasl"_s,
-                              u"XUL.mfasl"_s};
 
-QString join(const QString& folder, const QString& name)
+QStringList directEntries(const Path& folder)
 {
-    return folder.endsWith(u'/') ? folder + name : folder + u'/' + name;
+    return QDir(folder.toString())
+        .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                   QDir::Name | QDir::IgnoreCase);
 }
 
-QStringList directEntries(const QString& folder)
+bool isFolder(const Path& path)
 {
-    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
-                                  QDir::Name | QDir::IgnoreCase);
+    return QFileInfo(path.toString()).isDir();
 }
 
 } // namespace
@@ -44,20 +44,26 @@ MozillaCleaners::MozillaCleaners(CleanerContext& context, const UserDefaults& de
 {
 }
 
-void MozillaCleaners::block(bool on, const QString& folder, const QStringList& names)
+void MozillaCleaners::block(bool on, const Path& folder, const QStringList& names)
 {
     mContext.log(on ? u"Shred:"_s : u"Skip:"_s);
     for (const QString& name : names) {
-        const QString path = join(folder, name);
+        const QString path = (folder / name).toString();
         mContext.log(path);
         if (on)
             mContext.queue(path);
     }
 }
 
+void MozillaCleaners::blocks(const QList<FileBlock>& blocks, const Path& folder)
+{
+    for (const FileBlock& each : blocks)
+        block(mContext.setting(each.key), folder, each.names);
+}
+
 QStringList MozillaCleaners::selectedProfiles(const QString& tildeFolder) const
 {
-    return ProfilesManager::selectedProfiles(mDefaults, CleanerContext::expandTilde(tildeFolder));
+    return ProfilesManager::selectedProfiles(mDefaults, Path::fromTilde(tildeFolder).toString());
 }
 
 void MozillaCleaners::walkSelectedProfiles(const QString& tildeFolder, const QString& noneSelected,
@@ -69,19 +75,19 @@ void MozillaCleaners::walkSelectedProfiles(const QString& tildeFolder, const QSt
         mContext.endCleaner();
         return;
     }
-    const QString folder = CleanerContext::expandTilde(tildeFolder);
+    const Path folder = Path::fromTilde(tildeFolder);
     for (const QString& name : names) {
-        const QString profile = join(folder, name);
-        if (!QFileInfo(profile).isDir())
+        const Path profile = folder / name;
+        if (!isFolder(profile))
             continue;
-        mContext.log(profile);
+        mContext.log(profile.toString());
         work(profile);
         mContext.endCleaner();
     }
     mContext.endCleaner();
 }
 
-QString MozillaCleaners::saltFolder(const QString& profileFolder, const QString& noSaltMessage)
+Path MozillaCleaners::saltFolder(const Path& profileFolder, const QString& noSaltMessage)
 {
     QStringList salts;
     for (const QString& name : directEntries(profileFolder)) {
@@ -89,66 +95,87 @@ QString MozillaCleaners::saltFolder(const QString& profileFolder, const QString&
             salts.append(name);
     }
     if (salts.size() == 1)
-        return join(profileFolder, salts.first());
-    mContext.log(salts.isEmpty() ? noSaltMessage : kNotOneSalt);
+        return profileFolder / salts.first();
+    mContext.log(salts.isEmpty() && !noSaltMessage.isEmpty() ? noSaltMessage : kNotOneSalt);
     return {};
 }
 
-void MozillaCleaners::Camino07()
+void MozillaCleaners::run(const MozillaCleaner& cleaner)
 {
-    mContext.header(u"Camino 0.7"_s);
-    if (!mContext.gate(u"Camino"_s))
+    mContext.header(cleaner.header);
+    if (!mContext.gate(cleaner.enabledName))
         return;
-    const QString profile = CleanerContext::expandTilde(u"~/Library/Application Support/Chimera/Profiles/default"_s);
-    const QString salt = saltFolder(profile, u"No Camino 0.7 profile found.  Profile Skipped."_s);
-    if (!salt.isNull()) {
-        block(mContext.setting(ShredCache), salt, {u"Cache"_s});
-        block(mContext.setting(ShredHistory), salt, {u"history.dat"_s});
+    const Path folder = Path::fromTilde(cleaner.folder);
+    switch (cleaner.place) {
+    case MozillaCleaner::Place::Folder:
+        blocks(cleaner.blocks, folder);
+        mContext.endCleaner();
+        return;
+    case MozillaCleaner::Place::SaltFolder:
+        if (const Path salt = saltFolder(folder, cleaner.noSaltFolder); !salt.isEmpty())
+            blocks(cleaner.blocks, salt);
+        mContext.endCleaner();
+        return;
+    case MozillaCleaner::Place::SelectedProfiles:
+        walkSelectedProfiles(cleaner.folder, kNoneSelected, [&](const Path& profile) {
+            blocks(cleaner.blocks, profile);
+            if (cleaner.passwordFile)
+                passwordFile(profile);
+        });
+        return;
+    case MozillaCleaner::Place::CacheAndSupport:
+        walkCacheAndSupport(cleaner);
+        return;
+    }
+}
+
+void MozillaCleaners::walkCacheAndSupport(const MozillaCleaner& cleaner)
+{
+    const QStringList names = selectedProfiles(cleaner.folder);
+    if (names.isEmpty()) {
+        mContext.log(kNoneSelected);
+        mContext.endCleaner();
+        return;
+    }
+    for (const QString& name : names) {
+        const Path cacheProfile = Path::fromTilde(cleaner.cacheFolder) / name;
+        if (isFolder(cacheProfile)) {
+            mContext.log(cacheProfile.toString());
+            blocks(cleaner.blocks, cacheProfile);
+        }
+        const Path supportProfile = Path::fromTilde(cleaner.folder) / name;
+        if (!cleaner.supportBlocks.isEmpty() && isFolder(supportProfile)) {
+            mContext.log(supportProfile.toString());
+            blocks(cleaner.supportBlocks, supportProfile);
+            mContext.endCleaner();
+        }
     }
     mContext.endCleaner();
 }
 
+void MozillaCleaners::Camino07()
+{
+    run(MozillaCleanerTables::Camino07());
+}
+
 void MozillaCleaners::Camino08()
 {
-    mContext.header(u"Camino 0.8"_s);
-    if (!mContext.gate(u"Camino"_s))
-        return;
-    const QString folder = CleanerContext::expandTilde(u"~/Library/Application Support/Camino"_s);
-    block(mContext.setting(ShredCache), folder, {u"Cache"_s});
-    block(mContext.setting(ShredHistory), folder, {u"history.dat"_s});
-    block(mContext.setting(ShredCookies), folder, {u"cookies.txt"_s});
-    mContext.endCleaner();
+    run(MozillaCleanerTables::Camino08());
 }
 
 void MozillaCleaners::Camino10()
 {
-    static const FixedCleaner cleaner{u"Camino 1.0"_s,
-                                      u"Camino"_s,
-                                      {{ShredCache, {u"~/Library/Caches/Camino/Cache"_s}},
-                                       {shredSafariFavicon, {u"~/Library/Caches/Camino/IconCache"_s}}}};
-    runFixedCleaner(cleaner, mContext);
+    runFixedCleaner(MozillaCleanerTables::Camino10(), mContext);
 }
 
 void MozillaCleaners::Camino16()
 {
-    static const FixedCleaner cleaner{
-        u"Camino 1.6"_s,
-        u"Camino"_s,
-        {{ShredCache, {u"~/Library/Caches/org.mozilla.camino"_s}},
-         {ShredIEDownloadCache, {u"~/Library/Application Support/Camino/downloads.plist"_s}},
-         // Under Caches, as Camino 1.6 wrote it.
-         {ShredHistory, {u"~/Library/Caches/Application Support/history.dat"_s}}}};
-    runFixedCleaner(cleaner, mContext);
+    runFixedCleaner(MozillaCleanerTables::Camino16(), mContext);
 }
 
 void MozillaCleaners::Camino20()
 {
-    mContext.header(u"Camino 2.0"_s);
-    if (!mContext.gate(u"Camino"_s))
-        return;
-    block(mContext.setting(ShredCookies), CleanerContext::expandTilde(u"~/Library/Application Support/Camino"_s),
-          {u"cookies.sqlite"_s});
-    mContext.endCleaner();
+    run(MozillaCleanerTables::Camino20());
 }
 
 void MozillaCleaners::Camino21()
@@ -156,7 +183,7 @@ void MozillaCleaners::Camino21()
     mContext.header(u"Camino 2.1"_s);
     if (!mContext.gate(u"Camino"_s))
         return;
-    const QString places = CleanerContext::expandTilde(u"~/Library/Application Support/Camino/places.sqlite"_s);
+    const QString places = Path::fromTilde(u"~/Library/Application Support/Camino/places.sqlite"_s).toString();
     const QString journal = places + u"-journal"_s;
     if (mContext.setting(ShredHistory) || mContext.setting(shredSafariFavicon)) {
         mContext.log(u"Shred:"_s);
@@ -175,82 +202,27 @@ void MozillaCleaners::Camino21()
 
 void MozillaCleaners::Firefox08()
 {
-    mContext.header(u"Firefox 0.8"_s);
-    if (!mContext.gate(u"Firefox"_s))
-        return;
-    const QString profile = CleanerContext::expandTilde(u"~/Library/Phoenix/Profiles/default"_s);
-    const QString salt = saltFolder(profile, kNotOneSalt);
-    if (!salt.isNull()) {
-        block(mContext.setting(ShredCache), salt, {u"Cache"_s});
-        block(mContext.setting(ShredHistory), salt, {u"history.dat"_s});
-        block(mContext.setting(ShredIEDownloadCache), salt, {u"downloads.rdf"_s});
-    }
-    mContext.endCleaner();
+    run(MozillaCleanerTables::Firefox08());
 }
 
 void MozillaCleaners::Firefox10()
 {
-    mContext.header(u"Firefox 1.0"_s);
-    if (!mContext.gate(u"Firefox"_s))
-        return;
-    walkSelectedProfiles(u"~/Library/Application Support/Firefox/Profiles"_s, kNoneSelected,
-                         [&](const QString& profile) {
-                             block(mContext.setting(ShredCache), profile, {u"Cache"_s});
-                             block(mContext.setting(ShredHistory), profile, {u"history.dat"_s});
-                             block(mContext.setting(ShredIEDownloadCache), profile, {u"downloads.rdf"_s});
-                         });
-}
-
-void MozillaCleaners::walkCacheAndSupport(const QString& supportFolder, const QString& cacheFolder,
-                                          const QStringList& cacheFiles, bool withCookies)
-{
-    const QStringList names = selectedProfiles(supportFolder);
-    if (names.isEmpty()) {
-        mContext.log(kNoneSelected);
-        mContext.endCleaner();
-        return;
-    }
-    for (const QString& name : names) {
-        const QString cacheProfile = join(CleanerContext::expandTilde(cacheFolder), name);
-        if (QFileInfo(cacheProfile).isDir()) {
-            mContext.log(cacheProfile);
-            block(mContext.setting(ShredCache), cacheProfile, cacheFiles);
-        }
-        const QString supportProfile = join(CleanerContext::expandTilde(supportFolder), name);
-        if (withCookies && QFileInfo(supportProfile).isDir()) {
-            mContext.log(supportProfile);
-            block(mContext.setting(ShredCookies), supportProfile, {u"cookies.txt"_s});
-            mContext.endCleaner();
-        }
-    }
-    mContext.endCleaner();
+    run(MozillaCleanerTables::Firefox10());
 }
 
 void MozillaCleaners::Firefox15()
 {
-    mContext.header(u"Firefox 1.5"_s);
-    if (!mContext.gate(u"Firefox"_s))
-        return;
-    walkCacheAndSupport(u"~/Library/Application Support/Firefox/Profiles"_s, u"~/Library/Caches/Firefox/Profiles"_s,
-                        kCacheFiles, true);
+    run(MozillaCleanerTables::Firefox15());
 }
 
 void MozillaCleaners::SeaMonkey20cache()
 {
-    mContext.header(u"SeaMonkey 2.0 Cache"_s);
-    if (!mContext.gate(u"SeaMonkey 2"_s))
-        return;
-    walkCacheAndSupport(u"~/Library/Application Support/SeaMonkey/Profiles"_s, u"~/Library/Caches/SeaMonkey/Profiles"_s,
-                        kCacheFiles, true);
+    run(MozillaCleanerTables::SeaMonkey20cache());
 }
 
 void MozillaCleaners::Flock25()
 {
-    mContext.header(u"Flock 2.5"_s);
-    if (!mContext.gate(u"Flock"_s))
-        return;
-    walkCacheAndSupport(u"~/Library/Application Support/Flock/Profiles"_s, u"~/Library/Caches/Flock/Profiles"_s,
-                        {u"Cache"_s, u"urlclassifier3.sqlite"_s, u"XPC.mfasl"_s, u"XUL.mfasl"_s}, false);
+    run(MozillaCleanerTables::Flock25());
 }
 
 QString MozillaCleaners::signonFileName(const QByteArray& prefs)
@@ -278,22 +250,16 @@ QString MozillaCleaners::passwordFileName(const QByteArray& prefs)
     const QString name = signonFileName(prefs);
     // A file of the profile folder itself: never a path leading out of it, nor a
     // name holding a NUL, which the system would read cut short as another file.
-    if (name.isEmpty() || name.contains(u'/') || name.contains(QChar::Null) || name == u"."_s || name == u".."_s)
-        return {};
-    return name;
+    return Path::isName(name) ? name : QString();
 }
 
-void MozillaCleaners::sessionsAndPasswords(const QString& profile)
+void MozillaCleaners::passwordFile(const Path& profile)
 {
-    const bool history = mContext.setting(ShredHistory);
-    block(history, profile, {u"sessionstore.js"_s});
-    block(history, profile, {u"sessionstore.bak"_s});
-    block(history, profile, {u"formhistory.dat"_s});
     if (!mContext.setting(ShredPasswords)) {
         mContext.log(u"Skip: Passwords file (did not parse for location since option is disabled)"_s);
         return;
     }
-    QFile prefs(join(profile, u"prefs.js"_s));
+    QFile prefs((profile / u"prefs.js"_s).toString());
     if (!prefs.open(QIODevice::ReadOnly))
         return;
     const QByteArray text = prefs.readAll();
@@ -307,20 +273,12 @@ void MozillaCleaners::sessionsAndPasswords(const QString& profile)
 
 void MozillaCleaners::Firefox20()
 {
-    mContext.header(u"Firefox 2.0"_s);
-    if (!mContext.gate(u"Firefox"_s))
-        return;
-    walkSelectedProfiles(u"~/Library/Application Support/Firefox/Profiles"_s, kNoneSelected,
-                         [&](const QString& profile) { sessionsAndPasswords(profile); });
+    run(MozillaCleanerTables::Firefox20());
 }
 
 void MozillaCleaners::SeaMonkey20()
 {
-    mContext.header(u"SeaMonkey 2.0"_s);
-    if (!mContext.gate(u"SeaMonkey 2"_s))
-        return;
-    walkSelectedProfiles(u"~/Library/Application Support/SeaMonkey/Profiles"_s, kNoneSelected,
-                         [&](const QString& profile) { sessionsAndPasswords(profile); });
+    run(MozillaCleanerTables::SeaMonkey20());
 }
 
 void MozillaCleaners::Firefox30Flock25SeaMonkey20(const QString& name, const QString& profilesFolder)
@@ -328,14 +286,14 @@ void MozillaCleaners::Firefox30Flock25SeaMonkey20(const QString& name, const QSt
     mContext.header(u"Firefox 3.0-12.0, Flock 2.5, and SeaMonkey 1.0"_s);
     if (!mContext.gate(name))
         return;
-    walkSelectedProfiles(profilesFolder, kNoneSelected, [&](const QString& profile) { placesProfile(profile); });
+    walkSelectedProfiles(profilesFolder, kNoneSelected, [&](const Path& profile) { placesProfile(profile); });
 }
 
-void MozillaCleaners::placesProfile(const QString& profile)
+void MozillaCleaners::placesProfile(const Path& profile)
 {
     const HTML5Manager* html5 = HTML5Manager::sharedInstance();
     if (html5 && html5->getEnabledState() == 1) {
-        const QString store = join(profile, u"webappsstore.sqlite"_s);
+        const QString store = (profile / u"webappsstore.sqlite"_s).toString();
         mContext.log(u"Shred:"_s);
         mContext.log(store);
         const QString renamed = WebStorageScrub(mContext, mContext.sqliteShell()).firefox3webappsstoresqlite(store);
@@ -344,7 +302,7 @@ void MozillaCleaners::placesProfile(const QString& profile)
     }
     block(mContext.setting(ShredCache), profile, {u"Cache.Trash"_s});
 
-    const QString places = join(profile, u"places.sqlite"_s);
+    const QString places = (profile / u"places.sqlite"_s).toString();
     if (mContext.setting(ShredHistory) || mContext.setting(shredSafariFavicon)) {
         mContext.log(u"Shred:"_s);
         mContext.log(places);
@@ -373,17 +331,13 @@ void MozillaCleaners::Mozilla()
     const QStringList names = selectedProfiles(u"~/Library/Mozilla/Profiles"_s);
     if (names.isEmpty())
         mContext.log(kNoneSelectedInMenu);
-    const QString folder = CleanerContext::expandTilde(u"~/Library/Mozilla/Profiles"_s);
+    const Path folder = Path::fromTilde(u"~/Library/Mozilla/Profiles"_s);
     for (const QString& name : names) {
-        const QString profile = join(folder, name);
-        if (!QFileInfo(profile).isDir())
+        const Path profile = folder / name;
+        if (!isFolder(profile))
             continue;
-        const QString salt = saltFolder(profile, kNotOneSalt);
-        if (salt.isNull())
-            continue;
-        block(mContext.setting(ShredCache), salt, {u"Cache"_s});
-        block(mContext.setting(ShredHistory), salt, {u"history.dat"_s, u"history.mab"_s, u"Netscape History"_s});
-        block(mContext.setting(ShredIEDownloadCache), salt, {u"downloads.rdf"_s});
+        if (const Path salt = saltFolder(profile); !salt.isEmpty())
+            blocks(MozillaCleanerTables::MozillaSuiteBlocks(), salt);
     }
     mContext.endCleaner();
 }
@@ -399,9 +353,9 @@ void MozillaCleaners::SeaMonkey1()
         mContext.endCleaner();
         return;
     }
-    QStringList cached = directEntries(CleanerContext::expandTilde(u"~/Library/Caches//Mozilla//Profiles"_s));
+    QStringList cached = directEntries(Path::fromTilde(u"~/Library/Caches//Mozilla//Profiles"_s));
     cached.removeAll(u".DS_Store"_s);
-    const QString cacheFolder = CleanerContext::expandTilde(u"~/Library/Caches/Mozilla/Profiles"_s);
+    const Path cacheFolder = Path::fromTilde(u"~/Library/Caches/Mozilla/Profiles"_s);
     for (const QString& name : names) {
         if (cached.contains(name))
             block(mContext.setting(ShredCache), cacheFolder, {name});
@@ -414,7 +368,7 @@ void MozillaCleaners::Flock35()
     mContext.header(u"Flock 3.5"_s);
     if (!mContext.gate(u"Flock"_s))
         return;
-    for (const QString& name : directEntries(CleanerContext::expandTilde(u"~/Library/Application Support/Flock"_s))) {
+    for (const QString& name : directEntries(Path::fromTilde(u"~/Library/Application Support/Flock"_s))) {
         if (name.startsWith(u"User Data"_s))
             mChrome.Flock35UserData(name);
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -7,11 +8,16 @@
 
 class ChromeCleaners;
 class CleanerContext;
+class Path;
 class UserDefaults;
+struct FileBlock;
+struct MozillaCleaner;
 
 // The cleaners of the Mozilla family: Camino, Firefox, Flock, SeaMonkey and the
 // Mozilla/Netscape suite. Their files lie at fixed paths, in a fixed "default"
-// profile with a salt folder, or in the profiles the user selected.
+// profile with a salt folder, or in the profiles the user selected. Most are
+// rows of MozillaCleanerTables; the code here walks their places and keeps the
+// rest: the places rewrite, and the listings of cache and user-data folders.
 class MozillaCleaners {
 public:
     MozillaCleaners(CleanerContext& context, const UserDefaults& defaults, ChromeCleaners& chrome);
@@ -43,22 +49,25 @@ public:
     static QString signonFileName(const QByteArray& prefs);
 
 private:
-    using ProfileWork = std::function<void(const QString& profileFolder)>;
+    using ProfileWork = std::function<void(const Path& profileFolder)>;
 
+    // Header, gate and the table's blocks in its place.
+    void run(const MozillaCleaner& cleaner);
     // "Shred:" or "Skip:" on its own line, then each full path; "Shred:" queues them.
-    void block(bool on, const QString& folder, const QStringList& names);
+    void block(bool on, const Path& folder, const QStringList& names);
+    void blocks(const QList<FileBlock>& blocks, const Path& folder);
     QStringList selectedProfiles(const QString& tildeFolder) const;
     // Each selected profile that exists: its path on a line, the work, an empty line.
     void walkSelectedProfiles(const QString& tildeFolder, const QString& noneSelected, const ProfileWork& work);
-    // The one salt folder of a profile, or a null string after saying why not.
-    QString saltFolder(const QString& profileFolder, const QString& noSaltMessage);
+    // The one salt folder of a profile, or an empty path after saying why not:
+    // noSaltMessage when it has none, if given.
+    Path saltFolder(const Path& profileFolder, const QString& noSaltMessage = {});
     // Firefox 1.5, Flock 2.5 and SeaMonkey 2.0: cache and support folders per selected profile.
-    void walkCacheAndSupport(const QString& supportFolder, const QString& cacheFolder, const QStringList& cacheFiles,
-                             bool withCookies);
-    // Firefox 2.0 and SeaMonkey 2.0: session, form history and the password file.
-    void sessionsAndPasswords(const QString& profileFolder);
+    void walkCacheAndSupport(const MozillaCleaner& cleaner);
+    // Firefox 2.0 and SeaMonkey 2.0: the password file prefs.js names.
+    void passwordFile(const Path& profileFolder);
     // Web storage, places and the other files of one Firefox 3 profile.
-    void placesProfile(const QString& profileFolder);
+    void placesProfile(const Path& profileFolder);
 
     CleanerContext& mContext;
     const UserDefaults& mDefaults;

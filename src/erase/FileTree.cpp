@@ -1,5 +1,7 @@
 #include "erase/FileTree.h"
 
+#include "core/Path.h"
+
 #include <fcntl.h>
 #include <limits.h>
 #include <stdlib.h>
@@ -60,9 +62,7 @@ QList<QByteArray> subpaths(const QByteArray& root)
 
 QByteArray join(const QByteArray& folder, const QByteArray& name)
 {
-    if (folder.endsWith('/'))
-        return folder + name;
-    return folder + '/' + name;
+    return (Path::fromNative(folder) / name).native();
 }
 
 QByteArray standardized(const QByteArray& path)
@@ -102,17 +102,12 @@ QByteArray absolute(const QByteArray& path)
 
 QByteArray parentOf(const QByteArray& path)
 {
-    const QByteArray clean = standardized(path);
-    const qsizetype slash = clean.lastIndexOf('/');
-    if (slash < 0)
-        return ".";
-    return slash == 0 ? QByteArray("/") : clean.left(slash);
+    return Path::fromNative(standardized(path)).parent().native();
 }
 
 QByteArray lastComponent(const QByteArray& path)
 {
-    const QByteArray clean = standardized(path);
-    return clean.mid(clean.lastIndexOf('/') + 1);
+    return Path::fromNative(standardized(path)).nativeFileName();
 }
 
 quint64 sizeInBytes(const QByteArray& path)

@@ -1,5 +1,7 @@
 #include "erase/FolderWalk.h"
 
+#include "core/Path.h"
+
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/resource.h>
@@ -11,19 +13,6 @@
 namespace FolderWalk {
 
 namespace {
-
-QByteArray parentOf(const QByteArray& path)
-{
-    const qsizetype slash = path.lastIndexOf('/');
-    return slash < 0 ? QByteArray(".") : slash == 0 ? QByteArray("/") : path.left(slash);
-}
-
-QByteArray join(const QByteArray& folder, const QByteArray& name)
-{
-    if (folder.isEmpty())
-        return name;
-    return folder.endsWith('/') ? folder + name : folder + '/' + name;
-}
 
 // Whether a mount starts at the entry: the kernel says so where it can, else a
 // change of device gives it away (bind mounts of the same device then pass unseen).
@@ -49,8 +38,8 @@ bool visit(Entry& entry, const Visitor& visitor)
             Entry child;
             child.folder = fd;
             child.name = name;
-            child.path = join(entry.path, name);
-            child.relative = join(entry.relative, name);
+            child.path = (Path::fromNative(entry.path) / name).native();
+            child.relative = (Path::fromNative(entry.relative) / name).native();
             if (::fstatat(fd, name.constData(), &child.info, AT_SYMLINK_NOFOLLOW) != 0)
                 continue;
             child.mountPoint =
@@ -102,13 +91,13 @@ int openFolder(const Entry& entry)
 
 bool walk(const QByteArray& root, const Visitor& visitor)
 {
-    const QByteArray parent = parentOf(root);
-    const int folder = ::open(parent.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const Path path = Path::fromNative(root);
+    const int folder = ::open(path.parent().native().constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (folder < 0)
         return false;
     Entry entry;
     entry.folder = folder;
-    entry.name = root.mid(root.lastIndexOf('/') + 1);
+    entry.name = path.nativeFileName();
     entry.path = root;
     struct stat parentInfo {};
     const bool found = ::fstat(folder, &parentInfo) == 0 &&

@@ -1,5 +1,6 @@
 #include "settings/HTML5Manager.h"
 
+#include "core/Path.h"
 #include "settings/UserDefaults.h"
 
 #include <QDir>
@@ -27,11 +28,6 @@ const QString kFlockDatabases = u"~/Library/Application Support/Flock/User Data/
 
 std::mutex gSharedMutex;
 std::unique_ptr<HTML5Manager> gShared;
-
-QString expandTilde(const QString& path)
-{
-    return QDir::homePath() + path.mid(1);
-}
 
 // "a.b.localstorage-journal" has the extension "localstorage-journal".
 QString pathExtension(const QString& name)
@@ -133,7 +129,7 @@ bool HTML5Manager::keepThisDomain(const QString& name) const
 
 QStringList HTML5Manager::html5PathsForChrome() const
 {
-    return pathsToErase(expandTilde(kChromeLocalStorage), Take::LocalStorageAndJournals);
+    return pathsToErase(Path::fromTilde(kChromeLocalStorage).toString(), Take::LocalStorageAndJournals);
 }
 
 // The people extension's storage file leaves the listing before anything else.
@@ -144,22 +140,22 @@ QStringList HTML5Manager::html5PathsForFlock(const QString& folder) const
 
 QStringList HTML5Manager::html5LocalStoragePathsForSafari() const
 {
-    return pathsToErase(expandTilde(kSafariLocalStorage), Take::LocalStorage);
+    return pathsToErase(Path::fromTilde(kSafariLocalStorage).toString(), Take::LocalStorage);
 }
 
 QStringList HTML5Manager::html5DatabasesPathsForSafari() const
 {
-    return pathsToErase(expandTilde(kSafariDatabases), Take::Folders);
+    return pathsToErase(Path::fromTilde(kSafariDatabases).toString(), Take::Folders);
 }
 
 QStringList HTML5Manager::html5DatabasesPathsForChrome() const
 {
-    return pathsToErase(expandTilde(kChromeDatabases), Take::Folders);
+    return pathsToErase(Path::fromTilde(kChromeDatabases).toString(), Take::Folders);
 }
 
 QStringList HTML5Manager::html5DatabasesPathsForFlock() const
 {
-    return pathsToErase(expandTilde(kFlockDatabases), Take::Folders);
+    return pathsToErase(Path::fromTilde(kFlockDatabases).toString(), Take::Folders);
 }
 
 void HTML5Manager::addDomain()

@@ -1,10 +1,10 @@
 #include "settings/PluginManager.h"
 
 #include "core/Bundle.h"
+#include "core/Path.h"
 #include "core/PropertyList.h"
 #include "settings/UserDefaults.h"
 
-#include <QDir>
 #include <QFile>
 
 #include <memory>
@@ -224,19 +224,12 @@ bool PluginManager::setEnabled(qsizetype index, bool enabled)
 
 QString PluginManager::expandTilde(const QString& path)
 {
-    if (path == u"~"_s || path.startsWith(u"~/"_s))
-        return QDir::homePath() + path.mid(1);
-    return path;
+    return Path::fromTilde(path).toString();
 }
 
 QString PluginManager::abbreviateTilde(const QString& path)
 {
-    const QString home = QDir::homePath();
-    if (path == home)
-        return u"~"_s;
-    if (path.startsWith(home + u'/'))
-        return u"~"_s + path.mid(home.size());
-    return path;
+    return Path(path).tilde();
 }
 
 void PluginManager::save()

@@ -1,5 +1,6 @@
 #include "settings/ProfilesManager.h"
 
+#include "core/Path.h"
 #include "settings/UserDefaults.h"
 
 #include <QDir>
@@ -33,11 +34,6 @@ constexpr std::array<ApplicationFolder, ProfilesManager::ApplicationCount> kAppl
 
 std::mutex gSharedMutex;
 std::unique_ptr<ProfilesManager> gShared;
-
-QString expanded(const QString& path)
-{
-    return QDir::homePath() + path.mid(1);
-}
 
 // Everything in the folder but the Finder's .DS_Store; nothing for a missing folder.
 QStringList entriesOf(const QString& folder)
@@ -113,7 +109,7 @@ void ProfilesManager::populateProfilesMenu()
     std::array<QString, ApplicationCount> folders;
     std::array<QStringList, ApplicationCount> entries;
     for (int i = 0; i < ApplicationCount; ++i) {
-        folders[i] = expanded(profilesFolder(Application(i)));
+        folders[i] = Path::fromTilde(profilesFolder(Application(i))).toString();
         entries[i] = entriesOf(folders[i]);
     }
 
@@ -195,8 +191,6 @@ QStringList ProfilesManager::selectedProfiles(const UserDefaults& defaults, cons
     // A name is one folder inside the profiles folder: a hand-edited "../Documents"
     // must not send the cleaners elsewhere.
     QStringList names = toStringList(defaults.dictionaryForKey(kProfilesMenuDict).value(expandedFolder));
-    names.removeIf([](const QString& name) {
-        return name.isEmpty() || name == u"."_s || name == u".."_s || name.contains(u'/') || name.contains(QChar::Null);
-    });
+    names.removeIf([](const QString& name) { return !Path::isName(name); });
     return names;
 }
