@@ -6,6 +6,8 @@
 #include "cleaners/MozillaCleaners.h"
 #include "cleaners/SafariCleaners.h"
 #include "cleaners/SimpleCleaners.h"
+#include "cleaners/current/CurrentFirefox.h"
+#include "cleaners/current/CurrentThunderbird.h"
 #include "core/ApplicationFlags.h"
 #include "erase/EraseQueue.h"
 
@@ -108,11 +110,13 @@ void CleanerDispatch::run(qint32 customIsRunning, quint8& logoutShutdownRestart)
         mozilla.Firefox15();
         mozilla.Firefox20();
         mozilla.Firefox30Flock25SeaMonkey20(u"Firefox"_s, u"~/Library/Application Support/Firefox/Profiles"_s);
+        CurrentFirefox(mContext, mDefaults).run();
     });
     // Thunderbird alone does not count: while it runs the plug-in cache is still taken.
     if (!isRunning(WatchedApp::thunderbird)) {
         queue.setApplication(u"Thunderbird"_s);
         mail.Thunderbird15();
+        CurrentThunderbird(mContext, mDefaults).run();
     } else {
         queue.passOver(u"Thunderbird"_s);
     }
