@@ -6,6 +6,8 @@
 #include "cleaners/MozillaCleaners.h"
 #include "cleaners/SafariCleaners.h"
 #include "cleaners/SimpleCleaners.h"
+#include "cleaners/current/CurrentFirefox.h"
+#include "cleaners/current/CurrentThunderbird.h"
 #include "core/ApplicationFlags.h"
 #include "erase/EraseQueue.h"
 
@@ -26,6 +28,8 @@ struct Families {
         , chrome(context)
         , mozilla(context, defaults, chrome)
         , mail(context, defaults)
+        , currentFirefox(context, defaults)
+        , currentThunderbird(context, defaults)
     {
     }
 
@@ -34,6 +38,8 @@ struct Families {
     ChromeCleaners chrome;
     MozillaCleaners mozilla;
     MailCleaners mail;
+    CurrentFirefox currentFirefox;
+    CurrentThunderbird currentThunderbird;
 };
 
 using Cleaner = void (*)(Families&);
@@ -99,11 +105,12 @@ const QList<ApplicationRow>& applicationRows()
           [](Families& f) { f.mozilla.Firefox15(); }, [](Families& f) { f.mozilla.Firefox20(); },
           [](Families& f) {
               f.mozilla.Firefox30Flock25SeaMonkey20(u"Firefox"_s, u"~/Library/Application Support/Firefox/Profiles"_s);
-          }}},
+          },
+          [](Families& f) { f.currentFirefox.run(); }}},
         // Thunderbird alone does not count: while it runs the plug-in cache is still taken.
         {.application = u"Thunderbird"_s,
          .gate = {thunderbird},
-         .cleaners = {[](Families& f) { f.mail.Thunderbird15(); }},
+         .cleaners = {[](Families& f) { f.mail.Thunderbird15(); }, [](Families& f) { f.currentThunderbird.run(); }},
          .counted = false},
         {u"Shiira"_s,
          {shiira},

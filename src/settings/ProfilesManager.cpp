@@ -1,10 +1,12 @@
 #include "settings/ProfilesManager.h"
 
 #include "core/Path.h"
+#include "settings/ProfileList.h"
 #include "settings/UserDefaults.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QMap>
 
 #include <array>
 #include <memory>
@@ -49,6 +51,22 @@ QString pathExtension(const QString& name)
 {
     const qsizetype dot = name.lastIndexOf(u'.');
     return dot < 0 ? QString() : name.mid(dot + 1);
+}
+
+// The profiles of today's builds that the application's menu shows besides its
+// folder's entries, by their whole paths: those that profiles.ini places
+// elsewhere than that folder.
+QStringList currentProfiles(ProfilesManager::Application application, const QString& menuFolder)
+{
+    QStringList paths;
+    if (application != ProfilesManager::Firefox && application != ProfilesManager::Thunderbird)
+        return paths;
+    const WatchedApp flag = application == ProfilesManager::Firefox ? WatchedApp::firefox : WatchedApp::thunderbird;
+    for (const MozillaProfile& profile : ProfileList::current(flag)) {
+        if (QFileInfo(profile.folder).path() != menuFolder)
+            paths.append(profile.folder);
+    }
+    return paths;
 }
 
 QVariantList toVariantList(const QStringList& strings)
@@ -108,9 +126,11 @@ void ProfilesManager::populateProfilesMenu()
 {
     std::array<QString, ApplicationCount> folders;
     std::array<QStringList, ApplicationCount> entries;
+    std::array<QStringList, ApplicationCount> current;
     for (int i = 0; i < ApplicationCount; ++i) {
         folders[i] = Path::fromTilde(profilesFolder(Application(i))).toString();
         entries[i] = entriesOf(folders[i]);
+        current[i] = currentProfiles(Application(i), folders[i]);
     }
 
     const QVariant oldSelection = mUserDefaults.objectForKey(kProfilesMenu);
@@ -121,6 +141,10 @@ void ProfilesManager::populateProfilesMenu()
         for (int i = 0; i < ApplicationCount; ++i) {
             if (!oldSelection.isValid()) {
                 selection.insert(folders[i], toVariantList(entries[i])); // the first start selects every profile
+                for (const QString& path : current[i]) {
+                    const QFileInfo profile(path);
+                    selection.insert(profile.path(), selection.value(profile.path()).toList() << profile.fileName());
+                }
                 continue;
             }
             QStringList kept;
@@ -138,11 +162,13 @@ void ProfilesManager::populateProfilesMenu()
     }
 
     QVariantMap selection = mUserDefaults.dictionaryForKey(kProfilesMenuDict);
+    // Today's profiles still there and checked, by the folder that holds them.
+    QMap<QString, QStringList> currentStillThere;
     mMenus.clear();
     for (int i = 0; i < ApplicationCount; ++i) {
         Menu menu{folders[i], {}, {}};
         const QStringList stored = toStringList(selection.value(folders[i]));
-        if (!entries[i].isEmpty())
+        if (!entries[i].isEmpty() || !current[i].isEmpty())
             menu.titles.append(displayName(Application(i)));
         QStringList stillThere;
         for (const QString& name : entries[i]) {
@@ -155,8 +181,19 @@ void ProfilesManager::populateProfilesMenu()
                 stillThere.append(name);
         }
         selection.insert(folders[i], toVariantList(stillThere));
+        for (const QString& path : current[i]) {
+            const QFileInfo profile(path);
+            QStringList& kept = currentStillThere[profile.path()];
+            menu.titles.append(path);
+            const bool checked = toStringList(selection.value(profile.path())).contains(profile.fileName());
+            menu.items.append({pathExtension(profile.fileName()), int(menu.titles.size() - 1), checked});
+            if (checked)
+                kept.append(profile.fileName());
+        }
         mMenus.append(menu);
     }
+    for (auto folder = currentStillThere.cbegin(); folder != currentStillThere.cend(); ++folder)
+        selection.insert(folder.key(), toVariantList(folder.value()));
     mUserDefaults.setObject(selection, kProfilesMenuDict);
     mUserDefaults.synchronize();
     emit menusChanged();
@@ -170,15 +207,19 @@ void ProfilesManager::doProfileMenuItem(Application application, int tag)
     for (MenuItem& item : menu.items) {
         if (item.tag != tag)
             continue;
+        // A profile of today's builds is titled by its whole path and stored
+        // under the folder that holds it.
+        const QFileInfo title(menu.titles.value(tag));
+        const QString folder = title.isAbsolute() ? title.path() : menu.folder;
+        const QString name = title.isAbsolute() ? title.fileName() : menu.titles.value(tag);
         QVariantMap selection = mUserDefaults.dictionaryForKey(kProfilesMenuDict);
-        QStringList names = toStringList(selection.value(menu.folder));
-        const QString name = menu.titles.value(tag);
+        QStringList names = toStringList(selection.value(folder));
         if (item.checked)
             names.removeAll(name);
         else
             names.append(name);
         item.checked = !item.checked;
-        selection.insert(menu.folder, toVariantList(names));
+        selection.insert(folder, toVariantList(names));
         mUserDefaults.setObject(selection, kProfilesMenuDict);
         mUserDefaults.synchronize();
         emit menusChanged();

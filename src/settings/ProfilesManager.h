@@ -12,6 +12,9 @@ class UserDefaults;
 // folder (Mozilla, Firefox, Thunderbird, Postbox, Flock, SeaMonkey 2) a run
 // erases. The selection is stored under ProfilesMenuDict: each profiles folder
 // (with "~" expanded) maps to the names of its selected profile folders.
+// The profiles of today's Firefox and Thunderbird, found through profiles.ini,
+// join those two menus titled by their whole paths; each is stored under the
+// folder that holds it.
 //
 // The menus are a model here, one per application, that a front end shows as
 // pull-down menus with a check mark per profile. Lives on the main thread; the
@@ -27,7 +30,7 @@ public:
     };
     struct Menu {
         QString folder;        // expanded profiles folder
-        QStringList titles;    // element 0: the application's name; element n: the folder of tag n
+        QStringList titles;    // element 0: the application's name; element n: the folder (or whole path) of tag n
         QList<MenuItem> items; // after the pull-down's own "Profiles" item
     };
 

@@ -31,6 +31,17 @@ const std::array<WatchedPattern, kWatchedAppCount>& watchedPatterns()
     return patterns;
 }
 
+const std::array<LinuxProgram, 4>& linuxPrograms()
+{
+    static const std::array<LinuxProgram, 4> programs{{
+        {"firefox", WatchedApp::firefox},
+        {"firefox-esr", WatchedApp::firefox},
+        {"firefox-bin", WatchedApp::firefox},
+        {"thunderbird", WatchedApp::thunderbird},
+    }};
+    return programs;
+}
+
 QList<QByteArray> listingLines(const QByteArray& listing)
 {
     // A reader with a 2,047-byte buffer returns at most 2,046 bytes per read,
@@ -61,6 +72,16 @@ int matchApplication(const QByteArray& line)
     for (std::size_t i = 0; i < patterns.size(); ++i) {
         if (line.contains(patterns[i].pattern))
             return int(i);
+    }
+    const QByteArray command = line.left(line.indexOf(' '));
+    const QByteArray program = command.mid(command.lastIndexOf('/') + 1);
+    for (const LinuxProgram& known : linuxPrograms()) {
+        if (program != known.name)
+            continue;
+        for (std::size_t i = 0; i < patterns.size(); ++i) {
+            if (patterns[i].flag == known.flag)
+                return int(i);
+        }
     }
     return -1;
 }

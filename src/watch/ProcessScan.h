@@ -21,6 +21,13 @@ struct WatchedPattern {
 // In match order: the first pattern a line contains wins.
 const std::array<WatchedPattern, kWatchedAppCount>& watchedPatterns();
 
+// The programs of today's Linux builds, by the file name a process runs.
+struct LinuxProgram {
+    const char* name;
+    WatchedApp flag;
+};
+const std::array<LinuxProgram, 4>& linuxPrograms();
+
 // The lines after the header, each cut at 2,046 bytes and without its last
 // character, exactly as reading the listing through a fixed buffer gives them.
 // Nothing when the listing is empty (not even a header).
@@ -28,6 +35,8 @@ QList<QByteArray> listingLines(const QByteArray& listing);
 
 // The index of the first pattern the line contains, or -1; lines of the disk
 // image helper, the crash reporter and browser plug-in hosts match nothing.
+// A line no pattern matches whose command is a Linux program of the list (its
+// file name, whatever the folder) gives the index of that program's application.
 int matchApplication(const QByteArray& line);
 
 // Whether a line belongs to a custom process (only the disk image helper is excluded).

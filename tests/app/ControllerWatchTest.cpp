@@ -195,3 +195,21 @@ TEST_F(ControllerWatchTest, ARunTheWatchStartsWaitsForAnotherProcesssRun)
     EXPECT_EQ(refused.size(), 0);
     view.pendingConfirmation(1);
 }
+
+TEST_F(ControllerWatchTest, TodaysLinuxProgramsAreWatchedByTheirFileName)
+{
+    controller().applicationDidFinishLaunching();
+    commands.processes = {"firefox-esr --headless", "/usr/lib/thunderbird/thunderbird --name=thunderbird"};
+    poll();
+    EXPECT_EQ(controller().isRunning()[WatchedApp::firefox], 1);
+    EXPECT_EQ(controller().isRunning()[WatchedApp::thunderbird], 1);
+    EXPECT_EQ(view.labels[WatchedApp::firefox], Color::Red);
+
+    // Another program merely naming them, and the browser's helpers, are not them.
+    commands.processes = {"vim /home/me/firefox", "/usr/lib/firefox-esr/crashhelper 4803"};
+    poll();
+    EXPECT_EQ(controller().isRunning()[WatchedApp::firefox], 0);
+    EXPECT_EQ(controller().isRunning()[WatchedApp::thunderbird], 0);
+    EXPECT_EQ(runsStarted(), 1);
+    view.pendingConfirmation(1);
+}

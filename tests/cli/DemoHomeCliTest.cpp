@@ -26,6 +26,8 @@ const QStringList kRewritten{
     u"Library/Safari/Databases/Databases.db"_s,
     u"Library/Safari/LocalStorage/StorageTracker.db"_s,
     u"Library/Mail/V2/MailData/Envelope Index"_s,
+    u".config/mozilla/firefox/xy12ab34.default-esr/places.sqlite"_s,
+    u".config/mozilla/firefox/xy12ab34.default-esr/cookies.sqlite"_s,
     u"Library/Logs/Vantle X Log.txt"_s,
     u".config/com.orvick.vantle.plist"_s,
 };
@@ -89,6 +91,8 @@ TEST_F(DemoHomeCliTest, ARunErasesWhatTheDryRunListedAndKeepsTheRest)
         }
     }
     ASSERT_GT(listed.size(), 20) << qPrintable(dry.out);
+    // Today's Firefox on Linux is found too.
+    EXPECT_TRUE(listed.contains(u".cache/mozilla/firefox/xy12ab34.default-esr/cache2"_s)) << qPrintable(dry.out);
 
     const CliRun run = cli({u"shred"_s, u"--yes"_s, u"--quiet"_s});
     ASSERT_EQ(run.exitCode, 0) << qPrintable(run.err);

@@ -1,0 +1,66 @@
+#include "cleaners/current/CurrentProfileWalk.h"
+
+#include "cleaners/CleanerContext.h"
+#include "cleaners/current/ProfileInUse.h"
+#include "settings/ProfilesManager.h"
+
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isSelected(const UserDefaults& defaults, const QString& profileFolder)
+{
+    const QFileInfo folder(profileFolder);
+    return ProfilesManager::selectedProfiles(defaults, folder.path()).contains(folder.fileName());
+}
+
+} // namespace
+
+void walkCurrentProfiles(CleanerContext& context, const UserDefaults& defaults, const CurrentApplication& application,
+                         const QString& procRoot, const std::function<void(const MozillaProfile&)>& work)
+{
+    const QList<MozillaProfile> profiles = ProfileList::current(application.flag);
+    if (profiles.isEmpty())
+        return;
+    context.header(application.header);
+    if (!context.gate(application.enabledName))
+        return;
+    const QString program = ProfileInUse::runningProgram(application.flag, procRoot);
+    for (const MozillaProfile& profile : profiles) {
+        if (!isSelected(defaults, profile.folder)) {
+            context.log(u"Skip: %1 (not selected in the Profiles menu)"_s.arg(profile.folder));
+            continue;
+        }
+        if (!program.isNull()) {
+            context.log(u"Skip: %1 (in use: %2 is running)"_s.arg(profile.folder, program));
+            continue;
+        }
+        if (const qint64 holder = ProfileInUse::lockHolder(profile.folder)) {
+            context.log(u"Skip: %1 (in use: its lock is held by process %2)"_s.arg(profile.folder).arg(holder));
+            continue;
+        }
+        context.log(profile.folder);
+        work(profile);
+        context.endCleaner();
+    }
+    context.endCleaner();
+}
+
+void runProfileFiles(CleanerContext& context, const QList<ProfileFiles>& rows, const MozillaProfile& profile)
+{
+    QStringList written;
+    for (const ProfileFiles& row : rows) {
+        const bool on = context.setting(row.key);
+        const QString& folder = row.folder == ProfileFiles::Profile ? profile.folder : profile.cacheFolder;
+        for (const QString& name : row.names) {
+            const QString path = folder + u'/' + name;
+            const QFileInfo file(path);
+            if ((!file.exists() && !file.isSymLink()) || written.contains(path))
+                continue;
+            written.append(path);
+            context.shredOrSkipFullPath(on, path);
+        }
+    }
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "core/ApplicationFlags.h"
+
+#include <QString>
+
+// Whether today's Firefox or Thunderbird has a profile open: its files are then
+// left alone, as those of a running application are.
+namespace ProfileInUse {
+
+// The process holding the profile's lock while that process lives, or 0: the
+// "lock" or ".parentlock" symbolic link naming "<address>:+<pid>", or a lock
+// held on the ".parentlock" file.
+qint64 lockHolder(const QString& profileFolder);
+
+// The program of the application (a Linux program name) that one of the user's
+// own processes runs, by its process name or the file name of its command, as
+// procRoot lists them; a null string when none does.
+QString runningProgram(WatchedApp application, const QString& procRoot = QStringLiteral("/proc"));
+
+} // namespace ProfileInUse

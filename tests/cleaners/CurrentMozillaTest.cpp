@@ -1,0 +1,160 @@
+// Today's Firefox and Thunderbird on a Linux home: the profiles profiles.ini
+// lists, what each setting erases, the profiles in use, and a home without
+// them.
+#include "cleaners/CleanerFixture.h"
+#include "cleaners/current/CurrentFirefox.h"
+#include "cleaners/current/CurrentThunderbird.h"
+#include "settings/HTML5Manager.h"
+#include "settings/ProfileList.h"
+#include "settings/ProfilesManager.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class CurrentMozillaTest : public CleanerFixture {
+protected:
+    QStringList clean()
+    {
+        return run([&] {
+            CurrentFirefox(context, defaults, procRoot).run();
+            CurrentThunderbird(context, defaults, procRoot).run();
+        });
+    }
+    void makeFolder(const QString& relative) const { QDir().mkpath(home.file(relative)); }
+
+    // The user's processes as /proc lists them: none until a test adds one.
+    const QString procRoot = home.file(u"proc"_s);
+};
+
+} // namespace
+
+TEST_F(CurrentMozillaTest, ProfilesIniListsEveryProfileKeptInsideItsFolder)
+{
+    const QString absolute = home.file(u"elsewhere/ab.profile"_s);
+    for (const QString& folder : {u".config/mozilla/firefox/b2.work,2"_s, u".config/mozilla/firefox/Profiles/a1.esr"_s,
+                                  u"elsewhere/ab.profile"_s, u".config/escaped"_s})
+        makeFolder(folder);
+    home.write(u".config/mozilla/firefox/profiles.ini"_s,
+               "[General]\nStartWithLastProfile=1\n\n"
+               "[Profile1]\nName=work\nIsRelative=1\nPath=b2.work,2\n\n"
+               "[Profile0]\r\nName=esr\r\nIsRelative=1\r\nPath=Profiles/a1.esr\r\n\r\n"
+               "[Profile2]\nName=absolute\nIsRelative=0\nPath=" +
+                   QFile::encodeName(absolute) +
+                   "\n\n"
+                   "[Profile3]\nName=escape\nIsRelative=1\nPath=../../escaped\n\n"
+                   "[Profile4]\nName=gone\nIsRelative=1\nPath=never.made\n\n"
+                   "[Install4F96D1932A9F858E]\nDefault=b2.work,2\n");
+    // A second location naming the same folder by its absolute path lists it once.
+    home.write(u".mozilla/firefox/profiles.ini"_s,
+               "[Profile0]\nIsRelative=0\nPath=" + QFile::encodeName(absolute) + "\n");
+
+    const QString firefox = home.file(u".config/mozilla/firefox"_s);
+    const QString cache = home.file(u".cache/mozilla/firefox"_s);
+    const QList<MozillaProfile> expected{{firefox + u"/b2.work,2"_s, cache + u"/b2.work,2"_s},
+                                         {firefox + u"/Profiles/a1.esr"_s, cache + u"/Profiles/a1.esr"_s},
+                                         {absolute, absolute}};
+    EXPECT_EQ(ProfileList::listed(firefox, cache), expected);
+    EXPECT_EQ(ProfileList::current(WatchedApp::firefox), expected);
+    EXPECT_TRUE(ProfileList::current(WatchedApp::thunderbird).isEmpty());
+    EXPECT_TRUE(ProfileList::listed(home.file(u".mozilla"_s), cache).isEmpty());
+}
+
+TEST_F(CurrentMozillaTest, EachSettingTakesItsFilesOfTheProfilesNotInUse)
+{
+    const QString firefox = home.file(u".config/mozilla/firefox/ab.default-esr"_s);
+    const QString cache = home.file(u".cache/mozilla/firefox/ab.default-esr"_s);
+    home.write(u".config/mozilla/firefox/profiles.ini"_s, "[Profile0]\nIsRelative=1\nPath=ab.default-esr\n\n"
+                                                          "[Profile1]\nIsRelative=1\nPath=cd.open\n");
+    for (const QString& name :
+         {u"sessionstore.jsonlz4"_s, u"sessionstore-backups/recovery.jsonlz4"_s, u"logins.json"_s, u"key4.db"_s,
+          u"cert9.db"_s, u"storage/default/https+++www.example.com/ls/data.sqlite"_s,
+          u"storage/default/http+++mail.kept.org+8080/ls/data.sqlite"_s,
+          u"storage/default/moz-extension+++0a1b/idb/1.sqlite"_s})
+        home.write(u".config/mozilla/firefox/ab.default-esr/"_s + name, "data");
+    home.write(u".cache/mozilla/firefox/ab.default-esr/cache2/entries/0A1B"_s, "cached");
+    makeFolder(u".config/mozilla/firefox/cd.open"_s);
+    // Left by a browser that still runs: this test process.
+    QFile::link(u"127.0.0.1:+%1"_s.arg(::getpid()), home.file(u".config/mozilla/firefox/cd.open/lock"_s));
+    const QString inUse =
+        u"Skip: %1 (in use: its lock is held by process %2)"_s.arg(home.file(u".config/mozilla/firefox/cd.open"_s))
+            .arg(::getpid());
+
+    const QString thunderbird = home.file(u".thunderbird/tb.default-default"_s);
+    home.write(u".thunderbird/profiles.ini"_s, "[Profile0]\nIsRelative=1\nPath=tb.default-default\n");
+    for (const QString& name :
+         {u"Mail/Local Folders/Trash"_s, u"Mail/Local Folders/Trash.msf"_s, u"Mail/Local Folders/Junk"_s,
+          u"Mail/Local Folders/Inbox"_s, u"ImapMail/imap.example.com/Trash/cur/1.eml"_s,
+          u"ImapMail/imap.example.com/Trash/new/2.eml"_s, u"ImapMail/imap.example.com/INBOX/cur/3.eml"_s})
+        home.write(u".thunderbird/tb.default-default/"_s + name, "mail");
+    home.write(u".cache/thunderbird/tb.default-default/cache2/entries/4C5D"_s, "cached");
+
+    ProfilesManager profiles(defaults);
+    profiles.populateProfilesMenu(); // a fresh settings store selects every profile
+    HTML5Manager& html5 = HTML5Manager::createSharedInstance();
+    html5.addDomain();
+    html5.setDomain(0, u"kept.org"_s);
+    html5.setEnabled();
+    setAllKeys(true);
+
+    const QString imap = thunderbird + u"/ImapMail/imap.example.com/Trash"_s;
+    const QString local = thunderbird + u"/Mail/Local Folders/"_s;
+    const QStringList erased{cache + u"/cache2"_s,
+                             firefox + u"/sessionstore.jsonlz4"_s,
+                             firefox + u"/sessionstore-backups"_s,
+                             firefox + u"/logins.json"_s,
+                             firefox + u"/storage/default/https+++www.example.com"_s,
+                             local + u"Trash"_s,
+                             local + u"Trash.msf"_s,
+                             local + u"Junk"_s,
+                             imap + u"/cur/1.eml"_s,
+                             imap + u"/new/2.eml"_s,
+                             home.file(u".cache/thunderbird/tb.default-default/cache2"_s)};
+    QStringList expected{u"Firefox (current versions)"_s, firefox};
+    for (const QString& path : erased.mid(0, 5))
+        expected.append(u"Shred: "_s + path);
+    expected << QString() << inUse << QString() << u"Thunderbird (current versions)"_s << thunderbird;
+    for (const QString& path : erased.mid(5))
+        expected.append(u"Shred: "_s + path);
+    expected << QString() << QString();
+    EXPECT_EQ(clean(), expected);
+    EXPECT_EQ(paths, erased);
+    EXPECT_EQ(touches, QStringList{local + u"Junk"_s}); // the junk mailbox comes back empty
+
+    // Settings off, or the profile left out of the Profiles menu: nothing is queued.
+    queue.takePaths();
+    setAllKeys(false);
+    html5.setEnabled();
+    const QStringList off = clean();
+    EXPECT_TRUE(off.contains(u"Skip: "_s + firefox + u"/logins.json"_s)) << off.join(u'\n').toStdString();
+    EXPECT_TRUE(off.contains(u"Skip: "_s + local + u"Junk"_s));
+    EXPECT_TRUE(paths.isEmpty()) << paths.join(u'\n').toStdString();
+    const ProfilesManager::Menu& menu = profiles.menus()[ProfilesManager::Firefox];
+    ASSERT_EQ(menu.titles.value(1), firefox);
+    profiles.doProfileMenuItem(ProfilesManager::Firefox, 1);
+    // Thunderbird runs (its process name or its command's file name says so).
+    home.write(u"proc/4242/comm"_s, "GeckoMain\n");
+    home.write(u"proc/4242/cmdline"_s, QByteArray("/usr/lib/thunderbird/thunderbird\0--name\0", 40));
+    setAllKeys(true);
+    EXPECT_EQ(clean(), (QStringList{u"Firefox (current versions)"_s,
+                                    u"Skip: %1 (not selected in the Profiles menu)"_s.arg(firefox), inUse, QString(),
+                                    u"Thunderbird (current versions)"_s,
+                                    u"Skip: %1 (in use: thunderbird is running)"_s.arg(thunderbird), QString()}));
+    EXPECT_TRUE(paths.isEmpty());
+}
+
+TEST_F(CurrentMozillaTest, AHomeWithoutTodaysProfilesGetsNoLine)
+{
+    makeFolder(u"Library/Application Support/Firefox/Profiles/ab12cd34.default"_s);
+    home.write(u"proc/4242/comm"_s, "firefox-esr\n");
+    makeFolder(u".mozilla/firefox/ab12cd34.default"_s);
+    home.write(u".thunderbird/profiles.ini"_s, "[Profile0]\nIsRelative=1\nPath=never.made\n");
+    setAllKeys(true);
+    EXPECT_EQ(clean(), QStringList());
+    EXPECT_TRUE(paths.isEmpty());
+}
