@@ -47,8 +47,9 @@ struct ControllerServices {
 // finding thread that calls every cleaner, the shredding thread that erases).
 //
 // Lives on the main thread. The finding and shredding threads touch the view
-// only through the main thread. Shared flags are atomic; the run's stages never
-// overlap, which is what keeps the path lists safe without locks.
+// only through the main thread. Shared flags are atomic. The path lists and the
+// plan pass from the finding thread through the main thread to the shredding
+// thread, and the front ends read them, so mListsMutex guards them.
 class Controller : public QObject {
     Q_OBJECT
 
@@ -144,6 +145,7 @@ private:
     std::atomic<bool> mTarnholdTimerOn{false};
     std::atomic<qint16> tarnholdWasRunning{0};
 
+    // Guards mPathArray, mTouchArray, mFoundPaths and mPlan.
     mutable std::mutex mListsMutex;
     // The custom-process status, shared with the custom-process manager through notifications.
     mutable std::mutex mStatusMutex;
