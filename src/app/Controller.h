@@ -2,6 +2,7 @@
 
 #include "app/RunLock.h"
 #include "app/RunReport.h"
+#include "cleaners/CleanerModels.h"
 #include "core/ApplicationFlags.h"
 
 #include <QElapsedTimer>
@@ -23,6 +24,7 @@ class CommandRunner;
 class ControllerView;
 class FileAccess;
 class Preferences;
+class ProfilesManager;
 class SessionEnd;
 class UserDefaults;
 
@@ -40,6 +42,9 @@ struct ControllerServices {
     // lines go to dryRunLog instead of the log file.
     bool dryRun = false;
     FILE* dryRunLog = nullptr;
+    // The other settings objects; the run leaves out what a missing one would add.
+    CleanerModels models{};
+    ProfilesManager* profiles = nullptr;
 };
 
 // The application's controller: start-up, the settings timer, the watch, and

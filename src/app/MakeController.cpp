@@ -5,6 +5,7 @@
 #include "core/Bundle.h"
 #include "platform/ApplicationQuitter.h"
 #include "platform/SessionEnd.h"
+#include "watch/CustomShred.h"
 
 #include <QThread>
 
@@ -25,7 +26,17 @@ ControllerPlatform SystemPlatform::controllerPlatform()
 std::unique_ptr<Controller> makeController(const ApplicationModels& models, ControllerView& view,
                                            const ControllerPlatform& platform, bool dryRun, FILE* dryRunLog)
 {
-    return std::make_unique<Controller>(ControllerServices{models.preferences, models.defaults, view, platform.quitter,
-                                                           platform.sessionEnd, platform.runner, platform.bundle,
-                                                           platform.sleepMilliseconds, dryRun, dryRunLog});
+    ControllerServices services{models.preferences,
+                                models.defaults,
+                                view,
+                                platform.quitter,
+                                platform.sessionEnd,
+                                platform.runner,
+                                platform.bundle,
+                                platform.sleepMilliseconds,
+                                dryRun,
+                                dryRunLog};
+    services.models = {&models.html5, &models.plugins, &models.customShred};
+    services.profiles = &models.profiles;
+    return std::make_unique<Controller>(std::move(services));
 }
