@@ -9,20 +9,29 @@
 #include "settings/UserDefaults.h"
 #include "watch/CustomShred.h"
 
-namespace ApplicationModels {
-
-void create(bool dryRun, std::unique_ptr<LoginItem> loginItem)
+ApplicationModels ApplicationModels::create(bool dryRun, std::unique_ptr<LoginItem> loginItem)
 {
     UserDefaults& defaults = UserDefaults::standardUserDefaults();
     if (dryRun)
         defaults.setReadOnly();
     if (dryRun || !loginItem)
         loginItem = std::make_unique<UnchangedLoginItem>();
-    Preferences::createSharedInstance(defaults, std::move(loginItem));
-    HTML5Manager::createSharedInstance();
-    ProfilesManager::createSharedInstance();
-    PluginManager::createSharedInstance();
-    CustomShred::createSharedInstance();
+    return {defaults,
+            Preferences::createSharedInstance(defaults, std::move(loginItem)),
+            HTML5Manager::createSharedInstance(),
+            ProfilesManager::createSharedInstance(),
+            PluginManager::createSharedInstance(),
+            CustomShred::createSharedInstance()};
 }
 
-} // namespace ApplicationModels
+ApplicationModels ApplicationModels::shared()
+{
+    UserDefaults& defaults = UserDefaults::standardUserDefaults();
+    Preferences& preferences = Preferences::sharedInstance();
+    return {defaults,
+            preferences,
+            *HTML5Manager::sharedInstance(),
+            *ProfilesManager::sharedInstance(),
+            *PluginManager::sharedInstance(),
+            *CustomShred::sharedInstance()};
+}

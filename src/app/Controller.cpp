@@ -15,7 +15,6 @@
 #include "settings/PreferenceKeys.h"
 #include "settings/Preferences.h"
 #include "settings/ProfilesManager.h"
-#include "watch/CustomShred.h"
 
 #include <QDir>
 #include <QFile>
@@ -151,8 +150,8 @@ void Controller::applicationDidFinishLaunching(bool startTimers)
         startWatchTimer();
     }
 
-    if (ProfilesManager* profiles = ProfilesManager::sharedInstance())
-        profiles->populateProfilesMenu();
+    if (mServices.profiles)
+        mServices.profiles->populateProfilesMenu();
 
     mIsRunning.setAll(0);
     mWasRunning.setAll(1);
@@ -385,7 +384,7 @@ void Controller::callCleaners()
 {
     EraseQueue queue(mServices.preferences, dryRun());
     QVariantMap status = customStatus();
-    CleanerContext context(queue, mIsRunning, status, mServices.preferences, dryRun(), CustomShred::sharedInstance());
+    CleanerContext context(queue, mIsRunning, status, mServices.preferences, dryRun(), mServices.models);
     quint8 logoutShutdownRestart = mLogoutShutdownRestart;
     CleanerDispatch(context, mServices.defaults, mServices.runner).run(mCustomIsRunning, logoutShutdownRestart);
     mLogoutShutdownRestart = logoutShutdownRestart;
@@ -538,5 +537,5 @@ Controller::TerminateReply Controller::applicationShouldTerminate()
 
 void Controller::applicationWillTerminate()
 {
-    Preferences::saveDefaults();
+    mServices.preferences.savePreferencesToDefaults(mServices.preferences.preferences());
 }

@@ -2,6 +2,7 @@
 
 #include "app/RunLock.h"
 #include "app/RunReport.h"
+#include "cleaners/CleanerModels.h"
 #include "core/ApplicationFlags.h"
 
 #include <QElapsedTimer>
@@ -23,6 +24,7 @@ class CommandRunner;
 class ControllerView;
 class FileAccess;
 class Preferences;
+class ProfilesManager;
 class SessionEnd;
 class UserDefaults;
 
@@ -40,6 +42,9 @@ struct ControllerServices {
     // lines go to dryRunLog instead of the log file.
     bool dryRun = false;
     FILE* dryRunLog = nullptr;
+    // The other settings objects; the run leaves out what a missing one would add.
+    CleanerModels models{};
+    ProfilesManager* profiles = nullptr;
 };
 
 // The application's controller: start-up, the settings timer, the watch, and
@@ -47,8 +52,9 @@ struct ControllerServices {
 // finding thread that calls every cleaner, the shredding thread that erases).
 //
 // Lives on the main thread. The finding and shredding threads touch the view
-// only through the main thread. Shared flags are atomic; the run's stages never
-// overlap, which is what keeps the path lists safe without locks.
+// only through the main thread. Shared flags are atomic. The path lists and the
+// plan pass from the finding thread through the main thread to the shredding
+// thread, and the front ends read them, so mListsMutex guards them.
 class Controller : public QObject {
     Q_OBJECT
 
@@ -144,6 +150,7 @@ private:
     std::atomic<bool> mTarnholdTimerOn{false};
     std::atomic<qint16> tarnholdWasRunning{0};
 
+    // Guards mPathArray, mTouchArray, mFoundPaths and mPlan.
     mutable std::mutex mListsMutex;
     // The custom-process status, shared with the custom-process manager through notifications.
     mutable std::mutex mStatusMutex;

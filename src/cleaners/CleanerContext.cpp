@@ -8,13 +8,13 @@
 using namespace Qt::StringLiterals;
 
 CleanerContext::CleanerContext(EraseQueue& queue, const ApplicationFlags& isRunning, QVariantMap& customStatus,
-                               Preferences& preferences, bool dryRunOnly, CustomPathSource* customPaths)
+                               Preferences& preferences, bool dryRunOnly, CleanerModels settingsModels)
     : mIsRunning(isRunning)
     , mCustomShredTHStatus(customStatus)
     , preferencesInstance(preferences)
     , dryRun(dryRunOnly)
+    , models(settingsModels)
     , mQueue(queue)
-    , mCustomPaths(customPaths)
 {
 }
 

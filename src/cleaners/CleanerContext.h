@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cleaners/CleanerModels.h"
 #include "cleaners/SqliteShell.h"
 
 #include <QLatin1StringView>
@@ -10,7 +11,6 @@
 #include <functional>
 
 class ApplicationFlags;
-class CustomPathSource;
 class EraseQueue;
 class Preferences;
 
@@ -26,13 +26,14 @@ class Preferences;
 class CleanerContext {
 public:
     CleanerContext(EraseQueue& queue, const ApplicationFlags& isRunning, QVariantMap& customStatus,
-                   Preferences& preferences, bool dryRun = false, CustomPathSource* customPaths = nullptr);
+                   Preferences& preferences, bool dryRun = false, CleanerModels models = {});
 
     const ApplicationFlags& mIsRunning;
     QVariantMap& mCustomShredTHStatus;
     Preferences& preferencesInstance;
     // A dry run changes no file: it only says what a run would do.
     const bool dryRun;
+    CleanerModels models;
 
     // The current value of a boolean setting.
     bool setting(QLatin1StringView key) const;
@@ -59,8 +60,6 @@ public:
     void queueLeftover(const QString& fullPath);
     // What the run erases and re-creates, and where rewrites leave their old files.
     EraseQueue& eraseQueue() const { return mQueue; }
-    // The custom processes' paths, when the run has any.
-    CustomPathSource* customPaths() const { return mCustomPaths; }
 
     // The shell through which browser databases are read and rebuilt.
     const SqliteShell& sqliteShell() const { return mSqliteShell; }
@@ -71,7 +70,6 @@ public:
 
 private:
     EraseQueue& mQueue;
-    CustomPathSource* mCustomPaths;
     std::function<bool(const QString&)> mIsEnabled;
     SqliteShell mSqliteShell;
 };

@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 void shredHtml5Storage(CleanerContext& context, const Html5Storage& storage)
 {
-    const HTML5Manager* manager = HTML5Manager::sharedInstance();
+    const HTML5Manager* manager = context.models.html5;
     if (!manager) {
         context.log(u"Could not get HTML5Manager sharedInstance.  HTML5 shredding skipped."_s);
         return;

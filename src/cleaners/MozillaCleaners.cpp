@@ -291,7 +291,7 @@ void MozillaCleaners::Firefox30Flock25SeaMonkey20(const QString& name, const QSt
 
 void MozillaCleaners::placesProfile(const Path& profile)
 {
-    const HTML5Manager* html5 = HTML5Manager::sharedInstance();
+    const HTML5Manager* html5 = mContext.models.html5;
     if (html5 && html5->getEnabledState() == 1) {
         const QString store = (profile / u"webappsstore.sqlite"_s).toString();
         mContext.log(u"Shred:"_s);

@@ -74,7 +74,7 @@ void SimpleCleaners::Opera110()
 void SimpleCleaners::PluginsCache()
 {
     mContext.header(u"Plugin Cache"_s);
-    if (const PluginManager* manager = PluginManager::sharedInstance()) {
+    if (const PluginManager* manager = mContext.models.plugins) {
         mContext.log(u"Shred:"_s);
         for (const QString& path : manager->enabledPluginPaths()) {
             mContext.queue(path);
@@ -94,7 +94,7 @@ void SimpleCleaners::CustomFiles()
         if (it.value().toMap().value(u"isrunning"_s).toLongLong() != 0)
             continue;
         mContext.log(it.key());
-        if (CustomPathSource* source = mContext.customPaths())
+        if (CustomPathSource* source = mContext.models.customPaths)
             source->handOverPaths(it.key(), mContext.eraseQueue());
         mContext.endCleaner();
     }

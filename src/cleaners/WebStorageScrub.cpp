@@ -170,9 +170,8 @@ QString sqlText(QString text)
     return text.replace(u'\'', u"''"_s);
 }
 
-QStringList keepList(bool reversed)
+QStringList keepList(const HTML5Manager* manager, bool reversed)
 {
-    const HTML5Manager* manager = HTML5Manager::sharedInstance();
     return manager ? manager->getDomainTableData(reversed) : QStringList();
 }
 
@@ -192,11 +191,11 @@ QString WebStorageScrub::domainQuery(const QString& table, const QString& column
 QString WebStorageScrub::firefox3webappsstoresqlite(const QString& path)
 {
     return Rebuild(mContext, mShell, kFirefoxStore, path)
-        .run(true, {kFirefoxOlderKey, kFirefoxKey}, [](const Copy& copy, const QString& workDigest) {
+        .run(true, {kFirefoxOlderKey, kFirefoxKey}, [this](const Copy& copy, const QString& workDigest) {
             // The store keys its rows by the reversed host name. Whatever the
             // schema, the rows go to the table "webappsstore2", and the older
             // digest is paired with the query on "webappsstore".
-            for (const QString& domain : keepList(true)) {
+            for (const QString& domain : keepList(mContext.models.html5, true)) {
                 const QString query =
                     workDigest == kFirefoxOlderKey
                         ? u"select webappsstore.* from webappsstore where webappsstore.domain like '%%1%';"_s
@@ -209,8 +208,8 @@ QString WebStorageScrub::firefox3webappsstoresqlite(const QString& path)
 QString WebStorageScrub::safari5databasessqlite(const QString& path, const QString& schemaMD5)
 {
     return Rebuild(mContext, mShell, kDatabasesStore, path)
-        .run(true, {schemaMD5}, [](const Copy& copy, const QString&) {
-            for (const QString& domain : keepList(false)) {
+        .run(true, {schemaMD5}, [this](const Copy& copy, const QString&) {
+            for (const QString& domain : keepList(mContext.models.html5, false)) {
                 copy(u"Databases"_s, domainQuery(u"Databases"_s, u"Origin"_s, domain));
                 copy(u"Origins"_s, domainQuery(u"Origins"_s, u"origin"_s, domain));
             }
@@ -221,9 +220,9 @@ QString WebStorageScrub::safari5storagetrackersqlite(const QString& path, const 
 {
     // The caller has made sure the tracker exists.
     return Rebuild(mContext, mShell, kDatabasesStore, path)
-        .run(false, {schemaMD5}, [](const Copy& copy, const QString&) {
+        .run(false, {schemaMD5}, [this](const Copy& copy, const QString&) {
             // Safari's own resource origins always stay.
-            QStringList kept = keepList(false);
+            QStringList kept = keepList(mContext.models.html5, false);
             kept.append(u"safari-resource"_s);
             for (const QString& domain : kept)
                 copy(u"Origins"_s, domainQuery(u"Origins"_s, u"origin"_s, domain));
@@ -245,9 +244,9 @@ QString WebStorageScrub::rebuildDatabasesFile(const QString& path, const QString
                                               const QStringList& fixedOrigins)
 {
     return Rebuild(mContext, mShell, kDatabasesStore, path)
-        .run(true, {schemaMD5}, [&fixedOrigins](const Copy& copy, const QString&) {
+        .run(true, {schemaMD5}, [this, &fixedOrigins](const Copy& copy, const QString&) {
             copy(u"meta"_s, u"select * from meta;"_s);
-            for (const QString& origin : keepList(false) + fixedOrigins) {
+            for (const QString& origin : keepList(mContext.models.html5, false) + fixedOrigins) {
                 copy(u"Databases"_s, domainQuery(u"Databases"_s, u"origin"_s, origin));
                 // Chrome's quota rows go to the table "Origins".
                 copy(u"Origins"_s, domainQuery(u"Quota"_s, u"origin"_s, origin));

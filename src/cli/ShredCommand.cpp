@@ -2,24 +2,18 @@
 
 #include "app/ApplicationModels.h"
 #include "app/Controller.h"
+#include "app/MakeController.h"
 #include "cli/DamagedSettings.h"
 #include "cli/InterruptWatcher.h"
 #include "cli/PlanOutput.h"
 #include "cli/RunLockMessages.h"
 #include "cli/RunTiming.h"
 #include "cli/TerminalView.h"
-#include "core/Bundle.h"
-#include "core/ChildProcess.h"
 #include "log/ActivityLog.h"
-#include "platform/SessionEnd.h"
-#include "platform/linux/ProcApplicationQuitter.h"
-#include "settings/Preferences.h"
-#include "settings/UserDefaults.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QFile>
-#include <QThread>
 
 #include <CLI/CLI.hpp>
 
@@ -76,17 +70,14 @@ int shred(const ShredOptions& options)
 {
     if (const SettingsDamage::Report damage = SettingsDamage::found(); damage.isDamaged())
         return DamagedSettings::refuseRun(damage, !options.dryRun);
-    ApplicationModels::create(options.dryRun);
+    const ApplicationModels models = ApplicationModels::create(options.dryRun);
     // A dry run changes nothing: there is nothing to confirm.
     TerminalView view({options.yes || options.dryRun, !options.quiet, false, false});
     MemoryLog dryRunLog;
-    ProcApplicationQuitter quitter;
-    const std::unique_ptr<SessionEnd> sessionEnd = createPlatformSessionEnd();
-    SystemCommandRunner runner;
-    Controller controller({Preferences::sharedInstance(), UserDefaults::standardUserDefaults(), view, quitter,
-                           *sessionEnd, runner, Bundle::mainBundle(),
-                           [](int milliseconds) { QThread::msleep(ulong(milliseconds)); }, options.dryRun,
-                           options.verbose ? dryRunLog.stream() : nullptr});
+    SystemPlatform system;
+    const std::unique_ptr<Controller> composed = makeController(
+        models, view, system.controllerPlatform(), options.dryRun, options.verbose ? dryRunLog.stream() : nullptr);
+    Controller& controller = *composed;
     controller.applicationDidFinishLaunching(false);
     controller.setWaitForOtherRun(options.wait);
     bool refused = false;

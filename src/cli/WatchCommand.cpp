@@ -2,20 +2,15 @@
 
 #include "app/ApplicationModels.h"
 #include "app/Controller.h"
+#include "app/MakeController.h"
 #include "cli/DamagedSettings.h"
 #include "cli/InterruptWatcher.h"
 #include "cli/RunLockMessages.h"
 #include "cli/TerminalView.h"
-#include "core/Bundle.h"
-#include "core/ChildProcess.h"
-#include "platform/SessionEnd.h"
-#include "platform/linux/ProcApplicationQuitter.h"
 #include "settings/PreferenceKeys.h"
 #include "settings/Preferences.h"
-#include "settings/UserDefaults.h"
 
 #include <QEventLoop>
-#include <QThread>
 
 #include <CLI/CLI.hpp>
 
@@ -35,17 +30,14 @@ int watch(const WatchOptions& options)
         return DamagedSettings::refuseRun(damage);
     if (options.interval <= 0 || options.interval > 3600)
         return refuse(Cli::tr("--interval takes a number of seconds from above 0 to 3600"));
-    ApplicationModels::create(false);
-    if (!Preferences::sharedInstance().valueForKey(PreferenceKey::Tarnhold).toBool())
+    const ApplicationModels models = ApplicationModels::create(false);
+    if (!models.preferences.valueForKey(PreferenceKey::Tarnhold).toBool())
         return refuse(Cli::tr("the Tarnhold watch is off (vantle-cli prefs set Tarnhold YES turns it on)"));
 
     TerminalView view({options.yes, true, true, options.verbose});
-    ProcApplicationQuitter quitter;
-    const std::unique_ptr<SessionEnd> sessionEnd = createPlatformSessionEnd();
-    SystemCommandRunner runner;
-    Controller controller({Preferences::sharedInstance(), UserDefaults::standardUserDefaults(), view, quitter,
-                           *sessionEnd, runner, Bundle::mainBundle(),
-                           [](int milliseconds) { QThread::msleep(ulong(milliseconds)); }});
+    SystemPlatform system;
+    const std::unique_ptr<Controller> composed = makeController(models, view, system.controllerPlatform());
+    Controller& controller = *composed;
     controller.setWatchInterval(int(options.interval * 1000));
     // The watch's runs wait for another run: none is refused.
     bool refused = false;

@@ -1,6 +1,8 @@
 #include "gui/DesktopApplication.h"
 
+#include "app/ApplicationModels.h"
 #include "app/Controller.h"
+#include "app/MakeController.h"
 #include "app/RunLock.h"
 #include "core/Bundle.h"
 #include "gui/AboutBox.h"
@@ -11,13 +13,9 @@
 #include "gui/QuitSheet.h"
 #include "gui/SettingsWindow.h"
 #include "gui/WatchPanel.h"
-#include "settings/HTML5Manager.h"
-#include "settings/PluginManager.h"
 #include "settings/PreferenceKeys.h"
 #include "settings/Preferences.h"
-#include "settings/ProfilesManager.h"
 #include "settings/SettingsDamage.h"
-#include "settings/UserDefaults.h"
 #include "watch/CustomShred.h"
 
 #include <QAction>
@@ -45,17 +43,14 @@ DesktopApplication::DesktopApplication(DesktopPlatform platform, bool startHidde
     , m_platform(std::move(platform))
     , m_startHidden(startHidden)
 {
-    UserDefaults& defaults = UserDefaults::standardUserDefaults();
-    Preferences& preferences = Preferences::sharedInstance();
-    m_window = std::make_unique<MainWindow>(defaults, m_platform.beep);
-    m_controller = std::make_unique<Controller>(ControllerServices{preferences, defaults, *m_window, m_platform.quitter,
-                                                                   m_platform.sessionEnd, m_platform.runner,
-                                                                   m_platform.bundle, m_platform.sleepMilliseconds});
-    CustomShred& custom = *CustomShred::sharedInstance();
-    m_settings = std::make_unique<SettingsWindow>(SettingsWindow::Models{preferences, *HTML5Manager::sharedInstance(),
-                                                                         *ProfilesManager::sharedInstance(),
-                                                                         *PluginManager::sharedInstance(), custom},
-                                                  m_platform.beep);
+    const ApplicationModels models = ApplicationModels::shared();
+    m_window = std::make_unique<MainWindow>(models.defaults, m_platform.beep);
+    m_controller = makeController(models, *m_window,
+                                  {m_platform.quitter, m_platform.sessionEnd, m_platform.runner, m_platform.bundle,
+                                   m_platform.sleepMilliseconds});
+    m_settings = std::make_unique<SettingsWindow>(
+        SettingsWindow::Models{models.preferences, models.html5, models.profiles, models.plugins, models.customShred},
+        m_platform.beep);
     m_menus = std::make_unique<ApplicationMenus>(*m_window, !kHasDock && m_platform.canHideWindows);
 
     m_preview = std::make_unique<PreviewWindow>(m_window.get());
@@ -102,6 +97,7 @@ DesktopApplication::DesktopApplication(DesktopPlatform platform, bool startHidde
     connect(&menus, &ApplicationMenus::openUrlRequested, this, [this](const QUrl& url) { m_platform.openUrl(url); });
     connect(&menus, &ApplicationMenus::showHideRequested, this, &DesktopApplication::showHideWindow);
 
+    CustomShred& custom = models.customShred;
     const auto showConfigured = [this, &custom] {
         m_window->watchPanel().setCustomConfiguredCount(int(custom.processes().size()));
     };

@@ -1,20 +1,17 @@
 #include "app/ApplicationModels.h"
+#include "app/MakeController.h"
 #include "core/Bundle.h"
-#include "core/ChildProcess.h"
 #include "core/FileSizeSignal.h"
 #include "core/ProcessRandom.h"
 #include "core/Translations.h"
 #include "gui/DesktopApplication.h"
 #include "platform/LoginItem.h"
-#include "platform/SessionEnd.h"
-#include "platform/linux/ProcApplicationQuitter.h"
 #include "settings/UserDefaults.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDesktopServices>
 #include <QSystemTrayIcon>
-#include <QThread>
 #include <QUrl>
 
 #include <cstdio>
@@ -104,18 +101,16 @@ int main(int argc, char* argv[])
     if (!DesktopApplication::acceptDamagedSettings(UserDefaults::defaultFilePath()))
         return 0;
     ApplicationModels::create(false, createPlatformLoginItem());
-    ProcApplicationQuitter quitter;
-    const std::unique_ptr<SessionEnd> sessionEnd = createPlatformSessionEnd();
-    SystemCommandRunner runner;
+    SystemPlatform system;
+    const ControllerPlatform platform = system.controllerPlatform();
 #ifdef Q_OS_MACOS
     const bool canHideWindows = true;
 #else
     const bool canHideWindows = QSystemTrayIcon::isSystemTrayAvailable();
 #endif
-    DesktopApplication desktop({quitter, *sessionEnd, runner, Bundle::mainBundle(),
-                                [](int milliseconds) { QThread::msleep(ulong(milliseconds)); },
-                                [](const QUrl& url) { QDesktopServices::openUrl(url); }, [] { QApplication::beep(); },
-                                [] { QCoreApplication::exit(0); }, canHideWindows},
+    DesktopApplication desktop({platform.quitter, platform.sessionEnd, platform.runner, platform.bundle,
+                                platform.sleepMilliseconds, [](const QUrl& url) { QDesktopServices::openUrl(url); },
+                                [] { QApplication::beep(); }, [] { QCoreApplication::exit(0); }, canHideWindows},
                                options.hidden);
     desktop.start();
     return QApplication::exec();

@@ -1,5 +1,7 @@
 #include "platform/ApplicationQuitter.h"
 
+#include "platform/linux/ProcApplicationQuitter.h"
+
 int quitApplicationsAndWait(ApplicationQuitter& quitter, const std::function<void(int)>& sleepMilliseconds)
 {
     constexpr int kChecks = 50;
@@ -14,4 +16,10 @@ int quitApplicationsAndWait(ApplicationQuitter& quitter, const std::function<voi
         sleepMilliseconds(kPauseMilliseconds);
     }
     return running;
+}
+
+std::unique_ptr<ApplicationQuitter> createPlatformApplicationQuitter()
+{
+    // The only quitter so far: a Mac has no /proc, so there it finds no application to quit.
+    return std::make_unique<ProcApplicationQuitter>();
 }

@@ -64,17 +64,6 @@ QVariant Preferences::objectForKey(const QString& key)
     return sharedInstance().valueForKey(key);
 }
 
-void Preferences::saveDefaults()
-{
-    Preferences* shared = nullptr;
-    {
-        std::lock_guard lock(gSharedMutex);
-        shared = gShared.get();
-    }
-    if (shared)
-        shared->savePreferencesToDefaults(shared->preferences());
-}
-
 const QVariantMap& Preferences::factoryValues()
 {
     static const QVariantMap values = [] {

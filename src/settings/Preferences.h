@@ -35,8 +35,6 @@ public:
 
     // The shared instance's current value of key: bool or qint64, invalid for an unknown key.
     static QVariant objectForKey(const QString& key);
-    // Saves the shared instance's current values, if it exists.
-    static void saveDefaults();
     // Every setting with its factory value.
     static const QVariantMap& factoryValues();
 

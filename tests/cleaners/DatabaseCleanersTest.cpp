@@ -17,7 +17,7 @@ namespace {
 
 class DatabaseCleanersTest : public CleanerFixture {
 protected:
-    DatabaseCleanersTest() { html5 = &HTML5Manager::createSharedInstance(); }
+    DatabaseCleanersTest() { context.models.html5 = html5 = &HTML5Manager::createSharedInstance(); }
 
     void database(const QString& relative, const QString& schemaFile, const QString& rows = QString())
     {
@@ -165,7 +165,7 @@ TEST_F(DatabaseCleanersTest, SafariFiveErasesTheStorageOfSitesNotKept)
     html5->setEnabled();
     EXPECT_EQ(run([&] { safari.Safari50(); }), (QStringList{u"Safari 5.0"_s, u"Skip: ~/Library/Safari/LocalStorage"_s,
                                                             u"Skip: ~/Library/Safari/Databases"_s, QString()}));
-    HTML5Manager::resetSharedInstanceForTesting();
+    context.models.html5 = nullptr;
     EXPECT_EQ(run([&] { safari.Safari50(); }),
               (QStringList{u"Safari 5.0"_s, u"Could not get HTML5Manager sharedInstance.  HTML5 shredding skipped."_s,
                            QString()}));

@@ -209,19 +209,18 @@ TEST_F(SimpleCleanersTest, OperaSeventeenScansOnlyTheTopLevel)
 
 TEST_F(SimpleCleanersTest, PluginCacheTakesTheEnabledPluginPaths)
 {
-    PluginManager::resetSharedInstanceForTesting();
     EXPECT_EQ(
         run([&] { cleaners.PluginsCache(); }),
         (QStringList{u"Plugin Cache"_s, u"Skip: Could not find Plugin Manager.  Cannot find Plugin Cache"_s, u""_s}));
 
-    PluginManager& manager = PluginManager::createSharedInstance();
+    const PluginManager manager(defaults, PluginManager::loadDefaultList());
+    context.models.plugins = &manager;
     const QStringList expected = manager.enabledPluginPaths();
     ASSERT_FALSE(expected.isEmpty());
     setAllKeys(false); // no key decides it
     const QStringList lines = run([&] { cleaners.PluginsCache(); });
     EXPECT_EQ(lines, (QStringList{u"Plugin Cache"_s, u"Shred:"_s} + expected + QStringList{u""_s}));
     EXPECT_EQ(paths, expected);
-    PluginManager::resetSharedInstanceForTesting();
 }
 
 TEST_F(SimpleCleanersTest, CustomProcessesThatStoppedHandTheirPathsOver)
@@ -237,9 +236,8 @@ TEST_F(SimpleCleanersTest, CustomProcessesThatStoppedHandTheirPathsOver)
             queue.erase(u"/tmp/from "_s + process);
         }
     } source;
-    CleanerContext withSource(queue, isRunning, customStatus, preferences, false, &source);
-    SimpleCleaners custom(withSource);
-    const QStringList lines = run([&] { custom.CustomFiles(); });
+    context.models.customPaths = &source;
+    const QStringList lines = run([&] { cleaners.CustomFiles(); });
 
     EXPECT_EQ(lines, (QStringList{u"Custom Processes"_s, u"/Applications/Editor.app/Contents/MacOS/Editor"_s, u""_s,
                                   u"/usr/local/bin/tool"_s, u""_s, u""_s}));

@@ -18,7 +18,7 @@ const QString kChromeKey = u"a20081a471b51e103a4e364fbcffcb1e"_s;
 
 class WebStorageScrubTest : public CleanerFixture {
 protected:
-    WebStorageScrubTest() { manager = &HTML5Manager::createSharedInstance(); }
+    WebStorageScrubTest() { context.models.html5 = manager = &HTML5Manager::createSharedInstance(); }
 
     void keep(const QStringList& domains)
     {
