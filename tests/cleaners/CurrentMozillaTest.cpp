@@ -96,7 +96,8 @@ TEST_F(CurrentMozillaTest, EachSettingTakesItsFilesOfTheProfilesNotInUse)
 
     ProfilesManager profiles(defaults);
     profiles.populateProfilesMenu(); // a fresh settings store selects every profile
-    HTML5Manager& html5 = HTML5Manager::createSharedInstance();
+    HTML5Manager html5(defaults);
+    context.models.html5 = &html5;
     html5.addDomain();
     html5.setDomain(0, u"kept.org"_s);
     html5.setEnabled();

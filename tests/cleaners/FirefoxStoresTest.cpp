@@ -20,7 +20,7 @@ protected:
         : profile(home.file(u".config/mozilla/firefox/ab12cd34.default-esr"_s))
     {
         QDir().mkpath(profile);
-        html5 = &HTML5Manager::createSharedInstance();
+        context.models.html5 = html5 = &HTML5Manager::createSharedInstance();
     }
 
     // A store made from the browser's schema in write-ahead-log mode, with an
@@ -76,7 +76,7 @@ protected:
         for (const QString& name : QDir(profile).entryList(QDir::Files))
             before.insert(name, bytes(profile + u'/' + name));
         EraseQueue dryQueue(preferences, true);
-        CleanerContext dry(dryQueue, isRunning, customStatus, preferences, true);
+        CleanerContext dry(dryQueue, isRunning, customStatus, preferences, true, context.models);
         EXPECT_TRUE(clean(dry).contains(u"Shred: "_s + path));
         for (const QString& name : QDir(profile).entryList(QDir::Files))
             EXPECT_EQ(bytes(profile + u'/' + name), before.take(name)) << qPrintable(name);

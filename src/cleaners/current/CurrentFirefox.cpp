@@ -64,7 +64,7 @@ void CurrentFirefox::run()
 
 void CurrentFirefox::siteStorage(const QString& profileFolder)
 {
-    const HTML5Manager* html5 = HTML5Manager::sharedInstance();
+    const HTML5Manager* html5 = mContext.models.html5;
     if (!html5)
         return;
     const bool on = html5->getEnabledState() == 1;

@@ -146,9 +146,8 @@ SqliteRecipe recipe(const Settings& settings, std::span<const Row> deletes, std:
 }
 
 // The keep list's substring rule, as the HTML5 storage cleaners apply it.
-SqliteRecipe::Function keptSite()
+SqliteRecipe::Function keptSite(const HTML5Manager* manager)
 {
-    const HTML5Manager* manager = HTML5Manager::sharedInstance();
     return {u"kept_site"_s, [manager](const QString& name) {
                 return QVariant(manager && !name.isEmpty() && manager->keepThisDomain(name) ? 1 : 0);
             }};
@@ -204,18 +203,18 @@ void cleanFirefoxStores(CleanerContext& context, const QString& profileFolder)
     const Settings settings{context.setting(PreferenceKey::ShredHistory),
                             context.setting(PreferenceKey::ShredIEDownloadCache),
                             context.setting(PreferenceKey::shredSafariFavicon)};
-    const HTML5Manager* html5 = HTML5Manager::sharedInstance();
+    const HTML5Manager* html5 = context.models.html5;
     const QString places = profileFolder + u"/places.sqlite"_s;
 
     SqliteRecipe favicons = recipe(settings, kFaviconsDeletes, kFaviconsKept);
     favicons.attachments = {{u"places"_s, places}};
     favicons.functions = {urlHost()};
     SqliteRecipe cookies = recipe(settings, kCookiesDeletes, kCookiesKept);
-    cookies.functions = {keptSite()};
+    cookies.functions = {keptSite(html5)};
     // Nothing of a site not kept may stay.
     cookies.eraseWholeWhen = u"SELECT NOT EXISTS (SELECT 1 FROM moz_cookies WHERE kept_site(host))"_s;
     SqliteRecipe webStorage = recipe(settings, kWebStorageDeletes, kWebStorageKept);
-    webStorage.functions = {keptSite(), reversed()};
+    webStorage.functions = {keptSite(html5), reversed()};
 
     struct Store {
         const char* name;
