@@ -10,8 +10,8 @@ const QList<Entry>& entries()
         {u"CHIM"_s, {u"Camino.app"_s, u"Chimera.app"_s}},
         {u"CSOm"_s, {u"Eudora.app"_s, u"Eudora Application.app"_s}},
         {u"FLKb"_s, {u"Flock.app"_s}},
-        {u"MOZB"_s, {u"Firefox.app"_s}},
-        {u"MOZM"_s, {u"Thunderbird.app"_s}},
+        {u"MOZB"_s, {u"Firefox.app"_s}, {u"firefox"_s, u"firefox-esr"_s, u"firefox-bin"_s}},
+        {u"MOZM"_s, {u"Thunderbird.app"_s}, {u"thunderbird"_s}},
         {u"MOZZ"_s, {u"Mozilla.app"_s, u"SeaMonkey.app"_s, u"Netscape.app"_s}},
         {u"MSIE"_s, {u"Internet Explorer.app"_s}},
         {u"OPRA"_s, {u"Opera.app"_s}},
@@ -27,7 +27,10 @@ const QList<Entry>& entries()
 
 QString signatureForExecutable(const QString& executable)
 {
+    const QString fileName = executable.section(u'/', -1);
     for (const Entry& entry : entries()) {
+        if (entry.programs.contains(fileName))
+            return entry.signature;
         for (const QString& bundle : entry.bundles) {
             const QString inside = bundle + QStringLiteral("/Contents/MacOS/");
             if (executable.contains(u'/' + inside) || executable.startsWith(inside))

@@ -10,12 +10,14 @@ namespace QuitList {
 struct Entry {
     QString signature;
     QList<QString> bundles; // e.g. "Safari.app"
+    // The file names today's Linux packages install it under.
+    QList<QString> programs = {};
 };
 
 const QList<Entry>& entries();
 
 // The signature of the listed application whose bundle holds the executable
-// (".../Safari.app/Contents/MacOS/..."), or a null string.
+// (".../Safari.app/Contents/MacOS/...") or whose Linux program it is, or a null string.
 QString signatureForExecutable(const QString& executable);
 
 } // namespace QuitList

@@ -63,6 +63,9 @@ TEST(QuitList, FindsTheListedBundleAnExecutableRunsFrom)
     EXPECT_TRUE(QuitList::signatureForExecutable(u"/Applications/Postbox.app/Contents/MacOS/postbox"_s).isNull());
     EXPECT_TRUE(QuitList::signatureForExecutable(u"/Backups/Mail.app/Contents/Info.plist"_s).isNull());
     EXPECT_TRUE(QuitList::signatureForExecutable(u"/usr/bin/NotSafari.app"_s).isNull());
+    EXPECT_EQ(QuitList::signatureForExecutable(u"/usr/lib/firefox-esr/firefox-esr"_s), u"MOZB"_s);
+    EXPECT_EQ(QuitList::signatureForExecutable(u"thunderbird"_s), u"MOZM"_s);
+    EXPECT_TRUE(QuitList::signatureForExecutable(u"/usr/bin/firefox-esr-helper"_s).isNull());
     EXPECT_EQ(QuitList::entries().size(), 14);
 }
 
