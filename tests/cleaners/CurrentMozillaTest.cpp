@@ -90,7 +90,8 @@ TEST_F(CurrentMozillaTest, EachSettingTakesItsFilesOfTheProfilesNotInUse)
     for (const QString& name :
          {u"Mail/Local Folders/Trash"_s, u"Mail/Local Folders/Trash.msf"_s, u"Mail/Local Folders/Junk"_s,
           u"Mail/Local Folders/Inbox"_s, u"ImapMail/imap.example.com/Trash/cur/1.eml"_s,
-          u"ImapMail/imap.example.com/Trash/new/2.eml"_s, u"ImapMail/imap.example.com/INBOX/cur/3.eml"_s})
+          u"ImapMail/imap.example.com/Trash/new/2.eml"_s, u"ImapMail/imap.example.com/INBOX/cur/3.eml"_s,
+          u"ImapMail/imap.example.com/[Gmail].sbd/Spam"_s, u"ImapMail/imap.example.com/[Gmail].sbd/All Mail"_s})
         home.write(u".thunderbird/tb.default-default/"_s + name, "mail");
     home.write(u".cache/thunderbird/tb.default-default/cache2/entries/4C5D"_s, "cached");
 
@@ -115,6 +116,7 @@ TEST_F(CurrentMozillaTest, EachSettingTakesItsFilesOfTheProfilesNotInUse)
                              local + u"Junk"_s,
                              imap + u"/cur/1.eml"_s,
                              imap + u"/new/2.eml"_s,
+                             thunderbird + u"/ImapMail/imap.example.com/[Gmail].sbd/Spam"_s,
                              home.file(u".cache/thunderbird/tb.default-default/cache2"_s)};
     QStringList expected{u"Firefox (current versions)"_s, firefox};
     for (const QString& path : erased.mid(0, 5))
@@ -125,7 +127,9 @@ TEST_F(CurrentMozillaTest, EachSettingTakesItsFilesOfTheProfilesNotInUse)
     expected << QString() << QString();
     EXPECT_EQ(clean(), expected);
     EXPECT_EQ(paths, erased);
-    EXPECT_EQ(touches, QStringList{local + u"Junk"_s}); // the junk mailbox comes back empty
+    // The junk mailboxes come back empty.
+    EXPECT_EQ(touches,
+              (QStringList{local + u"Junk"_s, thunderbird + u"/ImapMail/imap.example.com/[Gmail].sbd/Spam"_s}));
 
     // Settings off, or the profile left out of the Profiles menu: nothing is queued.
     queue.takePaths();

@@ -14,18 +14,22 @@ using namespace PreferenceKey;
 
 namespace {
 
-// A mailbox of every account that one setting decides.
+// The mailboxes of every account that one setting decides, by the names
+// Thunderbird and the common servers give them.
 struct Mailbox {
     QLatin1StringView key;
-    QString name;
+    QStringList names;
     // The client expects it: an mbox file is made again, empty, after the run.
     bool remade;
 };
 
 const QList<Mailbox> kMailboxes{
-    {ShredMailTrash, u"Trash"_s, false},
-    {ShredAppleMailJunk, u"Junk"_s, true},
+    {ShredMailTrash, {u"Trash"_s, u"Deleted Messages"_s, u"Deleted Items"_s}, false},
+    {ShredAppleMailJunk, {u"Junk"_s, u"Spam"_s}, true},
 };
+
+// How deep the folders of an account are searched ("[Gmail].sbd/Trash", "INBOX.sbd/Junk").
+constexpr int kFolderDepth = 3;
 
 const QList<ProfileFiles> kCache{
     {ShredMailCache, ProfileFiles::Cache, {u"cache2"_s}},
@@ -60,36 +64,51 @@ void CurrentThunderbird::run()
 bool CurrentThunderbird::mailboxes(const QString& profileFolder)
 {
     bool erased = false;
+    for (const QString& store : {u"/Mail"_s, u"/ImapMail"_s}) {
+        const QString storeFolder = profileFolder + store;
+        for (const QString& account : entries(storeFolder, QDir::Dirs | QDir::NoSymLinks))
+            erased = mailboxesIn(storeFolder + u'/' + account, kFolderDepth) || erased;
+    }
+    return erased;
+}
+
+bool CurrentThunderbird::mailboxesIn(const QString& folder, int depth)
+{
+    bool erased = false;
     const auto take = [&](bool on, const QString& path) {
         mContext.shredOrSkipFullPath(on, path);
         erased = erased || on;
     };
-    for (const QString& store : {u"/Mail"_s, u"/ImapMail"_s}) {
-        const QString storeFolder = profileFolder + store;
-        for (const QString& account : entries(storeFolder, QDir::Dirs | QDir::NoSymLinks)) {
-            const QString accountFolder = storeFolder + u'/' + account;
-            for (const Mailbox& mailbox : kMailboxes) {
-                const bool on = mContext.setting(mailbox.key);
-                const QString path = accountFolder + u'/' + mailbox.name;
-                const QFileInfo info(path);
-                if (info.isFile() && !info.isSymLink()) {
-                    take(on, path);
-                    if (on && mailbox.remade)
-                        mContext.eraseQueue().touch(path);
-                } else if (info.isDir() && !info.isSymLink()) {
-                    // A maildir mailbox keeps its folders: only the messages go.
-                    for (const QString& part : {u"/cur"_s, u"/new"_s}) {
-                        for (const QString& message : entries(path + part, QDir::Files))
-                            take(on, path + part + u'/' + message);
-                    }
-                }
-                // The index and the subfolders (folders deleted into the trash).
-                for (const QString& suffix : {u".msf"_s, u".sbd"_s}) {
-                    const QFileInfo companion(path + suffix);
-                    if (companion.exists() || companion.isSymLink())
-                        take(on, companion.filePath());
+    QStringList taken;
+    for (const Mailbox& mailbox : kMailboxes) {
+        const bool on = mContext.setting(mailbox.key);
+        for (const QString& name : mailbox.names) {
+            const QString path = folder + u'/' + name;
+            const QFileInfo info(path);
+            if (info.isFile() && !info.isSymLink()) {
+                take(on, path);
+                if (on && mailbox.remade)
+                    mContext.eraseQueue().touch(path);
+            } else if (info.isDir() && !info.isSymLink()) {
+                // A maildir mailbox keeps its folders: only the messages go.
+                for (const QString& part : {u"/cur"_s, u"/new"_s}) {
+                    for (const QString& message : entries(path + part, QDir::Files))
+                        take(on, path + part + u'/' + message);
                 }
             }
+            // The index and the subfolders (folders deleted into the trash).
+            for (const QString& suffix : {u".msf"_s, u".sbd"_s}) {
+                const QFileInfo companion(path + suffix);
+                if (companion.exists() || companion.isSymLink())
+                    take(on, companion.filePath());
+            }
+            taken << name + u".sbd"_s;
+        }
+    }
+    if (depth > 1) {
+        for (const QString& sub : entries(folder, QDir::Dirs | QDir::NoSymLinks)) {
+            if (sub.endsWith(u".sbd"_s) && !taken.contains(sub))
+                erased = mailboxesIn(folder + u'/' + sub, depth - 1) || erased;
         }
     }
     return erased;

@@ -21,6 +21,8 @@ private:
     // The trash and junk of each account folder below Mail/ and ImapMail/; true
     // when a mailbox was queued.
     bool mailboxes(const QString& profileFolder);
+    // Those of one account folder and of its subfolders, depth levels down.
+    bool mailboxesIn(const QString& folder, int depth);
 
     CleanerContext& mContext;
     const UserDefaults& mDefaults;
