@@ -123,7 +123,7 @@ TEST_F(RemovalTest, AFileSetAsideThisSecondStillLosesItsNameBeforeItsContents)
     QByteArray overwritten;
     access.setPassObserverForTesting([&](const QByteArray& file, qint64, std::size_t, quint16) { overwritten = file; });
 
-    const QByteArray holding = HoldingFolder::setAside(path(u"Profile/Local State.vantlex"_s));
+    const QByteArray holding = HoldingFolder::setAside(path(u"Profile/Local State.vantlex"_s)).value;
     ASSERT_FALSE(holding.isEmpty());
     access.shredNativePaths({holding});
 
@@ -139,8 +139,8 @@ TEST_F(RemovalTest, PathsWithTheSameParentWithinOneSecondShareAHoldingFolder)
         home.write(u"p/first"_s, "1");
         home.write(u"p/second"_s, "2");
         const std::time_t before = std::time(nullptr);
-        const QByteArray firstHolding = access.moveAndRename(path(u"p/first"_s));
-        const QByteArray secondHolding = access.moveAndRename(path(u"p/second"_s));
+        const QByteArray firstHolding = access.moveAndRename(path(u"p/first"_s)).value;
+        const QByteArray secondHolding = access.moveAndRename(path(u"p/second"_s)).value;
         const bool sameSecond = std::time(nullptr) == before;
         FileTree::removeFileAtPath(firstHolding, access);
         if (!sameSecond)
