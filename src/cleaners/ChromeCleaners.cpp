@@ -5,6 +5,7 @@
 #include "cleaners/JsonPreferenceEdit.h"
 #include "cleaners/WebStorageScrub.h"
 #include "erase/EraseQueue.h"
+#include "log/FailureLog.h"
 #include "settings/HTML5Manager.h"
 #include "settings/PreferenceKeys.h"
 
@@ -49,30 +50,15 @@ void ChromeCleaners::historyEntries(const QString& profile)
 
 void ChromeCleaners::editJsonWithDetails(const QString& file, const QString& key, bool requireKey)
 {
-    using JsonPreferenceEdit::Result;
     mContext.queueLeftover(JsonPreferenceEdit::oldCopyPath(file));
-    switch (JsonPreferenceEdit::removeKey(file, key, requireKey, mContext.dryRun)) {
-    case Result::Done:
-        mContext.log(u"Shred: "_s + file);
-        mContext.eraseQueue().rewrite(file, JsonPreferenceEdit::oldCopyPath(file));
-        mContext.queue(JsonPreferenceEdit::oldCopyPath(file));
-        break;
-    case Result::ReadFailed:
-        mContext.log(u"Skip (Read JSON encoding failed): "_s + file);
-        break;
-    case Result::KeyNotFound:
-        mContext.log(u"Skip (%1 not found): "_s.arg(key) + file);
-        break;
-    case Result::EncodeFailed:
-        mContext.log(u"Skip (Create JSON encoding failed): "_s + file);
-        break;
-    case Result::RenameFailed:
-        mContext.log(u"Skip (Rename old file failed): "_s + file);
-        break;
-    case Result::WriteFailed:
-        mContext.log(u"Skip (Write new file failed): "_s + file);
-        break;
+    const Error error = JsonPreferenceEdit::removeKey(file, key, requireKey, mContext.dryRun);
+    if (!error.ok()) {
+        FailureLog::write(error);
+        return;
     }
+    mContext.log(u"Shred: "_s + file);
+    mContext.eraseQueue().rewrite(file, JsonPreferenceEdit::oldCopyPath(file));
+    mContext.queue(JsonPreferenceEdit::oldCopyPath(file));
 }
 
 void ChromeCleaners::Chrome40()
@@ -107,8 +93,7 @@ void ChromeCleaners::Chrome50()
     if (mContext.setting(ShredHistory)) {
         const QString file = CleanerContext::expandTilde(localState);
         mContext.queueLeftover(JsonPreferenceEdit::oldCopyPath(file));
-        if (JsonPreferenceEdit::removeKey(file, u"StartupDNSPrefetchList"_s, false, mContext.dryRun) ==
-            JsonPreferenceEdit::Result::Done) {
+        if (JsonPreferenceEdit::removeKey(file, u"StartupDNSPrefetchList"_s, false, mContext.dryRun).ok()) {
             mContext.log(u"Shred: "_s + localState);
             mContext.eraseQueue().rewrite(file, JsonPreferenceEdit::oldCopyPath(file));
             mContext.queue(JsonPreferenceEdit::oldCopyPath(file));

@@ -8,36 +8,45 @@
 
 #include <sys/stat.h>
 
+#include <cerrno>
+
 namespace DatabaseFiles {
 
-void eraseWorkDatabase(EraseQueue& queue, const QString& path)
+Error eraseWorkDatabase(EraseQueue& queue, const QString& path)
 {
-    for (const char* suffix : {"", "-journal", "-wal", "-shm"})
-        queue.eraseNow(path + QLatin1StringView(suffix));
+    Error first;
+    for (const char* suffix : {"", "-journal", "-wal", "-shm"}) {
+        const Error error = queue.eraseNow(path + QLatin1StringView(suffix));
+        if (first.ok())
+            first = error;
+    }
+    return first;
 }
 
-bool writeWorkFile(const QString& path, const QByteArray& bytes)
+Error writeWorkFile(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);
-    return file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(bytes) == bytes.size() && file.flush();
+    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(bytes) == bytes.size() && file.flush())
+        return {};
+    // QFile keeps no errno of its own: the one the failed call left.
+    return {Error::Code::WriteFailed, errno, QFile::encodeName(path)};
 }
 
-bool copyTemplate(const QString& templatePath, const QString& workDatabase, const QString& liveDatabase)
+Error copyTemplate(const QString& templatePath, const QString& workDatabase, const QString& liveDatabase)
 {
     QFile::copy(templatePath, workDatabase);
     if (!QFileInfo::exists(workDatabase))
-        return false;
+        return {Error::Code::NotCreated, 0, QFile::encodeName(workDatabase)};
     struct stat live {};
     if (::stat(QFile::encodeName(liveDatabase).constData(), &live) == 0)
         ::chmod(QFile::encodeName(workDatabase).constData(), live.st_mode & 07777);
-    return true;
+    return {};
 }
 
-bool swap(const QString& liveDatabase, const QString& workDatabase, const QString& renamed)
+Error swap(const QString& liveDatabase, const QString& workDatabase, const QString& renamed)
 {
     return FileReplace::withFile(QFile::encodeName(liveDatabase), QFile::encodeName(workDatabase),
-                                 FileReplace::Strategy::KeepOld, QFile::encodeName(renamed))
-        .ok();
+                                 FileReplace::Strategy::KeepOld, QFile::encodeName(renamed));
 }
 
 } // namespace DatabaseFiles

@@ -6,6 +6,7 @@
 #include <sqlite3.h>
 
 DatabaseWriteLock::DatabaseWriteLock(const QString& path)
+    : mPath(path)
 {
     // Another program's unfinished writes: rebuilding now would drop them.
     for (const char* suffix : {"-journal", "-wal"}) {
@@ -26,4 +27,9 @@ DatabaseWriteLock::~DatabaseWriteLock()
     if (mHeld)
         sqlite3_exec(mDatabase, "ROLLBACK", nullptr, nullptr, nullptr);
     sqlite3_close(mDatabase);
+}
+
+Error DatabaseWriteLock::error() const
+{
+    return mInUse ? Error{Error::Code::InUse, 0, QFile::encodeName(mPath)} : Error{};
 }

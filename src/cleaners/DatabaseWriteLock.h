@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/Error.h"
+
 #include <QString>
 
 struct sqlite3;
@@ -8,8 +10,8 @@ struct sqlite3;
 // replaced, so that no other program commits into a file that is about to be
 // swapped out and erased. A database another program is writing (a hot journal
 // or write-ahead log beside it, or a lock that cannot be had at once) is in use,
-// and is left exactly as it is. A file that is no database is not in use: the
-// schema check turns it away.
+// and is left exactly as it is (InUse). A file that is no database is not in
+// use: the schema check turns it away.
 class DatabaseWriteLock {
 public:
     explicit DatabaseWriteLock(const QString& path);
@@ -17,9 +19,11 @@ public:
     DatabaseWriteLock(const DatabaseWriteLock&) = delete;
     DatabaseWriteLock& operator=(const DatabaseWriteLock&) = delete;
 
-    bool isInUse() const { return mInUse; }
+    // InUse, or none when the lock is held or the file is no database.
+    Error error() const;
 
 private:
+    QString mPath;
     sqlite3* mDatabase = nullptr;
     bool mHeld = false;
     bool mInUse = false;

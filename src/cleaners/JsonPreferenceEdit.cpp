@@ -9,6 +9,8 @@
 
 #include <sys/stat.h>
 
+#include <cerrno>
+
 using namespace Qt::StringLiterals;
 
 namespace JsonPreferenceEdit {
@@ -46,41 +48,33 @@ QString oldCopyPath(const QString& file)
     return file + u".vantlex"_s;
 }
 
-Result removeKey(const QString& file, const QString& key, bool requireKey, bool dryRun)
+Error removeKey(const QString& file, const QString& key, bool requireKey, bool dryRun)
 {
+    using Code = Error::Code;
+    const QByteArray nativeFile = QFile::encodeName(file);
     std::optional<Json> object = readObject(file);
     if (!object)
-        return Result::ReadFailed;
+        return {Code::Unreadable, 0, nativeFile};
     const std::string name = key.toStdString();
     if (requireKey && !object->contains(name))
-        return Result::KeyNotFound;
+        return {Code::KeyNotFound, 0, nativeFile, {key.toUtf8()}};
     object->erase(name);
 
     QByteArray text;
     try {
         text = QByteArray::fromStdString(object->dump());
     } catch (const Json::exception&) {
-        return Result::EncodeFailed;
+        return {Code::EncodeFailed, 0, nativeFile};
     }
 
     // A read-only file is replaced all the same (its folder decides), and the new one stays read-only.
     struct stat status {};
-    const QByteArray nativeFile = QFile::encodeName(file);
     if (::stat(nativeFile.constData(), &status) != 0)
-        return Result::ReadFailed;
+        return {Code::Unreadable, errno, nativeFile};
     if (dryRun)
-        return Result::Done;
-
-    const FileReplace::Outcome outcome = FileReplace::withBytes(
-        nativeFile, text, status.st_mode & 07777, FileReplace::Strategy::KeepOld, QFile::encodeName(oldCopyPath(file)));
-    switch (outcome.step) {
-    case FileReplace::Step::None:
-        return Result::Done;
-    case FileReplace::Step::KeepOld:
-        return Result::RenameFailed;
-    default:
-        return Result::WriteFailed;
-    }
+        return {};
+    return FileReplace::withBytes(nativeFile, text, status.st_mode & 07777, FileReplace::Strategy::KeepOld,
+                                  QFile::encodeName(oldCopyPath(file)));
 }
 
 } // namespace JsonPreferenceEdit

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/Error.h"
+
 #include <QString>
 
 // Removes one top-level key from a browser's JSON preference file and keeps the
@@ -8,17 +10,13 @@
 //
 // The file is never missing, whatever happens (FileReplace, keeping the old
 // copy). A file that cannot be read, parsed or rewritten is left exactly as it
-// was.
+// was, and the error says why:
+//  - Unreadable: missing, unreadable, too large or too deep, not UTF-8 JSON, or not an object;
+//  - KeyNotFound (only when the key is required), with the key as the detail;
+//  - EncodeFailed;
+//  - a step of FileReplace: KeepOldFailed (the old copy could not be made),
+//    WriteFailed or PutInPlaceFailed (the original is back in place).
 namespace JsonPreferenceEdit {
-
-enum class Result {
-    Done,
-    ReadFailed,  // missing, unreadable, too large or too deep, not UTF-8 JSON, or not an object
-    KeyNotFound, // only when the key is required
-    EncodeFailed,
-    RenameFailed, // the old copy could not be made (or the file is read-only)
-    WriteFailed,  // the new text could not be written; the original is back in place
-};
 
 // Files larger than this are not browser preferences; they are left alone.
 inline constexpr qint64 kMaximumFileSize = 16 * 1024 * 1024;
@@ -28,6 +26,6 @@ inline constexpr int kMaximumDepth = 512;
 QString oldCopyPath(const QString& file);
 
 // In a dry run every check is made but no file is changed or created.
-Result removeKey(const QString& file, const QString& key, bool requireKey, bool dryRun);
+Error removeKey(const QString& file, const QString& key, bool requireKey, bool dryRun);
 
 } // namespace JsonPreferenceEdit

@@ -3,6 +3,7 @@
 #include "cleaners/CleanerContext.h"
 #include "cleaners/DatabaseFiles.h"
 #include "cleaners/DatabaseWriteLock.h"
+#include "cleaners/RebuildFailure.h"
 #include "cleaners/SchemaDigest.h"
 #include "cleaners/SqliteShell.h"
 #include "core/Bundle.h"
@@ -10,6 +11,7 @@
 #include "settings/PreferenceKeys.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include <array>
@@ -38,6 +40,21 @@ constexpr std::array kKeptTables{
     "moz_annos"_L1,           "moz_items_annos"_L1, "moz_keywords"_L1,
 };
 constexpr std::array kHistoryTables{"moz_historyvisits"_L1, "moz_inputhistory"_L1, "moz_places"_L1};
+
+using Code = Error::Code;
+
+const FailureLog::Wording kWording{
+    {Code::Missing, "Places Database does not exist."},
+    {Code::ShellMissing, "SQLite shell does not exist."},
+    {Code::UnquotableFolder, "Places Database folder name holds a quote or backslash - not rewritten."},
+    {Code::InUse, "Places Database is in use by another program - not rewritten."},
+    {Code::UnknownSchema, "Places Database Schema does not match key:"},
+    // The rebuilt copy's schema is said in the same words.
+    {Code::RebuiltSchemaUnknown, "Places Database Schema does not match key:"},
+    {Code::TemplateMissing, "Places Vacuumed Database does not exist."},
+    {Code::NotCreated, "Places Vantle X Database was not created."},
+    {Code::RowsLost, "Places Vantle X Database lost rows while it was rebuilt - not replaced."},
+};
 
 struct WorkFiles {
     explicit WorkFiles(const QDir& folder)
@@ -71,31 +88,30 @@ bool PlacesScrub::schemaIsKnown(const QString& rawDigest, const QString& compact
            std::find(kCompactDigests.begin(), kCompactDigests.end(), compactDigest) != kCompactDigests.end();
 }
 
-void PlacesScrub::logMismatch(const QString& rawDigest, const QString& compactDigest) const
-{
-    mContext.log(u"Places Database Schema does not match key:"_s);
-    mContext.log(rawDigest);
-    mContext.log(compactDigest);
-}
-
 QString PlacesScrub::firefox3sqlite(const QString& placesFile)
 {
-    const auto fail = [this](const QString& message) {
-        mContext.log(message);
-        mContext.endCleaner();
-        return QString();
-    };
+    const Expected<QString> rebuilt = rebuild(placesFile);
+    if (!rebuilt.ok())
+        RebuildFailure::report(mContext, rebuilt.error, kWording);
+    return rebuilt.value;
+}
+
+Expected<QString> PlacesScrub::rebuild(const QString& placesFile)
+{
+    const QByteArray native = QFile::encodeName(placesFile);
     if (!QFileInfo::exists(placesFile))
-        return fail(u"Places Database does not exist."_s);
+        return Error{Code::Missing, 0, native};
     if (!mShell.exists())
-        return fail(u"SQLite shell does not exist."_s);
+        return Error{Code::ShellMissing, 0, native};
     const QDir folder = QFileInfo(placesFile).absoluteDir();
     if (!SqliteShell::isQuotablePath(folder.path()))
-        return fail(u"Places Database folder name holds a quote or backslash - not rewritten."_s);
+        return Error{Code::UnquotableFolder, 0, native};
     // Held until the new database is in place (a dry run writes nothing, and takes no lock).
     std::optional<DatabaseWriteLock> lock;
-    if (!mContext.dryRun && lock.emplace(placesFile).isInUse())
-        return fail(u"Places Database is in use by another program - not rewritten."_s);
+    if (!mContext.dryRun) {
+        if (const Error inUse = lock.emplace(placesFile).error(); !inUse.ok())
+            return inUse;
+    }
 
     const WorkFiles work(folder);
     if (!mContext.dryRun) {
@@ -106,10 +122,8 @@ QString PlacesScrub::firefox3sqlite(const QString& placesFile)
 
     const QString schema = mShell.schema(placesFile);
     const QString compactDigest = SchemaDigest::compact(schema);
-    if (!schemaIsKnown(SchemaDigest::raw(schema), compactDigest)) {
-        logMismatch(SchemaDigest::raw(schema), compactDigest);
-        return QString();
-    }
+    if (!schemaIsKnown(SchemaDigest::raw(schema), compactDigest))
+        return Error{Code::UnknownSchema, 0, native, {SchemaDigest::raw(schema).toUtf8(), compactDigest.toUtf8()}};
     if (mContext.dryRun) {
         mContext.eraseQueue().rewrite(placesFile, work.renamed);
         return work.renamed;
@@ -118,26 +132,24 @@ QString PlacesScrub::firefox3sqlite(const QString& placesFile)
     DatabaseFiles::writeWorkFile(work.schema, schema.toUtf8());
     const QString templatePath = Bundle::mainBundle().pathForResource(u"placesvacuumed"_s, u"sqlite"_s);
     if (templatePath.isEmpty())
-        return fail(u"Places Vacuumed Database does not exist."_s);
-    if (!DatabaseFiles::copyTemplate(templatePath, work.database, placesFile))
-        return fail(u"Places Vantle X Database was not created."_s);
+        return Error{Code::TemplateMissing, 0, native};
+    if (const Error error = DatabaseFiles::copyTemplate(templatePath, work.database, placesFile); !error.ok())
+        return error;
     mShell.firefox3ExecuteSQL(u".read"_s, work.schema, work.database);
 
     // The compact digest stays the live database's, as the known lists expect.
     const QString workRawDigest = SchemaDigest::raw(mShell.schema(work.database));
-    if (!schemaIsKnown(workRawDigest, compactDigest)) {
-        logMismatch(workRawDigest, compactDigest);
-        return QString();
-    }
+    if (!schemaIsKnown(workRawDigest, compactDigest))
+        return Error{Code::RebuiltSchemaUnknown, 0, native, {workRawDigest.toUtf8(), compactDigest.toUtf8()}};
 
     copyRows(placesFile, work.database, folder.path());
     work.eraseScripts(mContext.eraseQueue());
     if (!keptRowsArrived(placesFile, work.database)) {
         DatabaseFiles::eraseWorkDatabase(mContext.eraseQueue(), work.database);
-        return fail(u"Places Vantle X Database lost rows while it was rebuilt - not replaced."_s);
+        return Error{Code::RowsLost, 0, native};
     }
-    if (!DatabaseFiles::swap(placesFile, work.database, work.renamed))
-        return QString();
+    if (const Error error = DatabaseFiles::swap(placesFile, work.database, work.renamed); !error.ok())
+        return error;
     mContext.eraseQueue().rewrite(placesFile, work.renamed);
     return work.renamed;
 }

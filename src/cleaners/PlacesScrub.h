@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/Error.h"
+
 #include <QString>
 
 class CleanerContext;
@@ -20,8 +22,9 @@ public:
     QString firefox3sqlite(const QString& placesFile);
 
 private:
+    // The renamed path, or why nothing was changed.
+    Expected<QString> rebuild(const QString& placesFile);
     bool schemaIsKnown(const QString& rawDigest, const QString& compactDigest) const;
-    void logMismatch(const QString& rawDigest, const QString& compactDigest) const;
     void copyRows(const QString& live, const QString& work, const QString& folder) const;
     // Every kept table has as many rows in the work database as in the live one.
     bool keptRowsArrived(const QString& live, const QString& work) const;

@@ -13,7 +13,6 @@
 #include <sys/stat.h>
 
 #include <cstdio>
-#include <cstring>
 
 using namespace Qt::StringLiterals;
 
@@ -247,11 +246,10 @@ private:
         if (!stuck.isEmpty())
             return failure(Status::Failed, u"could not move %1 aside"_s.arg(stuck));
         DiskSync::folder(QFile::encodeName(QFileInfo(mPath).absolutePath()));
-        const FileReplace::Outcome outcome =
-            FileReplace::withFile(QFile::encodeName(mPath), QFile::encodeName(mFiles.rewritten),
-                                  FileReplace::Strategy::KeepOld, QFile::encodeName(mFiles.oldCopy));
-        if (!outcome.ok())
-            return failure(Status::Failed, QString::fromLocal8Bit(std::strerror(outcome.error)));
+        const Error replaced = FileReplace::withFile(QFile::encodeName(mPath), QFile::encodeName(mFiles.rewritten),
+                                                     FileReplace::Strategy::KeepOld, QFile::encodeName(mFiles.oldCopy));
+        if (!replaced.ok())
+            return failure(Status::Failed, QString::fromLocal8Bit(replaced.reason()));
         return rewritten();
     }
 

@@ -85,7 +85,7 @@ QString SqliteShell::firefox3ReplicateTable(const QString& table, const QString&
     // Both work files are written anew (the shell's .output truncates); the caller
     // erases them once the rebuild is done.
     const QString script = u".mode insert %1\n.output %2\n%3"_s.arg(table, quoted(destWorkFile), usingQuery);
-    if (!DatabaseFiles::writeWorkFile(sourceWorkFile, script.toUtf8()))
+    if (!DatabaseFiles::writeWorkFile(sourceWorkFile, script.toUtf8()).ok())
         return QString();
     firefox3ExecuteSQL(u".read"_s, sourceWorkFile, sourceDB);
     if (stripQuotes)
@@ -99,7 +99,7 @@ QString SqliteShell::readStatementsInto(const QString& statementsFile, const QSt
     // A statement that fails (a row offered twice) is skipped and the rest go on,
     // inside the transaction just as they would one by one.
     const QString driver = u"PRAGMA synchronous=OFF;\nBEGIN;\n.read %1\nCOMMIT;\n"_s.arg(quoted(statementsFile));
-    if (!DatabaseFiles::writeWorkFile(driverFile, driver.toUtf8()))
+    if (!DatabaseFiles::writeWorkFile(driverFile, driver.toUtf8()).ok())
         return QString();
     return firefox3ExecuteSQL(u".read"_s, driverFile, destDB);
 }

@@ -3,6 +3,7 @@
 #include "cleaners/CleanerContext.h"
 #include "cleaners/DatabaseFiles.h"
 #include "cleaners/DatabaseWriteLock.h"
+#include "cleaners/RebuildFailure.h"
 #include "cleaners/SchemaDigest.h"
 #include "cleaners/SqliteShell.h"
 #include "core/Bundle.h"
@@ -10,6 +11,7 @@
 #include "settings/HTML5Manager.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include <functional>
@@ -22,37 +24,48 @@ namespace {
 const QString kFirefoxOlderKey = u"13f58aaa06c99352d9c0009473659763"_s;
 const QString kFirefoxKey = u"437f2e65e7c5184ca651c805ca3c809f"_s;
 
-// How one kind of store is named: its messages, template and work files.
+using Code = Error::Code;
+
+// What every store says alike.
+const FailureLog::Wording kSharedWording{
+    {Code::ShellMissing, "SQLite shell does not exist."},
+    {Code::UnquotableFolder, "Databases folder name holds a quote or backslash - not rewritten."},
+    {Code::Damaged, "Rebuilt database is damaged - not replaced."},
+};
+
+// How one kind of store is named: its failures, template and work files.
 struct Store {
-    QString missing;
-    QString inUse;
-    QString mismatch;
-    QString templateMissing;
-    QString notCreated;
-    QString workMismatch;
+    FailureLog::Wording wording;
     QString templateName;
     QString work, renamed, schema, source, destination;
 };
 
-const Store kFirefoxStore{u"Webappsstore Database does not exist."_s,
-                          u"Webappsstore Database is in use by another program - not rewritten."_s,
-                          u"Webappsstore Database Schema does not match key:"_s,
-                          u"Webappsstore Vacuumed Database does not exist."_s,
-                          u"Webappsstore Vantle X Database was not created."_s,
-                          u"Webappsstore Vantle X Database Schema does not match key:"_s,
-                          u"webappsstorevacuumed"_s,
-                          u"webappsstore.vantlex.sqlite"_s,
-                          u"webappsstore.renamed.sqlite"_s,
-                          u"webappsstore.vantlex.sql.sqlite"_s,
-                          u"webappsstore.vantlex.src.sqlite"_s,
-                          u"webappsstore.vantlex.dst.sqlite"_s};
+const Store kFirefoxStore{
+    kSharedWording +
+        FailureLog::Wording{
+            {Code::Missing, "Webappsstore Database does not exist."},
+            {Code::InUse, "Webappsstore Database is in use by another program - not rewritten."},
+            {Code::UnknownSchema, "Webappsstore Database Schema does not match key:"},
+            {Code::TemplateMissing, "Webappsstore Vacuumed Database does not exist."},
+            {Code::NotCreated, "Webappsstore Vantle X Database was not created."},
+            {Code::RebuiltSchemaUnknown, "Webappsstore Vantle X Database Schema does not match key:"},
+        },
+    u"webappsstorevacuumed"_s,
+    u"webappsstore.vantlex.sqlite"_s,
+    u"webappsstore.renamed.sqlite"_s,
+    u"webappsstore.vantlex.sql.sqlite"_s,
+    u"webappsstore.vantlex.src.sqlite"_s,
+    u"webappsstore.vantlex.dst.sqlite"_s};
 
-const Store kDatabasesStore{u"Databases file does not exist."_s,
-                            u"Databases file is in use by another program - not rewritten."_s,
-                            u"Databases Database Schema does not match key:"_s,
-                            u"dbfile Vacuumed Database does not exist."_s,
-                            u"dbfile Vantle X Database was not created."_s,
-                            u"dbfile Vantle X Database Schema does not match key:"_s,
+const Store kDatabasesStore{kSharedWording +
+                                FailureLog::Wording{
+                                    {Code::Missing, "Databases file does not exist."},
+                                    {Code::InUse, "Databases file is in use by another program - not rewritten."},
+                                    {Code::UnknownSchema, "Databases Database Schema does not match key:"},
+                                    {Code::TemplateMissing, "dbfile Vacuumed Database does not exist."},
+                                    {Code::NotCreated, "dbfile Vantle X Database was not created."},
+                                    {Code::RebuiltSchemaUnknown, "dbfile Vantle X Database Schema does not match key:"},
+                                },
                             u"dbfilevacuumed"_s,
                             u"vantlex.sqlite"_s,
                             u"renamed.sqlite"_s,
@@ -80,16 +93,27 @@ public:
 
     QString run(bool testExistence, const QStringList& acceptedKeys, const CopyRows& copyRows)
     {
+        const Expected<QString> rebuilt = rebuild(testExistence, acceptedKeys, copyRows);
+        if (!rebuilt.ok())
+            RebuildFailure::report(mContext, rebuilt.error, mStore.wording);
+        return rebuilt.value;
+    }
+
+private:
+    Expected<QString> rebuild(bool testExistence, const QStringList& acceptedKeys, const CopyRows& copyRows)
+    {
         if (testExistence && !QFileInfo::exists(mPath))
-            return fail(mStore.missing);
+            return failure(Code::Missing);
         if (!mShell.exists())
-            return fail(u"SQLite shell does not exist."_s);
+            return failure(Code::ShellMissing);
         if (!SqliteShell::isQuotablePath(mFolder.path()))
-            return fail(u"Databases folder name holds a quote or backslash - not rewritten."_s);
+            return failure(Code::UnquotableFolder);
         // Held until the new database is in place (a dry run writes nothing, and takes no lock).
         std::optional<DatabaseWriteLock> lock;
-        if (!mContext.dryRun && QFileInfo::exists(mPath) && lock.emplace(mPath).isInUse())
-            return fail(mStore.inUse);
+        if (!mContext.dryRun && QFileInfo::exists(mPath)) {
+            if (const Error inUse = lock.emplace(mPath).error(); !inUse.ok())
+                return inUse;
+        }
 
         const QString work = file(mStore.work);
         const QString renamed = file(mStore.renamed);
@@ -102,21 +126,22 @@ public:
         }
 
         const QString schema = mShell.schema(mPath);
-        if (!matches(SchemaDigest::raw(schema), acceptedKeys, mStore.mismatch))
-            return QString();
+        const QString digest = SchemaDigest::raw(schema);
+        if (!acceptedKeys.contains(digest))
+            return failure(Code::UnknownSchema, {digest.toUtf8()});
         if (mContext.dryRun)
             return rewritten(renamed);
 
         DatabaseFiles::writeWorkFile(schemaFile, schema.toUtf8());
         const QString templatePath = Bundle::mainBundle().pathForResource(mStore.templateName, u"sqlite"_s);
         if (templatePath.isEmpty())
-            return fail(mStore.templateMissing);
-        if (!DatabaseFiles::copyTemplate(templatePath, work, mPath))
-            return fail(mStore.notCreated);
+            return failure(Code::TemplateMissing);
+        if (const Error error = DatabaseFiles::copyTemplate(templatePath, work, mPath); !error.ok())
+            return error;
         mShell.firefox3ExecuteSQL(u".read"_s, schemaFile, work);
         const QString workDigest = SchemaDigest::raw(mShell.schema(work));
-        if (!matches(workDigest, acceptedKeys, mStore.workMismatch))
-            return QString();
+        if (!acceptedKeys.contains(workDigest))
+            return failure(Code::RebuiltSchemaUnknown, {workDigest.toUtf8()});
 
         copyRows(
             [&](const QString& table, const QString& query) {
@@ -127,12 +152,13 @@ public:
             mContext.eraseQueue().eraseNow(script);
         if (mShell.firefox3ExecuteSQL(u"PRAGMA quick_check;"_s, work).trimmed() != u"ok"_s) {
             DatabaseFiles::eraseWorkDatabase(mContext.eraseQueue(), work);
-            return fail(u"Rebuilt database is damaged - not replaced."_s);
+            return failure(Code::Damaged);
         }
-        return DatabaseFiles::swap(mPath, work, renamed) ? rewritten(renamed) : QString();
+        if (const Error error = DatabaseFiles::swap(mPath, work, renamed); !error.ok())
+            return error;
+        return rewritten(renamed);
     }
 
-private:
     QString rewritten(const QString& renamed)
     {
         mContext.eraseQueue().rewrite(mPath, renamed);
@@ -140,20 +166,9 @@ private:
     }
     QString file(const QString& name) const { return mFolder.filePath(name); }
 
-    QString fail(const QString& message)
+    Error failure(Code code, const QByteArrayList& detail = {}) const
     {
-        mContext.log(message);
-        mContext.endCleaner();
-        return QString();
-    }
-
-    bool matches(const QString& digest, const QStringList& acceptedKeys, const QString& mismatch)
-    {
-        if (acceptedKeys.contains(digest))
-            return true;
-        mContext.log(mismatch);
-        mContext.log(digest);
-        return false;
+        return {code, 0, QFile::encodeName(mPath), detail};
     }
 
     CleanerContext& mContext;

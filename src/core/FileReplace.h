@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/Error.h"
+
 #include <QByteArray>
 
 #include <sys/types.h>
@@ -13,21 +15,10 @@
 //    same file removes);
 //  - after it, the new file, whole and synced, and with KeepOld the old contents
 //    under the old-copy name, for the erase engine (the next run finds them).
-// On failure the file is as it was and no old copy exists.
+// On failure the file is as it was and no old copy exists; the error names the
+// step that failed (WriteFailed, KeepOldFailed or PutInPlaceFailed), with its
+// errno and the file.
 namespace FileReplace {
-
-// The step that failed, if any, with its errno.
-enum class Step {
-    None,       // the new contents are in place
-    WriteNew,   // writing or syncing the new file
-    KeepOld,    // giving the old contents their other name
-    PutInPlace, // the rename over the file
-};
-struct Outcome {
-    Step step = Step::None;
-    int error = 0;
-    bool ok() const { return step == Step::None; }
-};
 
 enum class Strategy {
     // The old file goes with the rename: files the program owns (its settings,
@@ -40,10 +31,10 @@ enum class Strategy {
 };
 
 // newFile (beside file, on the same file system) takes file's place.
-Outcome withFile(const QByteArray& file, const QByteArray& newFile, Strategy strategy, const QByteArray& oldCopy = {});
+Error withFile(const QByteArray& file, const QByteArray& newFile, Strategy strategy, const QByteArray& oldCopy = {});
 
 // bytes, written to a new file with mode and synced, take file's place.
-Outcome withBytes(const QByteArray& file, const QByteArray& bytes, mode_t mode, Strategy strategy,
-                  const QByteArray& oldCopy = {});
+Error withBytes(const QByteArray& file, const QByteArray& bytes, mode_t mode, Strategy strategy,
+                const QByteArray& oldCopy = {});
 
 } // namespace FileReplace

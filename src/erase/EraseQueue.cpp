@@ -8,6 +8,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
+
 EraseQueue::EraseQueue(Preferences& preferences, bool dryRun)
     : mPreferences(preferences)
     , mDryRun(dryRun)
@@ -51,29 +53,32 @@ bool EraseQueue::setAside(const QString& path)
     struct stat status {};
     if (::lstat(native.constData(), &status) != 0 || !S_ISREG(status.st_mode) || status.st_nlink > 1)
         return false;
-    const QByteArray holding = HoldingFolder::setAside(native);
-    if (holding.isEmpty())
+    const Expected<QByteArray> holding = HoldingFolder::setAside(native);
+    if (!holding.ok())
         return false;
-    erase(QFile::decodeName(holding));
+    erase(QFile::decodeName(holding.value));
     return true;
 }
 
-void EraseQueue::eraseNow(const QString& path)
+Error EraseQueue::eraseNow(const QString& path)
 {
     if (mDryRun)
-        return;
+        return {};
     const QByteArray native = QFile::encodeName(path);
     struct stat status {};
     if (::lstat(native.constData(), &status) != 0)
-        return;
+        return {};
+    Error overwritten;
     if (S_ISREG(status.st_mode) && status.st_nlink == 1) {
         if (!mEngine)
             mEngine = std::make_unique<FileAccess>(mPreferences);
         if ((status.st_mode & S_IWUSR) == 0)
             ::chmod(native.constData(), (status.st_mode & 07777) | S_IRUSR | S_IWUSR);
-        mEngine->overwriteWorkFile(native);
+        overwritten = mEngine->overwriteWorkFile(native);
     }
-    ::unlink(native.constData());
+    if (::unlink(native.constData()) != 0)
+        return {Error::Code::RemoveFailed, errno, native};
+    return overwritten;
 }
 
 QStringList EraseQueue::takePaths()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Error.h"
 #include "erase/RunPlan.h"
 
 #include <QString>
@@ -49,9 +50,10 @@ public:
 
     // A rewrite's work file (or a rebuilt database that is not used): its
     // contents are overwritten on the device and the file removed, now and
-    // without a log line. A file that has other names is only unlinked: those
-    // names still hold the contents.
-    void eraseNow(const QString& path);
+    // without naming it in the log. A file that has other names is only
+    // unlinked: those names still hold the contents. Returns the first failure:
+    // the overwrite's (which the log says, as for every file) or the removal's.
+    Error eraseNow(const QString& path);
 
     // What the shredding stage takes over; the queue is left empty.
     QStringList takePaths();

@@ -10,6 +10,7 @@
 #include "erase/HoldingFolder.h"
 #include "erase/OverwriteSchedule.h"
 #include "log/ActivityLog.h"
+#include "log/FailureLog.h"
 #include "settings/PreferenceKeys.h"
 #include "settings/Preferences.h"
 
@@ -80,6 +81,16 @@ QList<QByteArray> atTheirRealPlaces(const QList<QByteArray>& paths)
         placed.append(real);
     }
     return placed;
+}
+
+// What kept an item from being erased whole: its move, or the first removal that failed.
+Error itemFailure(const QList<Error>& reported)
+{
+    for (const Error& error : reported) {
+        if (error.code == Error::Code::MoveFailed || error.code == Error::Code::RemoveFailed)
+            return error;
+    }
+    return {};
 }
 
 } // namespace
@@ -195,31 +206,35 @@ void FileAccess::showRunProgress()
     }
 }
 
-void FileAccess::shredOneFile(const QByteArray& path)
+Error FileAccess::shredOneFile(const QByteArray& path)
 {
-    overwriteAt(path, true);
+    return overwriteAt(path, true);
 }
 
-void FileAccess::overwriteWorkFile(const QByteArray& path)
+Error FileAccess::overwriteWorkFile(const QByteArray& path)
 {
-    overwriteAt(path, false);
+    return overwriteAt(path, false);
 }
 
-void FileAccess::overwriteAt(const QByteArray& path, bool logName)
+Error FileAccess::overwriteAt(const QByteArray& path, bool logName)
 {
     const int folder = ::open(FileTree::parentOf(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (folder < 0)
-        return;
+        return {};
     const DescriptorCloser closer{folder};
     FolderWalk::Entry entry;
     entry.folder = folder;
     entry.name = FileTree::lastComponent(path);
     entry.path = path;
-    if (::fstatat(folder, entry.name.constData(), &entry.info, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(entry.info.st_mode))
-        overwrite(entry, logName);
+    if (::fstatat(folder, entry.name.constData(), &entry.info, AT_SYMLINK_NOFOLLOW) != 0 ||
+        !S_ISREG(entry.info.st_mode))
+        return {};
+    const Error error = overwrite(entry, logName);
+    report(error);
+    return error;
 }
 
-void FileAccess::overwrite(const FolderWalk::Entry& entry, bool logName)
+Error FileAccess::overwrite(const FolderWalk::Entry& entry, bool logName)
 {
     const Settings settings = readSettings();
     const QByteArray& path = entry.path;
@@ -231,19 +246,13 @@ void FileAccess::overwrite(const FolderWalk::Entry& entry, bool logName)
     // Never through a link, never a FIFO left waiting, and only the very file the
     // walk looked at: a link or another file swapped in since cannot redirect the write.
     const int fd = ::openat(entry.folder, name.constData(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
-    if (fd < 0) {
-        ActivityLog::writeLogLine("Overwrite failed (" + QByteArray(std::strerror(errno)) + "): " + path);
-        ++mTally.notOverwritten;
-        return;
-    }
+    if (fd < 0)
+        return {Error::Code::OverwriteFailed, errno, path};
     const DescriptorCloser closer{fd};
     struct stat info {};
     if (::fstat(fd, &info) != 0 || info.st_dev != entry.info.st_dev || info.st_ino != entry.info.st_ino ||
-        !S_ISREG(info.st_mode) || info.st_nlink != 1) {
-        ActivityLog::writeLogLine("Overwrite failed (the file changed while it was erased): " + path);
-        ++mTally.notOverwritten;
-        return;
-    }
+        !S_ISREG(info.st_mode) || info.st_nlink != 1)
+        return {Error::Code::FileChanged, 0, path};
     DeviceWriter writer(fd);
 
     quint64 remaining = quint64(info.st_size);
@@ -296,10 +305,17 @@ void FileAccess::overwrite(const FolderWalk::Entry& entry, bool logName)
     const int synced = writer.finish();
     if (failure == 0)
         failure = synced;
-    if (failure != 0) {
-        ActivityLog::writeLogLine("Overwrite failed (" + QByteArray(std::strerror(failure)) + "): " + path);
+    return failure == 0 ? Error{} : Error{Error::Code::OverwriteFailed, failure, path};
+}
+
+void FileAccess::report(const Error& error)
+{
+    if (error.ok())
+        return;
+    FailureLog::write(error);
+    if (error.code == Error::Code::OverwriteFailed || error.code == Error::Code::FileChanged)
         ++mTally.notOverwritten;
-    }
+    mTally.errors.append(error);
 }
 
 quint64 FileAccess::sizeInBytes(const QByteArray& path) const
@@ -307,16 +323,12 @@ quint64 FileAccess::sizeInBytes(const QByteArray& path) const
     return FileTree::sizeInBytes(path);
 }
 
-QByteArray FileAccess::moveAndRename(const QByteArray& path)
+Expected<QByteArray> FileAccess::moveAndRename(const QByteArray& path)
 {
     const QByteArray source = FileTree::standardized(path);
     const QByteArray holding = FileTree::join(FileTree::parentOf(source), HoldingFolder::nameNow());
+    const auto leave = [&source](int error) { return Error{Error::Code::MoveFailed, error, source}; };
     // A folder set aside this very second already is the holding folder.
-    const auto leave = [this, &source](int error) {
-        ActivityLog::writeLogLine("Skip (Move failed: " + QByteArray(std::strerror(error)) + "): " + source);
-        mMoveError = error;
-        return QByteArray();
-    };
     if (source != holding) {
         if (const int error = HoldingFolder::make(holding))
             return leave(error);
@@ -354,8 +366,7 @@ QByteArray FileAccess::moveAndRename(const QByteArray& path)
              if (entry.relative.isEmpty() || isMarker(entry))
                  return true;
              if (entry.mountPoint) {
-                 ActivityLog::writeLogLine("Skip (another file system is mounted here): " +
-                                           FileTree::join(original, entry.relative));
+                 report({Error::Code::MountedInside, 0, FileTree::join(original, entry.relative)});
                  return false;
              }
              if (S_ISREG(entry.info.st_mode) && entry.info.st_nlink > 1)
@@ -408,14 +419,14 @@ bool FileAccess::fileManagerWillProcessPath(const FolderWalk::Entry& entry)
     if (!S_ISREG(entry.info.st_mode) || entry.relative == HoldingFolder::kMarker)
         return true;
     if (entry.info.st_nlink > 1) {
-        const QByteArray name = mOtherNames.value({entry.info.st_dev, entry.info.st_ino}, entry.path);
-        ActivityLog::writeLogLine("Not overwritten (the file has other names; only this one is removed): " + name);
+        report({Error::Code::OtherNames, 0, mOtherNames.value({entry.info.st_dev, entry.info.st_ino}, entry.path)});
         return true;
     }
     QElapsedTimer overwriting;
     overwriting.start();
-    overwrite(entry, true);
+    const Error error = overwrite(entry, true);
     mOverwriteNanoseconds += overwriting.nsecsElapsed();
+    report(error);
     return true;
 }
 
@@ -427,11 +438,8 @@ void FileAccess::fileManagerShouldProceedAfterError(const FolderWalk::Entry& ent
         ::unlinkat(entry.folder, entry.name.constData(), AT_REMOVEDIR) == 0)
         return;
     struct stat info {};
-    if (::fstatat(entry.folder, entry.name.constData(), &info, AT_SYMLINK_NOFOLLOW) == 0) {
-        ActivityLog::writeLogLine("Skip (Remove failed: " + QByteArray(std::strerror(error)) + "): " + entry.path);
-        if (mRemoveError == 0)
-            mRemoveError = error;
-    }
+    if (::fstatat(entry.folder, entry.name.constData(), &info, AT_SYMLINK_NOFOLLOW) == 0)
+        report({Error::Code::RemoveFailed, error, entry.path});
 }
 
 void FileAccess::shredNativePaths(const QList<QByteArray>& listed)
@@ -476,24 +484,26 @@ void FileAccess::shredNativePaths(const QList<QByteArray>& listed)
         showFileNameOnMainThread(QFile::decodeName(path));
         // Nested paths count with the item that holds them.
         mCounting = true;
-        mMoveError = 0;
-        mRemoveError = 0;
+        const qsizetype reportedBefore = mTally.errors.size();
         // An item that cannot be moved aside (its folder is read-only) stays as it is.
-        const QByteArray holding = moveAndRename(path);
-        if (!holding.isEmpty())
-            FileTree::removeFileAtPath(holding, *this, HoldingFolder::kMarker);
+        const Expected<QByteArray> holding = moveAndRename(path);
+        if (holding.ok())
+            FileTree::removeFileAtPath(holding.value, *this, HoldingFolder::kMarker);
+        else
+            report(holding.error);
         mCounting = false;
         if (!outermost[i])
             continue;
-        const int error = mMoveError != 0 ? mMoveError : mRemoveError;
-        if (error == 0 && !isThere(holding)) {
+        const Error error = itemFailure(mTally.errors.mid(reportedBefore));
+        if (error.ok() && !isThere(holding.value)) {
             ++mTally.items;
         } else {
             ++mTally.failed;
             if (mTally.firstFailure.isEmpty()) {
-                const QString step = mMoveError != 0 ? u"could not be moved aside"_s : u"could not be removed"_s;
+                const QString step =
+                    error.code == Error::Code::MoveFailed ? u"could not be moved aside"_s : u"could not be removed"_s;
                 mTally.firstFailure =
-                    u"%1 %2: %3"_s.arg(QFile::decodeName(path), step, QString::fromLocal8Bit(std::strerror(error)));
+                    u"%1 %2: %3"_s.arg(QFile::decodeName(path), step, QString::fromLocal8Bit(error.reason()));
             }
         }
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Error.h"
 #include "erase/FileTree.h"
 #include "erase/RunPlan.h"
 
@@ -45,7 +46,8 @@ class Preferences;
 // be renamed keeps its name, a folder that resists removal is given its owner's
 // rights and removed again. An item that cannot be moved aside is left exactly as
 // it is. Each of these, and a write or sync that fails within a file's contents,
-// is written to the activity log with the reason.
+// is an Error: written to the activity log with the reason (FailureLog), and kept
+// in the tally.
 class FileAccess final : public FileTree::RemovalHandler {
 public:
     static constexpr std::size_t kChunkSize = 131072;
@@ -62,11 +64,12 @@ public:
     // The same on native paths, whose names need not be valid UTF-8.
     void shredNativePaths(const QList<QByteArray>& paths);
 
-    // Overwrites the file's contents in place; the file stays where it is.
-    void shredOneFile(const QByteArray& path);
+    // Overwrites the file's contents in place; the file stays where it is. The
+    // failure, if any, is in the log too.
+    Error shredOneFile(const QByteArray& path);
     // The same without naming the file in the log: a rewrite's work file, whose
     // name says nothing of the user.
-    void overwriteWorkFile(const QByteArray& path);
+    Error overwriteWorkFile(const QByteArray& path);
 
     // Wall time spent overwriting file contents so far, in nanoseconds; the rest
     // of an erase is moving, renaming and removal.
@@ -80,8 +83,9 @@ public:
     static QList<QByteArray> leftOverHoldingFolders(const QList<QByteArray>& paths);
 
     // Moves path into the holding folder beside it, renames everything inside
-    // at random, and returns the holding folder; empty when path could not be moved.
-    QByteArray moveAndRename(const QByteArray& path);
+    // at random, and returns the holding folder; MoveFailed when path could not
+    // be moved, and then it is as it was.
+    Expected<QByteArray> moveAndRename(const QByteArray& path);
 
     // Fills the buffer according to mOverwritePattern.
     void randomize();
@@ -112,8 +116,10 @@ private:
     quint16 passCount(const Settings& settings) const;
     // Puts the DoD or NSA pattern of pass k in the buffer, as the methods ask.
     void applyMethods(const Settings& settings, quint16 k);
-    void overwriteAt(const QByteArray& path, bool logName);
-    void overwrite(const FolderWalk::Entry& entry, bool logName);
+    Error overwriteAt(const QByteArray& path, bool logName);
+    Error overwrite(const FolderWalk::Entry& entry, bool logName);
+    // Writes a failure to the log and keeps it in the tally.
+    void report(const Error& error);
     // 0, or the error that cut the pass short.
     int writePass(DeviceWriter& writer, const QByteArray& path, qint64 start, std::size_t length, quint16 k);
     void showRunProgress();
@@ -136,8 +142,6 @@ private:
     std::atomic<bool> mStopRequested{false};
     EraseTally mTally;
     bool mCounting = false;
-    int mMoveError = 0;
-    int mRemoveError = 0;
 
     PassObserver mPassObserver;
     // The old names of the files with other names met in this run, for the log.

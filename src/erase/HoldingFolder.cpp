@@ -67,22 +67,23 @@ QList<QByteArray> foldersIn(const QByteArray& folder)
     return found;
 }
 
-QByteArray setAside(const QByteArray& path)
+Expected<QByteArray> setAside(const QByteArray& path)
 {
     const QByteArray source = FileTree::standardized(path);
     const QByteArray holding = FileTree::join(FileTree::parentOf(source), nameNow());
     struct stat before {};
     const bool existed = ::lstat(holding.constData(), &before) == 0;
-    if (make(holding) != 0)
-        return {};
+    if (const int error = make(holding))
+        return Error{Error::Code::MoveFailed, error, source};
     const QByteArray moved = FileTree::join(holding, FileTree::lastComponent(source));
     if (::rename(source.constData(), moved.constData()) == 0)
         return holding;
+    const int error = errno;
     if (!existed) {
         ::unlink(FileTree::join(holding, kMarker).constData());
         ::rmdir(holding.constData());
     }
-    return {};
+    return Error{Error::Code::MoveFailed, error, source};
 }
 
 } // namespace HoldingFolder

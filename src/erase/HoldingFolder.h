@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/Error.h"
+
 #include <QByteArray>
 #include <QList>
 
@@ -24,8 +26,8 @@ int make(const QByteArray& path);
 // The holding folders the program made directly inside folder.
 QList<QByteArray> foldersIn(const QByteArray& folder);
 
-// Moves path into a holding folder beside it and returns that folder; empty when
-// path could not be moved (and then nothing changed).
-QByteArray setAside(const QByteArray& path);
+// Moves path into a holding folder beside it and returns that folder; MoveFailed
+// when path could not be moved (and then nothing changed).
+Expected<QByteArray> setAside(const QByteArray& path);
 
 } // namespace HoldingFolder

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/Error.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QString>
@@ -49,6 +51,8 @@ struct EraseTally {
     qint64 left = 0;           // outermost paths not begun because the run was stopped
     qint64 notOverwritten = 0; // files removed with their contents as they were
     bool stopped = false;
+    // What the log said went wrong or was let be, in order.
+    QList<Error> errors;
 
     // Items not dealt with as asked: left in place, not begun, or removed unwritten.
     qint64 incomplete() const { return failed + left + notOverwritten; }

@@ -20,7 +20,7 @@ TEST(DatabaseFilesSwap, WithoutASecondNameTheOldFileMovesAsideAndComesBackOnFail
     const QString work = home.file(u"p/places.vantlex.sqlite"_s);
     const QString renamed = home.file(u"p/places.renamed.sqlite"_s);
 
-    ASSERT_TRUE(DatabaseFiles::swap(live, work, renamed));
+    ASSERT_TRUE(DatabaseFiles::swap(live, work, renamed).ok());
     EXPECT_EQ(home.read(u"p/places.sqlite"_s), "rebuilt");
     EXPECT_EQ(home.read(u"p/places.renamed.sqlite"_s), "old");
     EXPECT_FALSE(QFileInfo::exists(work));
@@ -29,8 +29,10 @@ TEST(DatabaseFilesSwap, WithoutASecondNameTheOldFileMovesAsideAndComesBackOnFail
     home.write(u"q/places.sqlite"_s, "old");
     home.write(u"q/places.vantlex.sqlite"_s, "rebuilt");
     home.write(u"q/places.renamed.sqlite/occupied"_s, "x");
-    EXPECT_FALSE(DatabaseFiles::swap(home.file(u"q/places.sqlite"_s), home.file(u"q/places.vantlex.sqlite"_s),
-                                     home.file(u"q/places.renamed.sqlite"_s)));
+    const Error error = DatabaseFiles::swap(home.file(u"q/places.sqlite"_s), home.file(u"q/places.vantlex.sqlite"_s),
+                                            home.file(u"q/places.renamed.sqlite"_s));
+    EXPECT_EQ(error.code, Error::Code::KeepOldFailed);
+    EXPECT_EQ(error.systemError, EISDIR);
     EXPECT_EQ(home.read(u"q/places.sqlite"_s), "old");
     EXPECT_EQ(home.read(u"q/places.vantlex.sqlite"_s), "rebuilt");
 }

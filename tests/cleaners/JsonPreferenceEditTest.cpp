@@ -14,7 +14,7 @@
 #include <cstdlib>
 
 using namespace Qt::StringLiterals;
-using JsonPreferenceEdit::Result;
+using Code = Error::Code;
 
 namespace {
 
@@ -49,7 +49,7 @@ protected:
     std::signal(SIGXFSZ, SIG_IGN);
     const rlimit limit{40, 40};
     ::setrlimit(RLIMIT_FSIZE, &limit);
-    std::_Exit(int(JsonPreferenceEdit::removeKey(file, u"StartupDNSPrefetchList"_s, false, false)));
+    std::_Exit(int(JsonPreferenceEdit::removeKey(file, u"StartupDNSPrefetchList"_s, false, false).code));
 }
 
 } // namespace
@@ -60,7 +60,7 @@ TEST_F(JsonEditTest, RemovesTheKeyKeepsEverythingElseAndLeavesTheOldFileToErase)
     ASSERT_EQ(::chmod(QFile::encodeName(file()).constData(), 0640), 0);
     const ino_t original = inodeOf(file());
 
-    ASSERT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, true, false), Result::Done);
+    ASSERT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, true, false).code, Code::None);
     EXPECT_EQ(home.read(u"Chrome/Local State"_s),
               QByteArray(R"({"browser":{"last_redirect_origin":""},"big":13245678901234567890,)"
                          R"("negative":-9007199254740993,"ratio":0.1,"text":"café ☃ ü","zeta":1,)"
@@ -85,17 +85,18 @@ TEST_F(JsonEditTest, FilesThatAreNotAJsonObjectAreLeftAsTheyWere)
     };
     for (const QByteArray& contents : bad) {
         home.write(u"Chrome/Local State"_s, contents);
-        EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, false, false), Result::ReadFailed)
+        EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, false, false).code,
+                  Code::Unreadable)
             << contents.constData();
         expectUntouched(contents);
     }
-    EXPECT_EQ(JsonPreferenceEdit::removeKey(home.file(u"missing"_s), u"k"_s, false, false), Result::ReadFailed);
-    EXPECT_EQ(JsonPreferenceEdit::removeKey(home.file(u"Chrome"_s), u"k"_s, false, false), Result::ReadFailed);
+    EXPECT_EQ(JsonPreferenceEdit::removeKey(home.file(u"missing"_s), u"k"_s, false, false).code, Code::Unreadable);
+    EXPECT_EQ(JsonPreferenceEdit::removeKey(home.file(u"Chrome"_s), u"k"_s, false, false).code, Code::Unreadable);
 
     // Far larger than any browser's preferences.
     QByteArray huge = "{\"StartupDNSPrefetchList\":[],\"pad\":\"" + QByteArray(50 * 1024 * 1024, 'x') + "\"}";
     home.write(u"Chrome/Local State"_s, huge);
-    EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, false, false), Result::ReadFailed);
+    EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, false, false).code, Code::Unreadable);
     expectUntouched(huge);
 }
 
@@ -110,13 +111,14 @@ TEST_F(JsonEditTest, AFileNestedDeeperThanAnyBrowserWritesIsLeftAsItWas)
     for (const int depth : {100000, 1000000}) {
         const QByteArray deep = nested(depth);
         home.write(u"Chrome/Local State"_s, deep);
-        EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, false, false), Result::ReadFailed);
+        EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, false, false).code,
+                  Code::Unreadable);
         expectUntouched(deep);
     }
 
     // As deep as a browser's own reader goes, and then some: edited as usual.
     home.write(u"Chrome/Local State"_s, nested(500));
-    EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, true, false), Result::Done);
+    EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, true, false).code, Code::None);
     EXPECT_EQ(home.read(u"Chrome/Local State"_s),
               "{\"deep\":" + QByteArray(500, '[') + QByteArray(500, ']') + ",\"after\":1}");
 }
@@ -125,11 +127,11 @@ TEST_F(JsonEditTest, AMissingRequiredKeyAndADryRunChangeNothing)
 {
     const QByteArray withoutKey = R"({"profile":{"name":"me"}})";
     home.write(u"Chrome/Local State"_s, withoutKey);
-    EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"dns_prefetching"_s, true, false), Result::KeyNotFound);
+    EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"dns_prefetching"_s, true, false).code, Code::KeyNotFound);
     expectUntouched(withoutKey);
 
     home.write(u"Chrome/Local State"_s, kLocalState);
-    EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, true, true), Result::Done);
+    EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, true, true).code, Code::None);
     expectUntouched(kLocalState);
 }
 
@@ -137,7 +139,7 @@ TEST_F(JsonEditTest, AReadOnlyFileIsRewrittenAndStaysReadOnly)
 {
     home.write(u"Chrome/Local State"_s, kLocalState);
     ASSERT_EQ(::chmod(QFile::encodeName(file()).constData(), 0444), 0);
-    EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, true, false), Result::Done);
+    EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, true, false).code, Code::None);
     EXPECT_FALSE(home.read(u"Chrome/Local State"_s).contains("StartupDNSPrefetchList"));
     const QFileDevice::Permissions everyone = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner |
                                               QFileDevice::ReadGroup | QFileDevice::WriteGroup | QFileDevice::ExeGroup |
@@ -152,7 +154,7 @@ TEST_F(JsonEditTest, WithoutTheKeyTheFileIsStillRewrittenUnlessTheKeyIsRequired)
     home.write(u"Chrome/Local State"_s, withoutKey);
     // An old copy left by an interrupted run is replaced.
     home.write(u"Chrome/Local State.vantlex"_s, "stale");
-    EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, false, false), Result::Done);
+    EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, false, false).code, Code::None);
     EXPECT_EQ(home.read(u"Chrome/Local State"_s), R"({"profile":{"name":"me"}})");
     EXPECT_EQ(home.read(u"Chrome/Local State.vantlex"_s), withoutKey);
 }
@@ -160,7 +162,7 @@ TEST_F(JsonEditTest, WithoutTheKeyTheFileIsStillRewrittenUnlessTheKeyIsRequired)
 TEST_F(JsonEditTest, AFailedWriteLeavesTheOriginalInPlace)
 {
     home.write(u"Chrome/Local State"_s, kLocalState);
-    EXPECT_EXIT(editUnderASizeLimit(file()), ::testing::ExitedWithCode(int(Result::WriteFailed)), "");
+    EXPECT_EXIT(editUnderASizeLimit(file()), ::testing::ExitedWithCode(int(Code::WriteFailed)), "");
     expectUntouched(kLocalState);
     EXPECT_EQ(QDir(home.file(u"Chrome"_s)).entryList(QDir::Files | QDir::Hidden), QStringList{u"Local State"_s});
 }

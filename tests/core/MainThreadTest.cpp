@@ -9,21 +9,17 @@
 #include <atomic>
 #include <thread>
 
-TEST(RunOnMainThread, RunsInlineOnTheMainThread)
+TEST(RunOnMainThread, RunsInlineOnTheMainThreadAndFromAWorkerThereWaitingWhenAsked)
 {
-    bool ran = false;
-    runOnMainThread([&] { ran = true; }, true);
-    EXPECT_TRUE(ran);
-}
+    bool ranInline = false;
+    runOnMainThread([&] { ranInline = true; }, true);
+    EXPECT_TRUE(ranInline);
 
-TEST(RunOnMainThread, WorkerCallsRunOnTheMainThreadAndWaitWhenAsked)
-{
     QThread* const mainThread = QThread::currentThread();
     std::atomic<bool> waitedCallRanOnMain{false};
     std::atomic<bool> queuedCallRanOnMain{false};
     std::atomic<bool> waitedBeforeReturning{false};
     std::atomic<bool> workerDone{false};
-
     std::thread worker([&] {
         EXPECT_FALSE(isMainThread());
         bool ranBeforeReturn = false;
@@ -37,7 +33,6 @@ TEST(RunOnMainThread, WorkerCallsRunOnTheMainThreadAndWaitWhenAsked)
         runOnMainThread([&] { queuedCallRanOnMain = QThread::currentThread() == mainThread; }, false);
         workerDone = true;
     });
-
     QElapsedTimer timer;
     timer.start();
     while ((!workerDone || !queuedCallRanOnMain) && timer.elapsed() < 10000)

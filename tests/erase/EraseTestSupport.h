@@ -12,7 +12,26 @@
 #include <QStringList>
 #include <QThread>
 
+#include <sys/stat.h>
+
 #include <memory>
+
+// The erase settings as the panel's menus give them.
+inline QVariantMap eraseSettings(qint64 numberOfWrites, qint64 pattern = 0, bool dod = false, bool nsa = false)
+{
+    using namespace Qt::StringLiterals;
+    return {{u"NumberOfWrites"_s, numberOfWrites},
+            {u"OverwritePattern"_s, pattern},
+            {u"DoDSanitize"_s, dod},
+            {u"NSA"_s, nsa}};
+}
+
+inline struct stat statOf(const QByteArray& path)
+{
+    struct stat info {};
+    ::lstat(path.constData(), &info);
+    return info;
+}
 
 // An engine over the settings of a temporary home.
 class EngineFixture {

@@ -6,7 +6,6 @@
 #include <nlohmann/json.hpp>
 
 using namespace Qt::StringLiterals;
-using JsonPreferenceEdit::Result;
 using Json = nlohmann::ordered_json;
 
 // A browser's JSON preference file as any program may have written it. The
@@ -39,8 +38,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     QFile::remove(oldCopy);
     FuzzHome::write(file, original);
 
-    const Result result = JsonPreferenceEdit::removeKey(file, key, requireKey, dryRun);
-    if (result != Result::Done || dryRun) {
+    const Error error = JsonPreferenceEdit::removeKey(file, key, requireKey, dryRun);
+    if (!error.ok() || dryRun) {
         FUZZ_CHECK(FuzzHome::read(file) == original);
         FUZZ_CHECK(!QFileInfo::exists(oldCopy));
         return 0;

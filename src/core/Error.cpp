@@ -1,0 +1,8 @@
+#include "core/Error.h"
+
+#include <cstring>
+
+QByteArray Error::reason() const
+{
+    return QByteArray(std::strerror(systemError));
+}
