@@ -2,6 +2,7 @@
 
 #include "core/NotificationCenter.h"
 #include "core/Notifications.h"
+#include "watch/ProcessScan.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -17,24 +18,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QList<QByteArray> kEveryWatchedApplication{"/Applications/Safari.app/Contents/MacOS/Safari",
-                                                 "/Applications/Internet Explorer.app/x",
-                                                 "/Applications/Mozilla.app/x",
-                                                 "/Applications/Netscape.app/x",
-                                                 "/Applications/iCab.app/x",
-                                                 "/Applications/Opera.app/x",
-                                                 "/Applications/OmniWeb.app/x",
-                                                 "/Applications/Mail.app/x",
-                                                 "/Applications/Eudora.app/x",
-                                                 "/Applications/Postbox.app/x",
-                                                 "/Applications/Camino.app/x",
-                                                 "/Applications/Firefox.app/x",
-                                                 "/Applications/Thunderbird.app/x",
-                                                 "/Applications/Shiira.app/x",
-                                                 "/Applications/SeaMonkey.app/x",
-                                                 "/Applications/Flock.app/x",
-                                                 "/Applications/Google Chrome.app/x"};
 
 class ControllerRunTest : public ControllerFixture {
 protected:
@@ -112,7 +95,8 @@ TEST_F(ControllerRunTest, TheConfirmationNamesTheCategoriesAndCancelReturnsToIdl
 
 TEST_F(ControllerRunTest, WithEveryApplicationRunningOnlyCustomProcessesAreAsked)
 {
-    commands.processes = kEveryWatchedApplication;
+    for (const ProcessScan::WatchedPattern& application : ProcessScan::watchedPatterns())
+        commands.processes.append(QByteArray("/Applications") + application.pattern + "/x");
     home.write(u"Library/Caches/Safari/cache.db"_s, "cached");
     controller().applicationDidFinishLaunching();
     ASSERT_TRUE(runAndWait([](Controller& c) { c.shred(); }));
@@ -129,50 +113,27 @@ TEST_F(ControllerRunTest, WithEveryApplicationRunningOnlyCustomProcessesAreAsked
     EXPECT_TRUE(QFileInfo::exists(home.file(u"Library/Caches/Safari/cache.db"_s)));
 }
 
-TEST_F(ControllerRunTest, TheMailCleanersRunInTheirPlacesAndThunderbirdAloneDoesNotCount)
+TEST_F(ControllerRunTest, EachRunningApplicationHasItsOwnCleanersPassedOverAndAllButThunderbirdThePlugins)
 {
+    // The groups passed over while the application alone runs; Mozilla and SeaMonkey count for each other.
+    const QHash<QByteArray, QStringList> passedOver{
+        {"/Safari.app", {u"Safari"_s}},       {"/Internet Explorer.app", {u"Internet Explorer"_s}},
+        {"/iCab.app", {u"iCab"_s}},           {"/Mozilla.app", {u"Mozilla"_s, u"SeaMonkey"_s}},
+        {"/Netscape.app", {u"Mozilla"_s}},    {"/SeaMonkey.app", {u"Mozilla"_s, u"SeaMonkey"_s}},
+        {"/Opera.app", {u"Opera"_s}},         {"/OmniWeb.app", {u"OmniWeb"_s}},
+        {"/Mail.app", {u"Mail"_s}},           {"/Eudora.app", {u"Eudora"_s}},
+        {"/Postbox.app", {u"Postbox"_s}},     {"/Camino.app", {u"Camino"_s}},
+        {"/Firefox.app", {u"Firefox"_s}},     {"/Thunderbird.app", {u"Thunderbird"_s}},
+        {"/Shiira.app", {u"Shiira"_s}},       {"/Flock.app", {u"Flock"_s}},
+        {"/Google Chrome.app", {u"Chrome"_s}}};
     controller().applicationDidFinishLaunching();
-    ASSERT_TRUE(runAndWait([](Controller& c) { c.shred(); }));
-    const QStringList order{u"Opera 17.x"_s,
-                            u"Apple Mail 1.1"_s,
-                            u"Apple Mail 1.2 (Jaguar)"_s,
-                            u"Apple Mail 2.x - 5.x"_s,
-                            u"Mail Cache"_s,
-                            u"Eudora 5.x"_s,
-                            u"Eudora 6.x"_s,
-                            u"Safari"_s,
-                            u"SeaMonkey 1.x"_s,
-                            u"Postbox 2"_s,
-                            u"Camino 0.7"_s,
-                            u"Firefox 2.0"_s,
-                            u"Thunderbird 1.5"_s,
-                            u"Shiira"_s};
-    QStringList log = logLines();
-    qsizetype previous = -1;
-    for (const QString& header : order) {
-        const qsizetype at = log.indexOf(header, previous + 1);
-        EXPECT_GT(at, previous) << header.toStdString();
-        previous = at;
-    }
-
-    // While Thunderbird runs only its own cleaner is passed over.
-    commands.processes = {"/Applications/Thunderbird.app/Contents/MacOS/thunderbird-bin"};
-    ASSERT_TRUE(runAndWait([](Controller& c) { c.shred(); }));
-    log = logLines();
-    EXPECT_FALSE(log.contains(u"Thunderbird 1.5"_s));
-    EXPECT_TRUE(log.contains(u"Postbox 2"_s));
-    EXPECT_TRUE(log.contains(u"Plugin Cache"_s));
-
-    // The other mail clients count: the plug-in cache waits until they have quit.
-    for (const char* client :
-         {"/Applications/Mail.app/x", "/Applications/Eudora.app/x", "/Applications/Postbox.app/x"}) {
-        commands.processes = {QByteArray(client)};
+    for (const ProcessScan::WatchedPattern& application : ProcessScan::watchedPatterns()) {
+        commands.processes = {QByteArray("/Applications") + application.pattern + "/Contents/MacOS/x"};
         ASSERT_TRUE(runAndWait([](Controller& c) { c.shred(); }));
-        log = logLines();
-        EXPECT_FALSE(log.contains(u"Plugin Cache"_s)) << client;
-        EXPECT_TRUE(log.contains(u"Thunderbird 1.5"_s));
+        EXPECT_EQ(controller().lastPlan().passedOver, passedOver.value(application.pattern)) << application.pattern;
+        EXPECT_EQ(logLines().contains(u"Plugin Cache"_s), application.flag == WatchedApp::thunderbird)
+            << application.pattern;
     }
-    EXPECT_FALSE(log.contains(u"Postbox 2"_s));
 }
 
 TEST_F(ControllerRunTest, AJunkMailboxIsErasedAndMadeAgainEmpty)
