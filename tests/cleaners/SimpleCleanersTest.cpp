@@ -31,21 +31,16 @@ TEST_F(SimpleCleanersTest, OperaSeventeenScansOnlyTheTopLevel)
     setKey(PreferenceKey::ShredCookies, false);
 
     const QString full = home.file(folder);
-    EXPECT_EQ(run([&] { cleaners.Opera170(); }),
-              (QStringList{
-                  u"Opera 17.x"_s,
-                  u"Shred: ~/Library/Caches/com.operasoftware.Opera/Cache"_s,
-                  u"Shred: ~/Library/Application Support/com.operasoftware.Opera/GPUCache"_s,
-                  u"Shred: "_s + full + u"History"_s,
-                  u"Shred: "_s + full + u"History-journal"_s,
-                  u"Shred: "_s + full + u"session_1"_s,
-                  u"Shred: "_s + full + u"Thumbnails"_s,
-                  u"Shred: "_s + full + u"Archived History"_s,
-                  u"Shred: "_s + full + u"Archived History-journal"_s,
-                  u"Skip: ~/Library/Application Support/com.operasoftware.Opera/Default/Cookies"_s,
-                  u"Skip: ~/Library/Application Support/com.operasoftware.Opera/Cookies-journal"_s,
-                  u""_s,
-              }));
+    const QStringList scanned = lines(u"Shred: "_s, full,
+                                      {u"History"_s, u"History-journal"_s, u"session_1"_s, u"Thumbnails"_s,
+                                       u"Archived History"_s, u"Archived History-journal"_s});
+    EXPECT_EQ(
+        run([&] { cleaners.Opera170(); }),
+        (QStringList{u"Opera 17.x"_s, u"Shred: ~/Library/Caches/com.operasoftware.Opera/Cache"_s,
+                     u"Shred: ~/Library/Application Support/com.operasoftware.Opera/GPUCache"_s} +
+         scanned +
+         QStringList{u"Skip: ~/Library/Application Support/com.operasoftware.Opera/Default/Cookies"_s,
+                     u"Skip: ~/Library/Application Support/com.operasoftware.Opera/Cookies-journal"_s, QString()}));
     EXPECT_EQ(paths.size(), 8);
     EXPECT_FALSE(paths.join(u'|').contains(u"session_inside"_s));
 
