@@ -2,6 +2,7 @@
 
 #include "core/NotificationCenter.h"
 #include "core/Notifications.h"
+#include "watch/ProcessScan.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -17,24 +18,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QList<QByteArray> kEveryWatchedApplication{"/Applications/Safari.app/Contents/MacOS/Safari",
-                                                 "/Applications/Internet Explorer.app/x",
-                                                 "/Applications/Mozilla.app/x",
-                                                 "/Applications/Netscape.app/x",
-                                                 "/Applications/iCab.app/x",
-                                                 "/Applications/Opera.app/x",
-                                                 "/Applications/OmniWeb.app/x",
-                                                 "/Applications/Mail.app/x",
-                                                 "/Applications/Eudora.app/x",
-                                                 "/Applications/Postbox.app/x",
-                                                 "/Applications/Camino.app/x",
-                                                 "/Applications/Firefox.app/x",
-                                                 "/Applications/Thunderbird.app/x",
-                                                 "/Applications/Shiira.app/x",
-                                                 "/Applications/SeaMonkey.app/x",
-                                                 "/Applications/Flock.app/x",
-                                                 "/Applications/Google Chrome.app/x"};
 
 class ControllerRunTest : public ControllerFixture {
 protected:
@@ -112,7 +95,8 @@ TEST_F(ControllerRunTest, TheConfirmationNamesTheCategoriesAndCancelReturnsToIdl
 
 TEST_F(ControllerRunTest, WithEveryApplicationRunningOnlyCustomProcessesAreAsked)
 {
-    commands.processes = kEveryWatchedApplication;
+    for (const ProcessScan::WatchedPattern& application : ProcessScan::watchedPatterns())
+        commands.processes.append(QByteArray("/Applications") + application.pattern + "/x");
     home.write(u"Library/Caches/Safari/cache.db"_s, "cached");
     controller().applicationDidFinishLaunching();
     ASSERT_TRUE(runAndWait([](Controller& c) { c.shred(); }));
@@ -129,50 +113,27 @@ TEST_F(ControllerRunTest, WithEveryApplicationRunningOnlyCustomProcessesAreAsked
     EXPECT_TRUE(QFileInfo::exists(home.file(u"Library/Caches/Safari/cache.db"_s)));
 }
 
-TEST_F(ControllerRunTest, TheMailCleanersRunInTheirPlacesAndThunderbirdAloneDoesNotCount)
+TEST_F(ControllerRunTest, EachRunningApplicationHasItsOwnCleanersPassedOverAndAllButThunderbirdThePlugins)
 {
+    // The groups passed over while the application alone runs; Mozilla and SeaMonkey count for each other.
+    const QHash<QByteArray, QStringList> passedOver{
+        {"/Safari.app", {u"Safari"_s}},       {"/Internet Explorer.app", {u"Internet Explorer"_s}},
+        {"/iCab.app", {u"iCab"_s}},           {"/Mozilla.app", {u"Mozilla"_s, u"SeaMonkey"_s}},
+        {"/Netscape.app", {u"Mozilla"_s}},    {"/SeaMonkey.app", {u"Mozilla"_s, u"SeaMonkey"_s}},
+        {"/Opera.app", {u"Opera"_s}},         {"/OmniWeb.app", {u"OmniWeb"_s}},
+        {"/Mail.app", {u"Mail"_s}},           {"/Eudora.app", {u"Eudora"_s}},
+        {"/Postbox.app", {u"Postbox"_s}},     {"/Camino.app", {u"Camino"_s}},
+        {"/Firefox.app", {u"Firefox"_s}},     {"/Thunderbird.app", {u"Thunderbird"_s}},
+        {"/Shiira.app", {u"Shiira"_s}},       {"/Flock.app", {u"Flock"_s}},
+        {"/Google Chrome.app", {u"Chrome"_s}}};
     controller().applicationDidFinishLaunching();
-    ASSERT_TRUE(runAndWait([](Controller& c) { c.shred(); }));
-    const QStringList order{u"Opera 17.x"_s,
-                            u"Apple Mail 1.1"_s,
-                            u"Apple Mail 1.2 (Jaguar)"_s,
-                            u"Apple Mail 2.x - 5.x"_s,
-                            u"Mail Cache"_s,
-                            u"Eudora 5.x"_s,
-                            u"Eudora 6.x"_s,
-                            u"Safari"_s,
-                            u"SeaMonkey 1.x"_s,
-                            u"Postbox 2"_s,
-                            u"Camino 0.7"_s,
-                            u"Firefox 2.0"_s,
-                            u"Thunderbird 1.5"_s,
-                            u"Shiira"_s};
-    QStringList log = logLines();
-    qsizetype previous = -1;
-    for (const QString& header : order) {
-        const qsizetype at = log.indexOf(header, previous + 1);
-        EXPECT_GT(at, previous) << header.toStdString();
-        previous = at;
-    }
-
-    // While Thunderbird runs only its own cleaner is passed over.
-    commands.processes = {"/Applications/Thunderbird.app/Contents/MacOS/thunderbird-bin"};
-    ASSERT_TRUE(runAndWait([](Controller& c) { c.shred(); }));
-    log = logLines();
-    EXPECT_FALSE(log.contains(u"Thunderbird 1.5"_s));
-    EXPECT_TRUE(log.contains(u"Postbox 2"_s));
-    EXPECT_TRUE(log.contains(u"Plugin Cache"_s));
-
-    // The other mail clients count: the plug-in cache waits until they have quit.
-    for (const char* client :
-         {"/Applications/Mail.app/x", "/Applications/Eudora.app/x", "/Applications/Postbox.app/x"}) {
-        commands.processes = {QByteArray(client)};
+    for (const ProcessScan::WatchedPattern& application : ProcessScan::watchedPatterns()) {
+        commands.processes = {QByteArray("/Applications") + application.pattern + "/Contents/MacOS/x"};
         ASSERT_TRUE(runAndWait([](Controller& c) { c.shred(); }));
-        log = logLines();
-        EXPECT_FALSE(log.contains(u"Plugin Cache"_s)) << client;
-        EXPECT_TRUE(log.contains(u"Thunderbird 1.5"_s));
+        EXPECT_EQ(controller().lastPlan().passedOver, passedOver.value(application.pattern)) << application.pattern;
+        EXPECT_EQ(logLines().contains(u"Plugin Cache"_s), application.flag == WatchedApp::thunderbird)
+            << application.pattern;
     }
-    EXPECT_FALSE(log.contains(u"Postbox 2"_s));
 }
 
 TEST_F(ControllerRunTest, AJunkMailboxIsErasedAndMadeAgainEmpty)
@@ -303,65 +264,17 @@ TEST_F(ControllerRunTest, EveryCleanerRunsInTheDispatchTablesOrder)
     controller().applicationDidFinishLaunching();
     ASSERT_TRUE(runAndWait([](Controller& c) { c.shred(); }));
     const QString mozillaFamily = u"Firefox 3.0-12.0, Flock 2.5, and SeaMonkey 1.0"_s;
-    const QStringList order{u"Custom Processes"_s,
-                            u"IE"_s,
-                            u"iCab v2"_s,
-                            u"iCab v3"_s,
-                            u"iCab v4"_s,
-                            u"OmniWeb 4"_s,
-                            u"OmniWeb 5"_s,
-                            u"OmniWeb 5.7"_s,
-                            u"Opera 5.x"_s,
-                            u"Opera 6.x"_s,
-                            u"Opera 7.x"_s,
-                            u"Opera 8.x"_s,
-                            u"Opera 9.x"_s,
-                            u"Opera 10.x"_s,
-                            u"Opera 11.x"_s,
-                            u"Opera 17.x"_s,
-                            u"Apple Mail 1.1"_s,
-                            u"Apple Mail 1.2 (Jaguar)"_s,
-                            u"Apple Mail 5.0"_s,
-                            u"Apple Mail 2.x - 5.x"_s,
-                            u"Mail Cache"_s,
-                            u"Eudora 5.x"_s,
-                            u"Eudora 6.x"_s,
-                            u"Safari"_s,
-                            u"Safari 2.0 and/or Shiira 1.2"_s,
-                            u"Safari 3.0"_s,
-                            u"Safari 4.0"_s,
-                            u"Safari 5.0"_s,
-                            u"Safari 5.1-6"_s,
-                            u"Safari 6.0"_s,
-                            u"Mozilla 1.x and Netscape 7"_s,
-                            u"SeaMonkey 1.x"_s,
-                            u"Postbox 2"_s,
-                            u"Camino 0.7"_s,
-                            u"Camino 0.8"_s,
-                            u"Camino 1.0"_s,
-                            u"Camino 1.6"_s,
-                            u"Camino 2.0"_s,
-                            u"Camino 2.1"_s,
-                            u"Firefox 0.8"_s,
-                            u"Firefox 1.0"_s,
-                            u"Firefox 1.5"_s,
-                            u"Firefox 2.0"_s,
-                            mozillaFamily,
-                            u"Thunderbird 1.5"_s,
-                            u"Shiira"_s,
-                            u"Shiira v2"_s,
-                            u"Safari 2.0 and/or Shiira 1.2"_s,
-                            u"Flock 2.5"_s,
-                            mozillaFamily,
-                            u"Flock 3.5"_s,
-                            u"Chrome 4"_s,
-                            u"Chrome 5.0"_s,
-                            u"Chrome 17.0"_s,
-                            u"Chrome 30.0"_s,
-                            u"SeaMonkey 2.0 Cache"_s,
-                            u"SeaMonkey 2.0"_s,
-                            mozillaFamily,
-                            u"Plugin Cache"_s};
+    // The headers in the order a run writes them; %1 is the cleaner Firefox, Flock and SeaMonkey share.
+    const QStringList order =
+        u"Custom Processes|IE|iCab v2|iCab v3|iCab v4|OmniWeb 4|OmniWeb 5|OmniWeb 5.7|Opera 5.x|Opera 6.x|"
+        u"Opera 7.x|Opera 8.x|Opera 9.x|Opera 10.x|Opera 11.x|Opera 17.x|Apple Mail 1.1|"
+        u"Apple Mail 1.2 (Jaguar)|Apple Mail 5.0|Apple Mail 2.x - 5.x|Mail Cache|Eudora 5.x|Eudora 6.x|"
+        u"Safari|Safari 2.0 and/or Shiira 1.2|Safari 3.0|Safari 4.0|Safari 5.0|Safari 5.1-6|Safari 6.0|"
+        u"Mozilla 1.x and Netscape 7|SeaMonkey 1.x|Postbox 2|Camino 0.7|Camino 0.8|Camino 1.0|Camino 1.6|"
+        u"Camino 2.0|Camino 2.1|Firefox 0.8|Firefox 1.0|Firefox 1.5|Firefox 2.0|%1|Thunderbird 1.5|Shiira|"
+        u"Shiira v2|Safari 2.0 and/or Shiira 1.2|Flock 2.5|%1|Flock 3.5|Chrome 4|Chrome 5.0|Chrome 17.0|"
+        u"Chrome 30.0|SeaMonkey 2.0 Cache|SeaMonkey 2.0|%1|Plugin Cache"_s.arg(mozillaFamily)
+            .split(u'|');
     const QStringList log = logLines();
     qsizetype previous = -1;
     for (const QString& header : order) {

@@ -38,26 +38,14 @@ TEST_F(ChromeCleanersTest, ChromeFourTakesHistoryEntriesWholeWithoutDescending)
 
     const QString cache = home.file(u"Library/Caches/Google/Chrome/Default/Cache"_s);
     const QString chrome = home.file(u"Library/Application Support/Google/Chrome/"_s);
-    EXPECT_EQ(run([&] { cleaners.Chrome40(); }), (QStringList{
-                                                     u"Chrome 4"_s,
-                                                     u"Shred: "_s + cache,
-                                                     u"Shred: "_s + profile(u"History"_s),
-                                                     u"Shred: "_s + profile(u"History Index 2013-05"_s),
-                                                     u"Shred: "_s + profile(u"History Provider Cache"_s),
-                                                     u"Shred: "_s + profile(u"History-journal"_s),
-                                                     u"Shred: "_s + profile(u"Archived History"_s),
-                                                     u"Shred: "_s + profile(u"Archived History-journal"_s),
-                                                     u"Shred: "_s + profile(u"Last Session"_s),
-                                                     u"Shred: "_s + profile(u"Last Tabs"_s),
-                                                     u"Shred: "_s + profile(u"Current Session"_s),
-                                                     u"Shred: "_s + profile(u"Current Tabs"_s),
-                                                     u"Shred: "_s + profile(u"Thumbnails"_s),
-                                                     u"Shred: "_s + profile(u"Cookies"_s),
-                                                     u"Shred: "_s + profile(u"Cookies-journal"_s),
-                                                     u"Shred: "_s + chrome + u"Safe Browsing Cookies"_s,
-                                                     u"Shred: "_s + chrome + u"Safe Browsing Cookies-journal"_s,
-                                                     u""_s,
-                                                 }));
+    const QStringList history = u"History|History Index 2013-05|History Provider Cache|History-journal|"
+                                u"Archived History|Archived History-journal|Last Session|Last Tabs|"
+                                u"Current Session|Current Tabs|Thumbnails|Cookies|Cookies-journal"_s.split(u'|');
+    EXPECT_EQ(run([&] { cleaners.Chrome40(); }),
+              QStringList{u"Chrome 4"_s} + lines(u"Shred: "_s, cache, {QString()}) +
+                  lines(u"Shred: "_s, profile(), history) +
+                  lines(u"Shred: "_s, chrome, {u"Safe Browsing Cookies"_s, u"Safe Browsing Cookies-journal"_s}) +
+                  QStringList{QString()});
     EXPECT_EQ(paths.size(), 16);
     EXPECT_FALSE(paths.contains(profile(u"Bookmarks"_s)));
 
@@ -192,21 +180,12 @@ TEST_F(ChromeCleanersTest, FlockUserDataFolder)
     setAllKeys(true);
     const QString p = home.file(profileDir);
     EXPECT_EQ(run([&] { cleaners.Flock35UserData(u"User Data 2"_s); }),
-              (QStringList{
-                  u"Shred: "_s + home.file(u"Library/Caches/Flock/User Data 2/Default/Cache"_s),
-                  u"Shred: "_s + p + u"History"_s,
-                  u"Shred: "_s + p + u"Visited Links"_s,
-                  u"Shred: "_s + p + u"Archived History"_s,
-                  u"Shred: "_s + p + u"Last Session"_s,
-                  u"Shred: "_s + p + u"Current Session"_s,
-                  u"Shred: "_s + p + u"Last Tabs"_s,
-                  u"Shred: "_s + p + u"Current Tabs"_s,
-                  u"Shred: "_s + p + u"Local State"_s,
-                  u"Shred: "_s + p + u"Thumbnails"_s,
-                  u"Shred: "_s + p + u"Cookies"_s,
-                  u"Shred: "_s + p + u"Extension Cookies"_s,
-                  u"Could not get HTML5Manager sharedInstance.  HTML5 shredding skipped."_s,
-              }));
+              lines(u"Shred: "_s, home.file(u"Library/Caches/Flock/User Data 2/Default/Cache"_s), {QString()}) +
+                  lines(u"Shred: "_s, p,
+                        {u"History"_s, u"Visited Links"_s, u"Archived History"_s, u"Last Session"_s,
+                         u"Current Session"_s, u"Last Tabs"_s, u"Current Tabs"_s, u"Local State"_s, u"Thumbnails"_s,
+                         u"Cookies"_s, u"Extension Cookies"_s}) +
+                  QStringList{u"Could not get HTML5Manager sharedInstance.  HTML5 shredding skipped."_s});
     EXPECT_EQ(home.read(profileDir + u"Local State"_s), R"({"x":1})");
     EXPECT_TRUE(paths.contains(p + u"Local State.vantlex"_s));
 }

@@ -12,8 +12,11 @@
 #include "support/LogLines.h"
 #include "support/QtPrinters.h"
 #include "support/TempHome.h"
+#include "support/TestDatabase.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QStringList>
 
 #include <gtest/gtest.h>
@@ -55,6 +58,36 @@ protected:
             preferences.enableChanged(application);
     }
 
+    // A log line per name: prefix, folder and name, in the order given.
+    static QStringList lines(const QString& prefix, const QString& folder, const QStringList& names)
+    {
+        QStringList lines;
+        for (const QString& name : names)
+            lines.append(prefix + folder + name);
+        return lines;
+    }
+
+    // Selects profiles of the folder below the home, as the Profiles menu stores them.
+    void select(const QString& folder, const QStringList& names)
+    {
+        QVariantMap selection = defaults.dictionaryForKey(QStringLiteral("ProfilesMenuDict"));
+        selection.insert(home.file(folder), QVariantList(names.cbegin(), names.cend()));
+        defaults.setObject(selection, QStringLiteral("ProfilesMenuDict"));
+    }
+    void makeFolder(const QString& relative) { QDir().mkpath(home.file(relative)); }
+
+    // A database below the home made from a test-data schema, filled by statements.
+    QString makeDatabase(const QString& relative, const QString& schemaFile, const QString& rows = QString())
+    {
+        const QString path = home.file(relative);
+        QDir().mkpath(QFileInfo(path).absolutePath());
+        TestDatabase db(path);
+        db.exec(QString::fromUtf8(testData(schemaFile)));
+        if (!rows.isEmpty())
+            db.exec(rows);
+        return path;
+    }
+
     // Runs a cleaner and returns the log lines it wrote.
     template<typename Cleaner> QStringList run(Cleaner&& cleaner)
     {
@@ -67,7 +100,11 @@ protected:
         return log.open(QIODevice::ReadOnly) ? logLinesOf(log.readAll()) : QStringList();
     }
 
-    QString expanded(const QString& tildePath) const { return home.path() + tildePath.mid(1); }
+    // A path written with "~" below the home; any other as it stands.
+    QString expanded(const QString& path) const
+    {
+        return path.startsWith(QLatin1String("~/")) ? home.path() + path.mid(1) : path;
+    }
     QStringList expanded(const QStringList& tildePaths) const
     {
         QStringList full;

@@ -19,20 +19,6 @@ class DatabaseCleanersTest : public CleanerFixture {
 protected:
     DatabaseCleanersTest() { context.models.html5 = html5 = &HTML5Manager::createSharedInstance(); }
 
-    void database(const QString& relative, const QString& schemaFile, const QString& rows = QString())
-    {
-        QDir().mkpath(QFileInfo(home.file(relative)).absolutePath());
-        TestDatabase db(home.file(relative));
-        db.exec(QString::fromUtf8(testData(schemaFile)));
-        if (!rows.isEmpty())
-            db.exec(rows);
-    }
-    void select(const QString& folder, const QStringList& names)
-    {
-        QVariantMap selection = defaults.dictionaryForKey(u"ProfilesMenuDict"_s);
-        selection.insert(home.file(folder), QVariantList(names.cbegin(), names.cend()));
-        defaults.setObject(selection, u"ProfilesMenuDict"_s);
-    }
     void keepAndEnable(const QString& domain)
     {
         html5->addDomain();
@@ -63,8 +49,8 @@ const QString kPlacesRows =
 TEST_F(DatabaseCleanersTest, FirefoxProfilesRebuildPlacesAndWebStorage)
 {
     const QString profile = home.file(kProfiles + u"/a1.default"_s);
-    database(kProfiles + u"/a1.default/places.sqlite"_s, u"places-firefox-3.0.sql"_s, kPlacesRows);
-    database(kProfiles + u"/a1.default/webappsstore.sqlite"_s, u"firefox-webappsstore2.sql"_s);
+    makeDatabase(kProfiles + u"/a1.default/places.sqlite"_s, u"places-firefox-3.0.sql"_s, kPlacesRows);
+    makeDatabase(kProfiles + u"/a1.default/webappsstore.sqlite"_s, u"firefox-webappsstore2.sql"_s);
     select(kProfiles, {u"a1.default"_s, u"deleted.profile"_s});
     setAllKeys(true);
     keepAndEnable(u"kept.com"_s);
@@ -108,7 +94,7 @@ TEST_F(DatabaseCleanersTest, FirefoxProfilesRebuildPlacesAndWebStorage)
 TEST_F(DatabaseCleanersTest, CaminoTwoOneRebuildsPlacesAndTakesTheJournal)
 {
     const QString places = home.file(u"Library/Application Support/Camino/places.sqlite"_s);
-    database(u"Library/Application Support/Camino/places.sqlite"_s, u"places-firefox-3.0.sql"_s, kPlacesRows);
+    makeDatabase(u"Library/Application Support/Camino/places.sqlite"_s, u"places-firefox-3.0.sql"_s, kPlacesRows);
     setKey(PreferenceKey::shredSafariFavicon, true);
 
     // No closing empty line.
@@ -135,8 +121,8 @@ TEST_F(DatabaseCleanersTest, SafariFiveErasesTheStorageOfSitesNotKept)
     for (const QString& name : {u"http_www.kept.com_0.localstorage"_s, u"http_other.org_0.localstorage"_s,
                                 u"http_other.org_0.localstorage-journal"_s, u"safari-resource__0.localstorage"_s})
         home.write(u"Library/Safari/LocalStorage/"_s + name, "storage");
-    database(u"Library/Safari/LocalStorage/StorageTracker.db"_s, u"safari-storagetracker.sql"_s);
-    database(u"Library/Safari/Databases/Databases.db"_s, u"safari-databases.sql"_s);
+    makeDatabase(u"Library/Safari/LocalStorage/StorageTracker.db"_s, u"safari-storagetracker.sql"_s);
+    makeDatabase(u"Library/Safari/Databases/Databases.db"_s, u"safari-databases.sql"_s);
     QDir().mkpath(home.file(u"Library/Safari/Databases/http_www.kept.com_0"_s));
     QDir().mkpath(home.file(u"Library/Safari/Databases/http_other.org_0"_s));
     keepAndEnable(u"kept.com"_s);
@@ -154,7 +140,7 @@ TEST_F(DatabaseCleanersTest, SafariFiveErasesTheStorageOfSitesNotKept)
         QFile::remove(home.file(u"Library/Safari/%1/renamed.sqlite"_s.arg(folder))); // as the erase would
     queue.takePaths();
     QFile::remove(home.file(u"Library/Safari/Databases/Databases.db"_s));
-    database(u"Library/Safari/Databases/Databases.db"_s, u"chrome-databases.sql"_s);
+    makeDatabase(u"Library/Safari/Databases/Databases.db"_s, u"chrome-databases.sql"_s);
     const QStringList lines = run([&] { safari.Safari50(); });
     ASSERT_EQ(lines.size(), 5);
     EXPECT_EQ(lines[2], u"Databases Database Schema does not match key:"_s);
@@ -177,7 +163,7 @@ TEST_F(DatabaseCleanersTest, ChromeAndFlockStorageKeepTheirJournalsAndLogTheirFo
     const QString chromeProfile = u"Library/Application Support/Google/Chrome/Default/"_s;
     home.write(chromeProfile + u"Local Storage/http_gone.net_0.localstorage"_s, "s");
     home.write(chromeProfile + u"Local Storage/http_gone.net_0.localstorage-journal"_s, "j");
-    database(chromeProfile + u"databases/Databases.db"_s, u"chrome-databases.sql"_s);
+    makeDatabase(chromeProfile + u"databases/Databases.db"_s, u"chrome-databases.sql"_s);
     keepAndEnable(u"kept.com"_s);
     setAllKeys(false);
 
@@ -193,7 +179,7 @@ TEST_F(DatabaseCleanersTest, ChromeAndFlockStorageKeepTheirJournalsAndLogTheirFo
     const QString flockProfile = u"Library/Application Support/Flock/User Data/Default/"_s;
     home.write(flockProfile + u"Local Storage/chrome-extension_flock_people_0.localstorage"_s, "people");
     home.write(flockProfile + u"Local Storage/http_gone.net_0.localstorage"_s, "s");
-    database(flockProfile + u"databases/Databases.db"_s, u"chrome-databases.sql"_s);
+    makeDatabase(flockProfile + u"databases/Databases.db"_s, u"chrome-databases.sql"_s);
     const QStringList flockLines = run([&] { chrome.Flock35UserData(u"User Data"_s); });
     EXPECT_EQ(flockLines.mid(flockLines.size() - 2), (QStringList{u"Shred: Local Storage"_s, u"Shred: databases"_s}));
     EXPECT_EQ(paths.mid(paths.size() - 2),

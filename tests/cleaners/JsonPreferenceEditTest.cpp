@@ -123,7 +123,7 @@ TEST_F(JsonEditTest, AFileNestedDeeperThanAnyBrowserWritesIsLeftAsItWas)
               "{\"deep\":" + QByteArray(500, '[') + QByteArray(500, ']') + ",\"after\":1}");
 }
 
-TEST_F(JsonEditTest, AMissingRequiredKeyAndADryRunChangeNothing)
+TEST_F(JsonEditTest, AMissingRequiredKeyAndADryRunChangeNothingAndAKeyThatIsNotRequiredNeedNotBeThere)
 {
     const QByteArray withoutKey = R"({"profile":{"name":"me"}})";
     home.write(u"Chrome/Local State"_s, withoutKey);
@@ -133,6 +133,15 @@ TEST_F(JsonEditTest, AMissingRequiredKeyAndADryRunChangeNothing)
     home.write(u"Chrome/Local State"_s, kLocalState);
     EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, true, true).code, Code::None);
     expectUntouched(kLocalState);
+
+    // Without a key that is not required the file is still rewritten.
+    const QByteArray spaced = R"({"profile": {"name": "me"}})";
+    home.write(u"Chrome/Local State"_s, spaced);
+    // An old copy left by an interrupted run is replaced.
+    home.write(u"Chrome/Local State.vantlex"_s, "stale");
+    EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, false, false).code, Code::None);
+    EXPECT_EQ(home.read(u"Chrome/Local State"_s), R"({"profile":{"name":"me"}})");
+    EXPECT_EQ(home.read(u"Chrome/Local State.vantlex"_s), spaced);
 }
 
 TEST_F(JsonEditTest, AReadOnlyFileIsRewrittenAndStaysReadOnly)
@@ -146,17 +155,6 @@ TEST_F(JsonEditTest, AReadOnlyFileIsRewrittenAndStaysReadOnly)
                                               QFileDevice::ReadOther | QFileDevice::WriteOther | QFileDevice::ExeOther;
     EXPECT_EQ(QFileInfo(file()).permissions() & everyone,
               QFileDevice::ReadOwner | QFileDevice::ReadGroup | QFileDevice::ReadOther);
-}
-
-TEST_F(JsonEditTest, WithoutTheKeyTheFileIsStillRewrittenUnlessTheKeyIsRequired)
-{
-    const QByteArray withoutKey = R"({"profile": {"name": "me"}})";
-    home.write(u"Chrome/Local State"_s, withoutKey);
-    // An old copy left by an interrupted run is replaced.
-    home.write(u"Chrome/Local State.vantlex"_s, "stale");
-    EXPECT_EQ(JsonPreferenceEdit::removeKey(file(), u"StartupDNSPrefetchList"_s, false, false).code, Code::None);
-    EXPECT_EQ(home.read(u"Chrome/Local State"_s), R"({"profile":{"name":"me"}})");
-    EXPECT_EQ(home.read(u"Chrome/Local State.vantlex"_s), withoutKey);
 }
 
 TEST_F(JsonEditTest, AFailedWriteLeavesTheOriginalInPlace)

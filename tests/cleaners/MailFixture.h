@@ -8,18 +8,10 @@
 
 #include <sqlite3.h>
 
-// A temporary home for the mail cleaners: profile selections, folders, and
-// Envelope Index files made and read with the SQLite library.
+// A temporary home for the mail cleaners: Envelope Index files made and read
+// with the SQLite library.
 class MailFixture : public CleanerFixture {
 protected:
-    void select(const QString& folder, const QStringList& names)
-    {
-        QVariantMap selection = defaults.dictionaryForKey(QStringLiteral("ProfilesMenuDict"));
-        selection.insert(home.file(folder), QVariantList(names.cbegin(), names.cend()));
-        defaults.setObject(selection, QStringLiteral("ProfilesMenuDict"));
-    }
-    void makeFolder(const QString& relative) { QDir().mkpath(home.file(relative)); }
-
     // Runs SQL on a database file below the home, creating the file.
     void sql(const QString& relative, const QByteArray& statements)
     {

@@ -17,7 +17,7 @@ MailboxUrl parse(const QString& url)
 
 } // namespace
 
-TEST(MailboxUrlTest, EachSchemeNamesItsMailboxBelowTheMailFolder)
+TEST(MailboxUrlTest, EachSchemeNamesItsMailboxBelowTheMailFolderAndMissingPartsHaveStandIns)
 {
     const MailboxUrl imap = parse(u"imap://me%40example.com@imap.example.com/%5BGmail%5D/All%20Mail"_s);
     EXPECT_EQ(imap.user, u"me@example.com"_s);
@@ -42,13 +42,10 @@ TEST(MailboxUrlTest, EachSchemeNamesItsMailboxBelowTheMailFolder)
     const MailboxUrl other = parse(u"ews://me@exchange.example.com/Inbox"_s);
     EXPECT_TRUE(other.mailbox.isNull());
     EXPECT_TRUE(other.otherMailbox.isNull());
-}
 
-TEST(MailboxUrlTest, MissingPartsHaveTheirStandIns)
-{
-    const MailboxUrl local = parse(u"local:///Junk"_s);
-    EXPECT_EQ(local.user, u"unknown-user"_s);
-    EXPECT_EQ(local.host, u"unknown-host"_s);
+    const MailboxUrl junk = parse(u"local:///Junk"_s);
+    EXPECT_EQ(junk.user, u"unknown-user"_s);
+    EXPECT_EQ(junk.host, u"unknown-host"_s);
 
     const MailboxUrl bare = parse(u"imap://user@host"_s);
     EXPECT_EQ(bare.path, u"unknown-path"_s);

@@ -23,6 +23,10 @@ const QStringList kWorkFiles{u"places.vantlex.sqlite"_s, u"places.vantlex.sqlite
                              u"places.vantlex.sql.sqlite"_s, u"places.vantlex.src.sqlite"_s,
                              u"places.vantlex.dst.sqlite"_s};
 
+// What a rebuild without history keeps of makePlaces(): the places the
+// bookmarks and annotations need.
+const QStringList kPlacesWithoutHistory{u"1"_s, u"2"_s, u"3"_s, u"5"_s, u"6"_s, u"7"_s};
+
 mode_t modeOf(const QString& path)
 {
     struct stat status {};
@@ -88,6 +92,16 @@ protected:
         return db.rows(query);
     }
 
+    QStringList placeIds() { return table(places, u"select id from moz_places order by id"_s); }
+
+    // A shell for the rebuild: a script of the test's that runs the bundled one.
+    void useShell(const QByteArray& script)
+    {
+        home.write(u"sqlite3"_s, "#!/bin/sh\n" + script + "\n");
+        ::chmod(QFile::encodeName(home.file(u"sqlite3"_s)).constData(), 0755);
+        context.setSqliteShellForTesting(home.file(u"sqlite3"_s));
+    }
+
     QString scrub() { return PlacesScrub(context, context.sqliteShell()).firefox3sqlite(places); }
 
     QStringList leftOvers() const
@@ -125,7 +139,7 @@ TEST_F(PlacesScrubTest, KeepsBookmarksAndDropsHistoryAndUnusedIcons)
     makePlaces();
     setKey(PreferenceKey::ShredHistory, true);
     setKey(PreferenceKey::shredSafariFavicon, true);
-    const QByteArray before = home.read(places.mid(home.path().size() + 1));
+    const QByteArray before = home.read(places);
     QMap<QString, QStringList> kept;
     for (const Kept& k : kAlwaysKept)
         kept.insert(k.table, table(places, k.query));
@@ -139,8 +153,7 @@ TEST_F(PlacesScrubTest, KeepsBookmarksAndDropsHistoryAndUnusedIcons)
     EXPECT_EQ(old.readAll(), before);
     EXPECT_EQ(leftOvers(), QStringList());
 
-    EXPECT_EQ(table(places, u"select id from moz_places order by id"_s),
-              QStringList({u"1"_s, u"2"_s, u"3"_s, u"5"_s, u"6"_s, u"7"_s}));
+    EXPECT_EQ(placeIds(), kPlacesWithoutHistory);
     EXPECT_EQ(table(places, u"select count(*) from moz_historyvisits"_s), QStringList{u"0"_s});
     EXPECT_EQ(table(places, u"select count(*) from moz_inputhistory"_s), QStringList{u"0"_s});
     for (const Kept& k : kAlwaysKept)
@@ -176,8 +189,7 @@ TEST_F(PlacesScrubTest, KeptHistoryAndIconsSurviveWhole)
     const QStringList icons = table(places, u"select * from moz_favicons order by id"_s);
     ASSERT_FALSE(scrub().isNull());
     EXPECT_EQ(table(places, u"select * from moz_favicons order by id"_s), icons);
-    EXPECT_EQ(table(places, u"select id from moz_places order by id"_s),
-              QStringList({u"1"_s, u"2"_s, u"3"_s, u"5"_s, u"6"_s, u"7"_s}));
+    EXPECT_EQ(placeIds(), kPlacesWithoutHistory);
 }
 
 TEST_F(PlacesScrubTest, UnknownSchemaIsLeftAsItWasWithBothDigests)
@@ -187,7 +199,7 @@ TEST_F(PlacesScrubTest, UnknownSchemaIsLeftAsItWasWithBothDigests)
         db.exec(u"CREATE TABLE moz_places (id INTEGER PRIMARY KEY);"_s);
         db.exec(u"INSERT INTO moz_places VALUES (1);"_s);
     }
-    const QByteArray before = home.read(places.mid(home.path().size() + 1));
+    const QByteArray before = home.read(places);
     const QString listing = u"CREATE TABLE moz_places (id INTEGER PRIMARY KEY);\n"_s;
 
     QString renamed;
@@ -196,7 +208,7 @@ TEST_F(PlacesScrubTest, UnknownSchemaIsLeftAsItWasWithBothDigests)
     EXPECT_TRUE(renamed.isNull());
     EXPECT_EQ(lines, QStringList({u"Places Database Schema does not match key:"_s, md5(listing.toUtf8()),
                                   md5("CREATETABLEmoz_places(idINTEGERPRIMARYKEY);")}));
-    EXPECT_EQ(home.read(places.mid(home.path().size() + 1)), before);
+    EXPECT_EQ(home.read(places), before);
     EXPECT_EQ(leftOvers(), QStringList());
 }
 
@@ -210,13 +222,13 @@ TEST_F(PlacesScrubTest, FilesThatAreNoDatabaseStayAsTheyWere)
 
     const QList<QByteArray> contents{QByteArray(), QByteArray("\x01\x02garbage\xff\xfe", 12), truncated};
     for (const QByteArray& bytes : contents) {
-        home.write(places.mid(home.path().size() + 1), bytes);
+        home.write(places, bytes);
         QString renamed;
         const QStringList lines = run([&] { renamed = scrub(); });
         EXPECT_TRUE(renamed.isNull());
         ASSERT_FALSE(lines.isEmpty());
         EXPECT_EQ(lines.first(), u"Places Database Schema does not match key:"_s);
-        EXPECT_EQ(home.read(places.mid(home.path().size() + 1)), bytes);
+        EXPECT_EQ(home.read(places), bytes);
     }
 
     QFile::remove(places);
@@ -233,7 +245,7 @@ TEST_F(PlacesScrubTest, LeftOversOfAnInterruptedRunAreRemoved)
     makePlaces();
     setKey(PreferenceKey::ShredHistory, true);
     for (const QString& name : kWorkFiles)
-        home.write(QDir(home.path()).relativeFilePath(profile + u'/' + name), "left over");
+        home.write(profile + u'/' + name, "left over");
     // Cut off inside the swap: the live database's second name must go without
     // touching the live file's permissions.
     ::chmod(QFile::encodeName(places).constData(), 0600);
@@ -254,7 +266,7 @@ TEST_F(PlacesScrubTest, ADatabaseAnotherProgramWritesIsLeftAsItWasAndItsCommitKe
 {
     makePlaces();
     setKey(PreferenceKey::ShredHistory, true);
-    const QByteArray before = home.read(QDir(home.path()).relativeFilePath(places));
+    const QByteArray before = home.read(places);
 
     // Another process inside a write transaction: it adds a bookmark, waits for
     // the rebuild to be over, then commits.
@@ -277,7 +289,7 @@ TEST_F(PlacesScrubTest, ADatabaseAnotherProgramWritesIsLeftAsItWasAndItsCommitKe
     char byte = 0;
     ASSERT_EQ(::read(ready[0], &byte, 1), 1);
     const QStringList lines = run([&] { EXPECT_TRUE(scrub().isNull()); });
-    EXPECT_EQ(home.read(QDir(home.path()).relativeFilePath(places)), before);
+    EXPECT_EQ(home.read(places), before);
     EXPECT_EQ(::write(go[1], &byte, 1), 1);
     int status = -1;
     ::waitpid(writer, &status, 0);
@@ -289,10 +301,10 @@ TEST_F(PlacesScrubTest, ADatabaseAnotherProgramWritesIsLeftAsItWasAndItsCommitKe
     EXPECT_EQ(leftOvers(), QStringList());
 
     // What a program that stopped mid-write left in its journal is not dropped either.
-    home.write(QDir(home.path()).relativeFilePath(places + u"-journal"_s), QByteArray(512, 'j'));
-    const QByteArray committed = home.read(QDir(home.path()).relativeFilePath(places));
+    home.write(places + u"-journal"_s, QByteArray(512, 'j'));
+    const QByteArray committed = home.read(places);
     EXPECT_TRUE(run([&] { scrub(); }).contains(u"Places Database is in use by another program - not rewritten."_s));
-    EXPECT_EQ(home.read(QDir(home.path()).relativeFilePath(places)), committed);
+    EXPECT_EQ(home.read(places), committed);
 }
 
 TEST_F(PlacesScrubTest, TheJournalOfAShellStoppedInsideATransactionIsNotPlayedIntoTheNextRebuild)
@@ -320,12 +332,11 @@ TEST_F(PlacesScrubTest, TheJournalOfAShellStoppedInsideATransactionIsNotPlayedIn
 
     EXPECT_EQ(renamed, profile + u"/places.renamed.sqlite"_s);
     EXPECT_EQ(lines, QStringList());
-    EXPECT_EQ(table(places, u"select id from moz_places order by id"_s),
-              QStringList({u"1"_s, u"2"_s, u"3"_s, u"5"_s, u"6"_s, u"7"_s}));
+    EXPECT_EQ(placeIds(), kPlacesWithoutHistory);
     EXPECT_EQ(table(places, u"select count(*) from moz_historyvisits"_s), QStringList{u"0"_s});
     EXPECT_EQ(table(places, u"select count(*) from moz_bookmarks"_s), QStringList{u"5"_s});
     // Not even in free pages: the new database starts from the empty template.
-    EXPECT_FALSE(home.read(QDir(home.path()).relativeFilePath(places)).contains("erased.example"));
+    EXPECT_FALSE(home.read(places).contains("erased.example"));
     EXPECT_FALSE(QFileInfo::exists(work + u"-journal"_s));
     EXPECT_EQ(leftOvers(), QStringList());
 }
@@ -337,7 +348,7 @@ TEST_F(PlacesScrubTest, TheOldDatabaseAnInterruptedRunLeftIsErasedNotUnlinked)
     // Killed after the swap, before the erase: the old database with all of the
     // history waits under the work name.
     const QString renamedPath = profile + u"/places.renamed.sqlite"_s;
-    home.write(QDir(home.path()).relativeFilePath(renamedPath), "the old database, every visit in it");
+    home.write(renamedPath, "the old database, every visit in it");
 
     EXPECT_EQ(scrub(), renamedPath);
 
@@ -345,8 +356,7 @@ TEST_F(PlacesScrubTest, TheOldDatabaseAnInterruptedRunLeftIsErasedNotUnlinked)
     ASSERT_EQ(paths.size(), 1);
     EXPECT_TRUE(QFileInfo(paths[0]).fileName().startsWith(u"Vantle X Items ("_s)) << qPrintable(paths[0]);
     EXPECT_EQ(QFileInfo(paths[0]).absolutePath(), profile);
-    EXPECT_EQ(home.read(QDir(home.path()).relativeFilePath(paths[0] + u"/places.renamed.sqlite"_s)),
-              "the old database, every visit in it");
+    EXPECT_EQ(home.read(paths[0] + u"/places.renamed.sqlite"_s), "the old database, every visit in it");
     EXPECT_EQ(table(renamedPath, u"select count(*) from moz_historyvisits"_s), QStringList{u"7"_s});
 }
 
@@ -360,11 +370,8 @@ TEST_F(PlacesScrubTest, ARebuildThatLostABookmarkedPlaceDoesNotReplaceTheDatabas
     }
     // A shell that may write no file past 400 KB: the disk fills up before the
     // second bookmarked place is in, while every bookmark still arrives.
-    home.write(u"sqlite3"_s, "#!/bin/sh\nexec prlimit --fsize=409600 '" +
-                                 QFile::encodeName(SqliteShell::resourcePath()) + "' \"$@\"\n");
-    ::chmod(QFile::encodeName(home.file(u"sqlite3"_s)).constData(), 0755);
-    context.setSqliteShellForTesting(home.file(u"sqlite3"_s));
-    const QByteArray before = home.read(QDir(home.path()).relativeFilePath(places));
+    useShell("exec prlimit --fsize=409600 '" + QFile::encodeName(SqliteShell::resourcePath()) + "' \"$@\"");
+    const QByteArray before = home.read(places);
 
     QString renamed;
     const QStringList lines = run([&] { renamed = scrub(); });
@@ -372,7 +379,7 @@ TEST_F(PlacesScrubTest, ARebuildThatLostABookmarkedPlaceDoesNotReplaceTheDatabas
     EXPECT_TRUE(renamed.isNull());
     const QStringList refused{u"Places Vantle X Database lost rows while it was rebuilt - not replaced."_s, QString()};
     EXPECT_EQ(lines, refused);
-    EXPECT_EQ(home.read(QDir(home.path()).relativeFilePath(places)), before);
+    EXPECT_EQ(home.read(places), before);
     EXPECT_EQ(leftOvers(), QStringList());
 }
 
@@ -380,15 +387,15 @@ TEST_F(PlacesScrubTest, DryRunChangesNothing)
 {
     makePlaces();
     setKey(PreferenceKey::ShredHistory, true);
-    home.write(QDir(home.path()).relativeFilePath(profile + u"/places.vantlex.src.sqlite"_s), "left over");
+    home.write(profile + u"/places.vantlex.src.sqlite"_s, "left over");
     const QStringList before = QDir(profile).entryList(QDir::Files);
-    const QByteArray bytes = home.read(QDir(home.path()).relativeFilePath(places));
+    const QByteArray bytes = home.read(places);
     EraseQueue dryQueue(preferences, true);
     CleanerContext dry(dryQueue, isRunning, customStatus, preferences, true);
 
     EXPECT_EQ(PlacesScrub(dry, dry.sqliteShell()).firefox3sqlite(places), profile + u"/places.renamed.sqlite"_s);
     EXPECT_EQ(QDir(profile).entryList(QDir::Files), before);
-    EXPECT_EQ(home.read(QDir(home.path()).relativeFilePath(places)), bytes);
+    EXPECT_EQ(home.read(places), bytes);
 }
 
 TEST_F(PlacesScrubTest, FolderNamesWithSpacesQuotesAndAccentsWorkOrAreRefused)
@@ -412,7 +419,7 @@ TEST_F(PlacesScrubTest, FolderNamesWithSpacesQuotesAndAccentsWorkOrAreRefused)
     const QString quotedFolder = home.file(u"Library/Application Support/Firefox/Profiles/a\"b"_s);
     QDir().mkpath(quotedFolder);
     QFile::copy(accented + u"/p/places.renamed.sqlite"_s, quotedFolder + u"/places.sqlite"_s);
-    const QByteArray before = home.read(QDir(home.path()).relativeFilePath(quotedFolder + u"/places.sqlite"_s));
+    const QByteArray before = home.read(quotedFolder + u"/places.sqlite"_s);
     QString renamed;
     const QStringList lines = run([&] {
         renamed = PlacesScrub(context, context.sqliteShell()).firefox3sqlite(quotedFolder + u"/places.sqlite"_s);
@@ -420,33 +427,26 @@ TEST_F(PlacesScrubTest, FolderNamesWithSpacesQuotesAndAccentsWorkOrAreRefused)
     EXPECT_TRUE(renamed.isNull());
     EXPECT_EQ(lines,
               QStringList({u"Places Database folder name holds a quote or backslash - not rewritten."_s, QString()}));
-    EXPECT_EQ(home.read(QDir(home.path()).relativeFilePath(quotedFolder + u"/places.sqlite"_s)), before);
+    EXPECT_EQ(home.read(quotedFolder + u"/places.sqlite"_s), before);
     EXPECT_EQ(QDir(quotedFolder).entryList(QDir::Files), QStringList{u"places.sqlite"_s});
 }
 
-TEST_F(PlacesScrubTest, TheUsersShellSettingsChangeNothing)
+TEST_F(PlacesScrubTest, TheUsersShellSettingsChangeNothingAndAMissingShellLeavesTheDatabase)
 {
     makePlaces();
     setKey(PreferenceKey::ShredHistory, true);
     // A shell that loads settings like a user's ~/.sqliterc before every command.
     home.write(u"rc"_s, ".headers on\n.mode column\n.timer on\n.changes on\n.nullvalue (null)\n");
-    home.write(u"sqlite3"_s, "#!/bin/sh\nexec '" + QFile::encodeName(SqliteShell::resourcePath()) + "' -init '" +
-                                 QFile::encodeName(home.file(u"rc"_s)) + "' \"$@\"\n");
-    ::chmod(QFile::encodeName(home.file(u"sqlite3"_s)).constData(), 0755);
-    context.setSqliteShellForTesting(home.file(u"sqlite3"_s));
+    useShell("exec '" + QFile::encodeName(SqliteShell::resourcePath()) + "' -init '" +
+             QFile::encodeName(home.file(u"rc"_s)) + "' \"$@\"");
 
     ASSERT_FALSE(scrub().isNull());
-    EXPECT_EQ(table(places, u"select id from moz_places order by id"_s),
-              QStringList({u"1"_s, u"2"_s, u"3"_s, u"5"_s, u"6"_s, u"7"_s}));
+    EXPECT_EQ(placeIds(), kPlacesWithoutHistory);
     EXPECT_EQ(table(places, u"select count(*) from moz_bookmarks"_s), QStringList{u"5"_s});
-}
 
-TEST_F(PlacesScrubTest, AMissingShellLeavesTheDatabase)
-{
-    makePlaces();
-    setKey(PreferenceKey::ShredHistory, true);
-    const QByteArray before = home.read(QDir(home.path()).relativeFilePath(places));
+    // A missing shell leaves the database as it is.
+    const QByteArray before = home.read(places);
     context.setSqliteShellForTesting(home.file(u"no-such-shell"_s));
     EXPECT_EQ(run([&] { EXPECT_TRUE(scrub().isNull()); }), QStringList({u"SQLite shell does not exist."_s, QString()}));
-    EXPECT_EQ(home.read(QDir(home.path()).relativeFilePath(places)), before);
+    EXPECT_EQ(home.read(places), before);
 }

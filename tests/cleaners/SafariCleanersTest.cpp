@@ -20,88 +20,17 @@ protected:
 
 } // namespace
 
-TEST_F(SafariCleanersTest, EveryFixedSafariAndShiiraCleanerWithAllKeysOn)
-{
-    setAllKeys(true);
-    const QStringList lines = run([&] {
-        cleaners.Safari10();
-        cleaners.Safari30();
-        cleaners.Safari60();
-        cleaners.Shiira12();
-        cleaners.Shiira20();
-    });
-    EXPECT_EQ(lines, (QStringList{
-                         u"Safari"_s,
-                         u"Shred: ~/Library/Caches/Safari"_s,
-                         u"Shred: ~/Library/Safari/History.plist"_s,
-                         u"Shred: ~/Library/Safari/Downloads.plist"_s,
-                         u"Shred: ~/Library/Safari/Icons"_s,
-                         u""_s,
-                         u"Safari 3.0"_s,
-                         u"Shred: ~/Library/Caches/com.apple.safari"_s,
-                         u"Shred: ~/Library/Caches/MetaData/Safari"_s,
-                         u"Shred: ~/Library/Safari/LastSession.plist"_s,
-                         u"Shred: ~/Library/Safari/HistoryIndex.sk"_s,
-                         u"Shred: ~/Library/Safari/Webpageicons.db"_s,
-                         u""_s,
-                         u"Safari 6.0"_s,
-                         u"Shred: ~/Library/Cookies/com.apple.Safari.SafeBrowsing.binarycookies"_s,
-                         u"Shiira"_s, // Safari 6 ends without its empty line
-                         u"Shred: ~/Library/Caches/Shiira"_s,
-                         u"Shred: ~/Library/Shiira/History.plist"_s,
-                         u"Shred: ~/Library/Shiira/Downloads.plist"_s,
-                         u"Shred: ~/Library/Shiira/IconDatabase"_s,
-                         u""_s,
-                         u"Shiira v2"_s,
-                         u"Shred: ~/Library/Application Support/Shiira/IconDatabase"_s,
-                         u"Shred: ~/Library/Application Support/Shiira/History.plist"_s,
-                         u"Shred: ~/Library/Caches/jp.hmdt.shiira"_s,
-                         u"Shred: ~/Library/Caches/jp.hmdt.rsssyndication"_s,
-                         u""_s,
-                     }));
-    EXPECT_EQ(paths.size(), 18);
-    EXPECT_EQ(paths[5], home.file(u"Library/Caches/MetaData/Safari"_s));
-}
-
-TEST_F(SafariCleanersTest, SkipLinesWithEverythingOff)
-{
-    setAllKeys(false);
-    const QStringList lines = run([&] {
-        cleaners.Safari30();
-        cleaners.Safari40();
-        cleaners.Safari60();
-    });
-    EXPECT_EQ(lines, (QStringList{
-                         u"Safari 3.0"_s,
-                         u"Skip: ~/Library/Caches/com.apple.safari"_s,
-                         u"Skip: ~/Library/Caches/MetaData/Safari"_s,
-                         u"Skip: ~/Library/Safari/HistoryIndex.sk"_s,
-                         u"Skip: ~/Library/Safari/Webpageicons.db"_s,
-                         u""_s,
-                         u"Safari 4.0"_s,
-                         u"Skip: $TMPDIR/../-Caches-/com.apple.Safari"_s,
-                         u"Skip: ~/Library/Caches/com.apple.Safari"_s,
-                         u"Skip: ~/Library/Caches/Safari Webpage Preview Fetcher"_s,
-                         u"Skip: ~/Library/Safari/TopSites.plist"_s,
-                         u""_s,
-                         u"Safari 6.0"_s,
-                         u"Skip: ~/Library/Cookies/com.apple.Safari.SafeBrowsing.binarycookies"_s,
-                     }));
-    EXPECT_TRUE(paths.isEmpty());
-}
-
 TEST_F(SafariCleanersTest, DisabledBrowsersWriteOnlyTheirHeaderAndTheReason)
 {
     setAllKeys(true);
-    disable(u"Safari"_s); // Shiira follows
+    disable(u"Safari"_s);
     const QStringList lines = run([&] {
         cleaners.Safari20Shiira12();
+        cleaners.Safari40();
         cleaners.Safari51();
-        cleaners.Safari60();
-        cleaners.Shiira20();
     });
-    EXPECT_EQ(lines, (QStringList{u"Safari 2.0 and/or Shiira 1.2"_s, kNotEnabled, u""_s, u"Safari 5.1-6"_s, kNotEnabled,
-                                  u""_s, u"Safari 6.0"_s, kNotEnabled, u""_s, u"Shiira v2"_s, kNotEnabled, u""_s}));
+    EXPECT_EQ(lines, (QStringList{u"Safari 2.0 and/or Shiira 1.2"_s, kNotEnabled, u""_s, u"Safari 4.0"_s, kNotEnabled,
+                                  u""_s, u"Safari 5.1-6"_s, kNotEnabled, u""_s}));
     EXPECT_TRUE(paths.isEmpty());
     EXPECT_TRUE(runner.calls.isEmpty());
 }
@@ -144,6 +73,16 @@ TEST_F(SafariCleanersTest, SafariFourTakesTheTemporaryCacheAndKeepsTopSitesWhenA
     setKey(PreferenceKey::KeepSafariTopSites, false);
     run([&] { cleaners.Safari40(); });
     EXPECT_EQ(paths.last(), home.file(u"Library/Safari/TopSites.plist"_s));
+
+    setAllKeys(false);
+    EXPECT_EQ(run([&] { cleaners.Safari40(); }), (QStringList{
+                                                     u"Safari 4.0"_s,
+                                                     u"Skip: $TMPDIR/../-Caches-/com.apple.Safari"_s,
+                                                     u"Skip: ~/Library/Caches/com.apple.Safari"_s,
+                                                     u"Skip: ~/Library/Caches/Safari Webpage Preview Fetcher"_s,
+                                                     u"Skip: ~/Library/Safari/TopSites.plist"_s,
+                                                     u""_s,
+                                                 }));
 
     // Without TMPDIR the temporary folder is /tmp, whose parent is the root.
     qunsetenv("TMPDIR");

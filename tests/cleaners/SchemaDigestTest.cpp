@@ -17,14 +17,11 @@ const QString kSafariDatabases =
 
 } // namespace
 
-TEST(SchemaDigest, TheRawDigestIsTheListingsMd5InLowerCaseHex)
+TEST(SchemaDigest, TheRawDigestIsTheListingsMd5AndTheCompactFormDropsEveryWhiteSpaceCharacter)
 {
     EXPECT_EQ(SchemaDigest::raw(kSafariDatabases), u"e137cf574bd35a232d169ad1eaa39c1a"_s);
     EXPECT_EQ(SchemaDigest::md5Hex(QString()), u"d41d8cd98f00b204e9800998ecf8427e"_s);
-}
 
-TEST(SchemaDigest, TheCompactFormDropsEveryWhiteSpaceAndNewlineCharacter)
-{
     EXPECT_EQ(SchemaDigest::removeWhiteSpace(u"  CREATE TABLE\tt\r\n(x\vTEXT,\fy)\n"_s), u"CREATETABLEt(xTEXT,y)"_s);
     // Beyond ASCII too: a schema that differs only in such characters compacts alike.
     const QString unicodeSpaced = u"CREATE\u00a0TABLE\u2028t\u3000(x\u0085TEXT\u2029)\u2003"_s;

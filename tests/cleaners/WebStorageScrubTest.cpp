@@ -28,17 +28,6 @@ protected:
         }
     }
 
-    // A database made from a test-data schema, filled by statements.
-    QString makeDatabase(const QString& relative, const QString& schemaFile, const QString& rows)
-    {
-        const QString path = home.file(relative);
-        QDir().mkpath(QFileInfo(path).absolutePath());
-        TestDatabase db(path);
-        db.exec(QString::fromUtf8(testData(schemaFile)));
-        db.exec(rows);
-        return path;
-    }
-
     QStringList column(const QString& path, const QString& query)
     {
         TestDatabase db(path);

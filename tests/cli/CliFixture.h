@@ -25,6 +25,23 @@ protected:
         return run(arguments);
     }
 
+    // Runs each command on the home, each of which must succeed.
+    void configure(const QList<QStringList>& commands) const
+    {
+        for (const QStringList& command : commands)
+            EXPECT_EQ(cli(command).exitCode, 0) << qPrintable(command.join(QLatin1Char(' ')));
+    }
+
+    // What a run on the test's home needs: Eudora off, as version 6 names its trash
+    // at the root of the disk, and the activity log on, with further commands.
+    void prepareRuns(const QList<QStringList>& more = {}) const
+    {
+        configure(QList<QStringList>{{QStringLiteral("apps"), QStringLiteral("disable"), QStringLiteral("Eudora")},
+                                     {QStringLiteral("prefs"), QStringLiteral("set"), QStringLiteral("ActivityLog"),
+                                      QStringLiteral("YES")}} +
+                  more);
+    }
+
     static CliRun run(const QStringList& arguments)
     {
         const ProcessResult result = ChildProcess::run(QStringLiteral(VANTLE_CLI_PATH), arguments);

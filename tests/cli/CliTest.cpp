@@ -25,6 +25,16 @@ protected:
         EXPECT_TRUE(run.out.isEmpty());
         EXPECT_EQ(home.read(kSettings), before);
     }
+
+    QVariantList plugins() const { return stored().value(u"mPluginArray"_s).toList(); }
+    QVariantMap plugin(const QString& name) const
+    {
+        for (const QVariant& entry : plugins()) {
+            if (entry.toMap().value(u"name"_s) == name)
+                return entry.toMap();
+        }
+        return {};
+    }
 };
 
 } // namespace
@@ -41,8 +51,8 @@ TEST_F(CliTest, ListShowsEveryKeyWithItsValueAndWhetherItIsTheFactoryValue)
     EXPECT_FALSE(run.out.contains(u"changed"_s));
     EXPECT_TRUE(stored().isEmpty());
 
-    ASSERT_EQ(cli({u"prefs"_s, u"set"_s, u"ShredHistory"_s, u"true"_s}).exitCode, 0);
-    ASSERT_EQ(cli({u"prefs"_s, u"set"_s, u"NumberOfWrites"_s, u"16"_s}).exitCode, 0);
+    configure(
+        {{u"prefs"_s, u"set"_s, u"ShredHistory"_s, u"true"_s}, {u"prefs"_s, u"set"_s, u"NumberOfWrites"_s, u"16"_s}});
     lines = cli({u"prefs"_s, u"list"_s}).out.trimmed().split(u'\n');
     EXPECT_EQ(lines[3].simplified(), u"ShredHistory YES changed"_s);
     EXPECT_EQ(lines[12].simplified(), u"NumberOfWrites 16 changed"_s);
@@ -58,9 +68,9 @@ TEST_F(CliTest, SetThenBackToFactoryAndResetLeaveNoKey)
         EXPECT_FALSE(stored().contains(u"ShredCookies"_s));
     }
 
-    cli({u"prefs"_s, u"set"_s, u"OverwritePattern"_s, u"6"_s});
-    cli({u"prefs"_s, u"set"_s, u"ConfirmShredding"_s, u"NO"_s});
-    cli({u"apps"_s, u"disable"_s, u"Opera"_s});
+    configure({{u"prefs"_s, u"set"_s, u"OverwritePattern"_s, u"6"_s},
+               {u"prefs"_s, u"set"_s, u"ConfirmShredding"_s, u"NO"_s},
+               {u"apps"_s, u"disable"_s, u"Opera"_s}});
     EXPECT_EQ(stored().keys(), (QStringList{u"ConfirmShredding"_s, u"EnabledBrowsers"_s, u"OverwritePattern"_s}));
     ASSERT_EQ(cli({u"prefs"_s, u"reset"_s}).exitCode, 0);
     EXPECT_EQ(stored().keys(), QStringList{u"EnabledBrowsers"_s}); // the application list is not a setting
@@ -69,25 +79,26 @@ TEST_F(CliTest, SetThenBackToFactoryAndResetLeaveNoKey)
 
 TEST_F(CliTest, BadKeysValuesAndNamesAreRefusedAndChangeNothing)
 {
-    cli({u"prefs"_s, u"set"_s, u"ShredHistory"_s, u"YES"_s});
-    expectRefused({u"prefs"_s, u"set"_s, u"NoSuchKey"_s, u"YES"_s});
-    expectRefused({u"prefs"_s, u"set"_s, u"shredhistory"_s, u"NO"_s});
-    expectRefused({u"prefs"_s, u"get"_s, u"NoSuchKey"_s});
-    expectRefused({u"prefs"_s, u"set"_s, u"ShredHistory"_s, u"maybe"_s});
-    expectRefused({u"prefs"_s, u"set"_s, u"ShredHistory"_s, u"2"_s});
-    expectRefused({u"prefs"_s, u"set"_s, u"NumberOfWrites"_s, u"YES"_s});
-    expectRefused({u"prefs"_s, u"set"_s, u"NumberOfWrites"_s, u"1"_s}); // the menu's separator
-    expectRefused({u"prefs"_s, u"set"_s, u"NumberOfWrites"_s, u"17"_s});
-    expectRefused({u"prefs"_s, u"set"_s, u"NumberOfWrites"_s, u"-1"_s});
-    expectRefused({u"prefs"_s, u"set"_s, u"OverwritePattern"_s, u"1"_s});
-    expectRefused({u"prefs"_s, u"set"_s, u"OverwritePattern"_s, u"7"_s});
+    configure({{u"prefs"_s, u"set"_s, u"ShredHistory"_s, u"YES"_s}});
+    const QString set = u"set"_s;
+    for (const QStringList& arguments : QList<QStringList>{{set, u"NoSuchKey"_s, u"YES"_s},
+                                                           {set, u"shredhistory"_s, u"NO"_s},
+                                                           {u"get"_s, u"NoSuchKey"_s},
+                                                           {set, u"ShredHistory"_s, u"maybe"_s},
+                                                           {set, u"ShredHistory"_s, u"2"_s},
+                                                           {set, u"NumberOfWrites"_s, u"YES"_s},
+                                                           {set, u"NumberOfWrites"_s, u"1"_s}, // the menu's separator
+                                                           {set, u"NumberOfWrites"_s, u"17"_s},
+                                                           {set, u"NumberOfWrites"_s, u"-1"_s},
+                                                           {set, u"OverwritePattern"_s, u"1"_s},
+                                                           {set, u"OverwritePattern"_s, u"7"_s},
+                                                           {}})
+        expectRefused(QStringList{u"prefs"_s} + arguments);
     expectRefused({u"apps"_s, u"enable"_s, u"Netscape Navigator"_s});
+    expectRefused({u"frobnicate"_s});
     EXPECT_EQ(stored().value(u"ShredHistory"_s), true);
-
-    EXPECT_EQ(cli({u"prefs"_s, u"set"_s, u"NumberOfWrites"_s, u"2"_s}).exitCode, 0);
-    EXPECT_EQ(cli({u"prefs"_s, u"set"_s, u"OverwritePattern"_s, u"0"_s}).exitCode, 0);
-    EXPECT_EQ(cli({u"frobnicate"_s}).exitCode, 2);
-    EXPECT_EQ(cli({u"prefs"_s}).exitCode, 2);
+    configure(
+        {{u"prefs"_s, u"set"_s, u"NumberOfWrites"_s, u"2"_s}, {u"prefs"_s, u"set"_s, u"OverwritePattern"_s, u"0"_s}});
 
     EXPECT_EQ(run({u"--home"_s, home.file(u"absent"_s), u"prefs"_s, u"list"_s}).exitCode, 2);
     EXPECT_FALSE(QFileInfo::exists(home.file(u"absent"_s)));
@@ -121,10 +132,10 @@ TEST_F(CliTest, AppsFollowTheCouplingsAndAreIdempotent)
 TEST_F(CliTest, NoCommandCreatesALoginItemAndHomeStaysInsideTheGivenFolder)
 {
     TempHome otherHome; // HOME of the child process; --home must win over it
-    ASSERT_EQ(cli({u"prefs"_s, u"list"_s}).exitCode, 0);
-    cli({u"prefs"_s, u"set"_s, u"Tarnhold"_s, u"NO"_s});
-    cli({u"prefs"_s, u"set"_s, u"Tarnhold"_s, u"YES"_s});
-    cli({u"shred"_s, u"--yes"_s, u"--quiet"_s});
+    configure({{u"prefs"_s, u"list"_s},
+               {u"prefs"_s, u"set"_s, u"Tarnhold"_s, u"NO"_s},
+               {u"prefs"_s, u"set"_s, u"Tarnhold"_s, u"YES"_s},
+               {u"shred"_s, u"--yes"_s, u"--quiet"_s}});
     EXPECT_FALSE(QFileInfo::exists(home.file(kAutostart)));
     EXPECT_TRUE(QFileInfo::exists(home.file(kSettings)));
     EXPECT_TRUE(QDir(otherHome.path()).isEmpty());
@@ -181,13 +192,90 @@ TEST_F(CliTest, GermanTextsComeFromTheCatalogueWhileKeysAndTheLogStayEnglish)
     EXPECT_TRUE(plan.out.contains(u"Würde 0 Einträge löschen (0 Dateien, 0 Bytes)"_s)) << qPrintable(plan.out);
     EXPECT_TRUE(cli({u"shred"_s, u"--dry-run"_s, u"--json"_s}).out.contains(u"\"passed_over\""_s));
 
-    ASSERT_EQ(cli({u"prefs"_s, u"set"_s, u"ActivityLog"_s, u"YES"_s}).exitCode, 0);
+    configure({{u"prefs"_s, u"set"_s, u"ActivityLog"_s, u"YES"_s}});
     const CliRun shred = cli({u"shred"_s, u"--yes"_s, u"--quiet"_s});
-    ASSERT_EQ(shred.exitCode, 0);
+    qunsetenv("LC_ALL");
+    EXPECT_EQ(shred.exitCode, 0);
     EXPECT_TRUE(shred.out.contains(u"\nDauer: "_s)) << qPrintable(shred.out);
     const QString log = QString::fromUtf8(home.read(u"Library/Logs/Vantle X Log.txt"_s));
     EXPECT_TRUE(log.contains(u"User selected YES in Confirm dialog"_s)) << qPrintable(log.left(300));
     EXPECT_TRUE(stored().contains(u"ActivityLog"_s));
+}
+
+TEST_F(CliTest, KeptDomainsAreAddedListedAndRemovedAndTheSwitchSetsErasing)
+{
+    CliRun list = cli({u"keep"_s, u"list"_s});
+    ASSERT_EQ(list.exitCode, 0) << qPrintable(list.err);
+    EXPECT_EQ(list.out, u"HTML5 storage erasing: off\n"_s);
+
+    configure({{u"keep"_s, u"add"_s, u"apple.com"_s}, {u"keep"_s, u"add"_s, u"example.org"_s}});
+    EXPECT_EQ(stored().value(u"mDomainTableData"_s), (QVariantList{u"apple.com"_s, u"example.org"_s}));
+    expectRefused({u"keep"_s, u"add"_s, u"apple.com"_s});
+    expectRefused({u"keep"_s, u"add"_s, QString()});
+    expectRefused({u"keep"_s, u"add"_s, u"  "_s});
+    expectRefused({u"keep"_s, u"remove"_s, u"apple"_s}); // only the entry itself, not a part of it
+    expectRefused({u"keep"_s});
+    EXPECT_EQ(cli({u"keep"_s, u"list"_s}).out, u"HTML5 storage erasing: off\n    apple.com\n    example.org\n"_s);
+    configure({{u"keep"_s, u"remove"_s, u"apple.com"_s}});
+    EXPECT_EQ(stored().value(u"mDomainTableData"_s), QVariantList{u"example.org"_s});
+
+    // Switching to the state it is in keeps it.
+    configure({{u"keep"_s, u"on"_s}, {u"keep"_s, u"on"_s}});
+    EXPECT_EQ(stored().value(u"mHTML5EnabledState"_s), QVariant(qint64(1)));
+    EXPECT_EQ(cli({u"keep"_s, u"list"_s}).out, u"HTML5 storage erasing: on\n    example.org\n"_s);
+    configure({{u"keep"_s, u"off"_s}, {u"keep"_s, u"off"_s}});
+    EXPECT_EQ(stored().value(u"mHTML5EnabledState"_s), QVariant(qint64(0)));
+}
+
+TEST_F(CliTest, PluginsOfOurOwnAreRemovedAndDefaultOnesDisabledAndRestored)
+{
+    const CliRun list = cli({u"plugins"_s, u"list"_s});
+    ASSERT_EQ(list.exitCode, 0);
+    EXPECT_TRUE(list.out.startsWith(u"Flash Player (enabled, default)\n"_s)) << qPrintable(list.out);
+    const qsizetype defaults = plugins().size();
+    ASSERT_GT(defaults, 0);
+
+    configure({{u"plugins"_s, u"add"_s, u"Editor cache"_s},
+               {u"plugins"_s, u"add-path"_s, u"Editor cache"_s, home.file(u"Library/Caches/Editor"_s)}});
+    expectRefused({u"plugins"_s, u"add"_s, u"Editor cache"_s});
+    expectRefused({u"plugins"_s, u"enable"_s, u"No such"_s});
+    EXPECT_EQ(plugin(u"Editor cache"_s).value(u"paths"_s).toList(), QVariantList{u"~/Library/Caches/Editor"_s});
+
+    configure({{u"plugins"_s, u"disable"_s, u"Java"_s}, {u"plugins"_s, u"remove"_s, u"Flash Player"_s}});
+    EXPECT_EQ(plugin(u"Java"_s).value(u"enabled"_s), false);
+    EXPECT_EQ(plugin(u"Flash Player"_s).value(u"enabled"_s), false);
+    configure({{u"plugins"_s, u"remove"_s, u"Editor cache"_s}});
+    EXPECT_EQ(plugins().size(), defaults);
+
+    configure(
+        {{u"plugins"_s, u"add-path"_s, u"Java"_s, home.file(u"extra"_s)}, {u"plugins"_s, u"restore"_s, u"Java"_s}});
+    EXPECT_EQ(plugin(u"Java"_s).value(u"paths"_s).toList(), QVariantList{u"~/Library/Caches/Java"_s});
+}
+
+TEST_F(CliTest, ProfilesAreListedSelectedAndDeselected)
+{
+    const QString firefox = u"Library/Application Support/Firefox/Profiles/"_s;
+    QDir().mkpath(home.file(firefox + u"ab12cd.default"_s));
+    QDir().mkpath(home.file(firefox + u"ef34gh.work"_s));
+
+    CliRun list = cli({u"profiles"_s, u"list"_s});
+    ASSERT_EQ(list.exitCode, 0) << qPrintable(list.err);
+    EXPECT_TRUE(list.out.contains(u"Firefox (~/Library/Application Support/Firefox/Profiles)\n"
+                                  u"    [x] ab12cd.default\n    [x] ef34gh.work\n"_s))
+        << qPrintable(list.out);
+    EXPECT_TRUE(list.out.contains(u"Thunderbird (~/Library/Thunderbird/Profiles)\n    no profiles\n"_s));
+
+    // Deselecting twice keeps it deselected.
+    configure({{u"profiles"_s, u"deselect"_s, u"firefox"_s, u"work"_s},
+               {u"profiles"_s, u"deselect"_s, u"firefox"_s, u"work"_s}});
+    const QVariantMap selection = stored().value(u"ProfilesMenuDict"_s).toMap();
+    EXPECT_EQ(selection.value(home.file(firefox.chopped(1))).toList(), QVariantList{u"ab12cd.default"_s});
+    EXPECT_TRUE(cli({u"profiles"_s, u"list"_s}).out.contains(u"    [ ] ef34gh.work\n"_s));
+
+    configure({{u"profiles"_s, u"select"_s, u"Firefox"_s, u"ef34gh.work"_s}});
+    EXPECT_TRUE(cli({u"profiles"_s, u"list"_s}).out.contains(u"    [x] ef34gh.work\n"_s));
+    expectRefused({u"profiles"_s, u"select"_s, u"firefox"_s, u"nope"_s});
+    expectRefused({u"profiles"_s, u"select"_s, u"opera"_s, u"x"_s});
 }
 
 #ifdef VANTLE_GUI_PATH

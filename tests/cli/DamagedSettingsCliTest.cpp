@@ -19,12 +19,9 @@ class DamagedSettingsCliTest : public CliFixture {
 protected:
     QByteArray makeSettings()
     {
-        for (const QStringList& command : {QStringList{u"apps"_s, u"disable"_s, u"Eudora"_s},
-                                           {u"keep"_s, u"add"_s, u"kept.org"_s},
-                                           {u"keep"_s, u"on"_s},
-                                           {u"prefs"_s, u"set"_s, u"ShredHistory"_s, u"YES"_s},
-                                           {u"prefs"_s, u"set"_s, u"ActivityLog"_s, u"YES"_s}})
-            EXPECT_EQ(cli(command).exitCode, 0);
+        prepareRuns({{u"keep"_s, u"add"_s, u"kept.org"_s},
+                     {u"keep"_s, u"on"_s},
+                     {u"prefs"_s, u"set"_s, u"ShredHistory"_s, u"YES"_s}});
         return home.read(kSettings);
     }
 

@@ -67,14 +67,10 @@ TEST_F(DemoHomeCliTest, ARunErasesWhatTheDryRunListedAndKeepsTheRest)
         ChildProcess::run(u"env"_s, {u"HOME=/nonexistent"_s, u"bash"_s,
                                      QStringLiteral(VANTLE_SOURCE_DIR "/scripts/make-demo-home"), home.path()});
     ASSERT_EQ(made.exitCode, 0) << made.standardError.constData();
-    // Eudora 6 names its trash at the root of the disk, outside the test's home.
-    for (const QStringList& command : {QStringList{u"apps"_s, u"disable"_s, u"Eudora"_s},
-                                       {u"keep"_s, u"add"_s, u"kept.org"_s},
-                                       {u"keep"_s, u"on"_s},
-                                       {u"prefs"_s, u"set"_s, u"ShredHistory"_s, u"YES"_s},
-                                       {u"prefs"_s, u"set"_s, u"ShredAppleMailJunk"_s, u"YES"_s},
-                                       {u"prefs"_s, u"set"_s, u"ActivityLog"_s, u"YES"_s}})
-        ASSERT_EQ(cli(command).exitCode, 0);
+    prepareRuns({{u"keep"_s, u"add"_s, u"kept.org"_s},
+                 {u"keep"_s, u"on"_s},
+                 {u"prefs"_s, u"set"_s, u"ShredHistory"_s, u"YES"_s},
+                 {u"prefs"_s, u"set"_s, u"ShredAppleMailJunk"_s, u"YES"_s}});
 
     const QMap<QString, QByteArray> before = snapshot();
     // No terminal, no --yes: a dry run asks nothing.
@@ -109,6 +105,9 @@ TEST_F(DemoHomeCliTest, ARunErasesWhatTheDryRunListedAndKeepsTheRest)
     EXPECT_EQ(erased.captured(4).toLongLong(), totals["rewrites"].get<qint64>());
     EXPECT_GT(totals["rewrites"].get<qint64>(), 4);
     EXPECT_TRUE(run.out.endsWith(u" s.\n"_s)) << qPrintable(run.out);
+    const QByteArray log = home.read(u"Library/Logs/Vantle X Log.txt"_s);
+    EXPECT_TRUE(log.contains(" Shred: ~/Library/Safari/History.plist\n"));
+    EXPECT_TRUE(log.endsWith(" Vantle Completed Successfully\n"));
 
     for (auto file = before.cbegin(); file != before.cend(); ++file) {
         const QString& path = file.key();

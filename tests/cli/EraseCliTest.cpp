@@ -84,7 +84,7 @@ TEST_F(EraseCliTest, ADotDotAfterALinkGoesUpFromWhereTheLinkPoints)
     EXPECT_FALSE(listing.contains(u"/a/c"_s)) << qPrintable(listing);
 }
 
-TEST_F(EraseCliTest, UsesTheStoredSettings)
+TEST_F(EraseCliTest, UsesTheStoredSettingsAndTimesTheOverwritingOnlyWhenAsked)
 {
     home.write(u"target"_s, "original");
     home.write(u"erased"_s, "original");
@@ -101,10 +101,7 @@ TEST_F(EraseCliTest, UsesTheStoredSettings)
     EXPECT_FALSE(QFileInfo::exists(home.file(u"erased"_s)));
     EXPECT_EQ(held.readAll(), QByteArray(16, 0x55));
     EXPECT_EQ(home.read(u"target"_s), "original");
-}
 
-TEST_F(EraseCliTest, TimingSeparatesTheOverwritingFromTheWholeEraseOnlyWhenAsked)
-{
     home.write(u"big.bin"_s, QByteArray(3 * 131072 + 5, 'b'));
     home.write(u"folder/a"_s, "a");
     home.write(u"folder/b"_s, "b");

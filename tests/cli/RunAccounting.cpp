@@ -116,3 +116,16 @@ qsizetype HomeSnapshot::keptEntries(const QueuedPaths& queued) const
         kept += queued.covers(QDir(m_home).filePath(it.key())) ? 0 : 1;
     return kept;
 }
+
+QStringList workFiles(const QString& home)
+{
+    QStringList found;
+    QDirIterator it(home, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString name = QFileInfo(it.next()).fileName();
+        if (name.contains(u"vantlex"_s) || name.contains(u"renamed"_s) || name.endsWith(u"-journal"_s) ||
+            name.startsWith(u"Vantle X Items ("_s))
+            found.append(QDir(home).relativeFilePath(it.filePath()));
+    }
+    return found;
+}

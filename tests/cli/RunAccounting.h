@@ -45,3 +45,7 @@ private:
     QString m_home;
     QHash<QString, QByteArray> m_entries; // relative path -> digest ("" when not taken)
 };
+
+// What a run leaves only while it works, relative to the home: the rewrites'
+// work files and the erase's holding folders. None may outlive a run.
+QStringList workFiles(const QString& home);

@@ -123,8 +123,7 @@ TEST_F(RunLockCliTest, ARunRefusedForAnotherTouchesNothingAndWaitsWhenAsked)
     home.write(u"Library/Caches/Safari/cache.db"_s, "cached");
     home.write(u"Downloads/old.pdf"_s, "old");
     home.write(kLog, "the other run's log");
-    ASSERT_EQ(cli({u"prefs"_s, u"set"_s, u"ActivityLog"_s, u"YES"_s}).exitCode, 0);
-    ASSERT_EQ(cli({u"apps"_s, u"disable"_s, u"Eudora"_s}).exitCode, 0);
+    prepareRuns();
 
     // This test process holds the lock as another run would.
     RunLock other;
@@ -161,9 +160,7 @@ TEST_F(RunLockCliTest, AKilledRunDoesNotBlockTheNext)
 {
     // A large cache file overwritten 35 times keeps the run busy long enough to be killed.
     home.write(u"Library/Caches/Google/Chrome/Default/Cache/data_1"_s, QByteArray(32 << 20, 'c'));
-    for (const QStringList& command :
-         {QStringList{u"apps"_s, u"disable"_s, u"Eudora"_s}, {u"prefs"_s, u"set"_s, u"NumberOfWrites"_s, u"16"_s}})
-        ASSERT_EQ(cli(command).exitCode, 0);
+    prepareRuns({{u"prefs"_s, u"set"_s, u"NumberOfWrites"_s, u"16"_s}});
 
     const auto killedRun = start({u"shred"_s, u"--yes"_s, u"--quiet"_s});
     ASSERT_TRUE(waitUntilHolding(killedRun->processId()));

@@ -66,27 +66,9 @@ TEST_F(ShredCliTest, ADryRunAsksNothingShowsThePlanAndLeavesTheHomeByteIdentical
     EXPECT_EQ(snapshot(), before);
 }
 
-TEST_F(ShredCliTest, ARunErasesWhatTheLogSaysAndNothingElse)
-{
-    ASSERT_EQ(cli({u"prefs"_s, u"set"_s, u"ShredHistory"_s, u"YES"_s}).exitCode, 0);
-    ASSERT_EQ(cli({u"prefs"_s, u"set"_s, u"ActivityLog"_s, u"YES"_s}).exitCode, 0);
-    // Eudora 6's trash lies at the root of the start volume, outside the temporary home.
-    ASSERT_EQ(cli({u"apps"_s, u"disable"_s, u"Eudora"_s}).exitCode, 0);
-    const CliRun run = cli({u"shred"_s, u"--yes"_s});
-    EXPECT_EQ(run.exitCode, 0) << qPrintable(run.err);
-
-    EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Safari"_s)));
-    EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Safari/History.plist"_s)));
-    EXPECT_EQ(home.read(u"Library/Safari/Bookmarks.plist"_s), "kept");
-    EXPECT_EQ(home.read(u"Documents/thesis.txt"_s), "mine");
-    const QString log = QString::fromUtf8(home.read(u"Library/Logs/Vantle X Log.txt"_s));
-    EXPECT_TRUE(log.contains(u" Shred: ~/Library/Safari/History.plist\n"_s));
-    EXPECT_TRUE(log.endsWith(u" Vantle Completed Successfully\n"_s));
-}
-
 TEST_F(ShredCliTest, TimingReportsEachStageOnTheStandardErrorOnlyWhenAsked)
 {
-    ASSERT_EQ(cli({u"apps"_s, u"disable"_s, u"Eudora"_s}).exitCode, 0);
+    prepareRuns();
     const QRegularExpression stages(uR"(^finding: \d+\.\d{3} s, peak [1-9]\d* KiB \(children \d+ KiB\)\n)"
                                     uR"(shredding: \d+\.\d{3} s, peak [1-9]\d* KiB \(children \d+ KiB\)\n$)"_s);
     const CliRun timed = cli({u"shred"_s, u"--yes"_s, u"--quiet"_s, u"--timing"_s});
@@ -154,9 +136,7 @@ QStringList screenLines(const QByteArray& output)
 TEST_F(ShredCliTest, OnATerminalCtrlCStopsAfterTheCurrentItemAndTheProgressLineNeverMixesWithOtherLines)
 {
     // Opera's cache is erased first, slowly: 35 passes over 16 MiB. The others wait behind it.
-    ASSERT_EQ(cli({u"prefs"_s, u"set"_s, u"NumberOfWrites"_s, u"16"_s}).exitCode, 0);
-    ASSERT_EQ(cli({u"prefs"_s, u"set"_s, u"ActivityLog"_s, u"YES"_s}).exitCode, 0);
-    ASSERT_EQ(cli({u"apps"_s, u"disable"_s, u"Eudora"_s}).exitCode, 0);
+    prepareRuns({{u"prefs"_s, u"set"_s, u"NumberOfWrites"_s, u"16"_s}});
     home.write(u"Library/Caches/Opera/cache4/big"_s, QByteArray(16 << 20, 'o'));
     home.write(u"Library/Caches/Google/Chrome/Default/Cache/data_0"_s, "chrome");
     const QStringList waiting =

@@ -1,7 +1,7 @@
 #include "cli/CliFixture.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QProcess>
 #include <QThread>
@@ -14,20 +14,49 @@ namespace {
 
 class WatchCliTest : public CliFixture {
 protected:
-    // Waits until the watch has printed text, reading what it prints as it goes.
-    bool waitForOutput(QProcess& watch, const QString& text, int milliseconds = 15000)
+    // A program that stands for an application: sleep, copied to path below the home.
+    void startProgram(QProcess& process, const QString& relative)
     {
-        QElapsedTimer timer;
-        timer.start();
-        while (timer.elapsed() < milliseconds) {
-            output += QString::fromUtf8(watch.readAllStandardOutput());
-            if (output.contains(text))
-                return true;
-            watch.waitForReadyRead(100);
-        }
-        return false;
+        ASSERT_TRUE(QDir().mkpath(QFileInfo(home.file(relative)).absolutePath()));
+        ASSERT_TRUE(QFile::copy(u"/bin/sleep"_s, home.file(relative)));
+        process.start(home.file(relative), {u"60"_s});
+        ASSERT_TRUE(process.waitForStarted());
     }
 
+    void startWatch()
+    {
+        watch.start(QStringLiteral(VANTLE_CLI_PATH),
+                    {u"--home"_s, home.path(), u"watch"_s, u"--yes"_s, u"--interval"_s, u"0.2"_s});
+        ASSERT_TRUE(watch.waitForStarted());
+    }
+
+    // Waits until the watch has printed text, reading what it prints as it goes.
+    bool waitForOutput(const QString& text)
+    {
+        for (QDeadlineTimer deadline(15000); !output.contains(text) && !deadline.hasExpired();) {
+            watch.waitForReadyRead(100);
+            output += QString::fromUtf8(watch.readAllStandardOutput());
+        }
+        return output.contains(text);
+    }
+
+    static bool waitUntil(const std::function<bool()>& done)
+    {
+        for (QDeadlineTimer deadline(15000); !done() && !deadline.hasExpired();)
+            QThread::msleep(50);
+        return done();
+    }
+
+    // Ctrl-C ends the watch normally.
+    void stopWatch()
+    {
+        ::kill(pid_t(watch.processId()), SIGINT);
+        ASSERT_TRUE(watch.waitForFinished(15000));
+        EXPECT_EQ(watch.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(watch.exitCode(), 0);
+    }
+
+    QProcess watch;
     QString output;
 };
 
@@ -36,88 +65,49 @@ protected:
 TEST_F(WatchCliTest, ACustomProcessThatQuitsIsFollowedByARunAndCtrlCStopsTheWatch)
 {
     const QString editor = home.file(u"Applications/Editor.app"_s);
-    ASSERT_TRUE(QDir().mkpath(editor + u"/Contents/MacOS"_s));
-    ASSERT_TRUE(QFile::copy(u"/bin/sleep"_s, editor + u"/Contents/MacOS/Editor"_s));
     home.write(u"Editor Drafts/draft.txt"_s, "secret draft");
-    ASSERT_EQ(cli({u"custom"_s, u"add-process"_s, editor}).exitCode, 0);
-    ASSERT_EQ(cli({u"custom"_s, u"add-path"_s, editor, home.file(u"Editor Drafts"_s)}).exitCode, 0);
-    ASSERT_EQ(cli({u"custom"_s, u"keep"_s, editor, home.file(u"Editor Drafts"_s), u"on"_s}).exitCode, 0);
-    // Eudora 6's trash lies at the root of the start volume, outside the temporary home.
-    ASSERT_EQ(cli({u"apps"_s, u"disable"_s, u"Eudora"_s}).exitCode, 0);
-    const CliRun list = cli({u"custom"_s, u"list"_s});
-    EXPECT_EQ(list.out, editor + u"\n    "_s + home.file(u"Editor Drafts"_s) + u"  (folder kept)\n"_s);
-
     QProcess running;
-    running.start(editor + u"/Contents/MacOS/Editor"_s, {u"60"_s});
-    ASSERT_TRUE(running.waitForStarted());
+    startProgram(running, u"Applications/Editor.app/Contents/MacOS/Editor"_s);
+    prepareRuns({{u"custom"_s, u"add-process"_s, editor},
+                 {u"custom"_s, u"add-path"_s, editor, home.file(u"Editor Drafts"_s)},
+                 {u"custom"_s, u"keep"_s, editor, home.file(u"Editor Drafts"_s), u"on"_s}});
+    EXPECT_EQ(cli({u"custom"_s, u"list"_s}).out,
+              editor + u"\n    "_s + home.file(u"Editor Drafts"_s) + u"  (folder kept)\n"_s);
 
-    QProcess watch;
-    watch.start(QStringLiteral(VANTLE_CLI_PATH),
-                {u"--home"_s, home.path(), u"watch"_s, u"--yes"_s, u"--interval"_s, u"0.2"_s});
-    ASSERT_TRUE(watch.waitForStarted());
-    EXPECT_TRUE(waitForOutput(watch, u"A supported browser or email application is running..."_s))
-        << qPrintable(output);
-
+    startWatch();
+    EXPECT_TRUE(waitForOutput(u"A supported browser or email application is running..."_s)) << qPrintable(output);
     running.kill();
     running.waitForFinished();
-    EXPECT_TRUE(waitForOutput(watch, u"All supported browser or email application have quit..."_s))
-        << qPrintable(output);
+    EXPECT_TRUE(waitForOutput(u"All supported browser or email application have quit..."_s)) << qPrintable(output);
 
     // The run erases the folder and then puts it back, empty.
-    QElapsedTimer timer;
-    timer.start();
-    while (QFileInfo::exists(home.file(u"Editor Drafts/draft.txt"_s)) && timer.elapsed() < 15000)
-        QThread::msleep(50);
-    EXPECT_FALSE(QFileInfo::exists(home.file(u"Editor Drafts/draft.txt"_s)));
-    timer.restart();
-    while (!QFileInfo(home.file(u"Editor Drafts"_s)).isDir() && timer.elapsed() < 5000)
-        QThread::msleep(50);
-    EXPECT_TRUE(QFileInfo(home.file(u"Editor Drafts"_s)).isDir());
-
-    ::kill(pid_t(watch.processId()), SIGINT);
-    ASSERT_TRUE(watch.waitForFinished(15000));
-    EXPECT_EQ(watch.exitStatus(), QProcess::NormalExit);
-    EXPECT_EQ(watch.exitCode(), 0);
+    EXPECT_TRUE(waitUntil([&] { return !QFileInfo::exists(home.file(u"Editor Drafts/draft.txt"_s)); }));
+    EXPECT_TRUE(waitUntil([&] { return QFileInfo(home.file(u"Editor Drafts"_s)).isDir(); }));
+    stopWatch();
 }
 
 TEST_F(WatchCliTest, WhenSafariQuitsARunErasesItsTraces)
 {
     // Any program whose command line holds "/Safari.app/" counts as Safari.
-    const QString safari = home.file(u"Applications/Safari.app/Contents/MacOS/Safari"_s);
-    ASSERT_TRUE(QDir().mkpath(QFileInfo(safari).absolutePath()));
-    ASSERT_TRUE(QFile::copy(u"/bin/sleep"_s, safari));
     home.write(u"Library/Caches/Safari/Cache.db"_s, "cached pages");
     home.write(u"Library/Safari/History.plist"_s, "visited");
     home.write(u"Library/Safari/Bookmarks.plist"_s, "kept");
-    ASSERT_EQ(cli({u"apps"_s, u"disable"_s, u"Eudora"_s}).exitCode, 0);
-    ASSERT_EQ(cli({u"prefs"_s, u"set"_s, u"ShredHistory"_s, u"YES"_s}).exitCode, 0);
+    prepareRuns({{u"prefs"_s, u"set"_s, u"ShredHistory"_s, u"YES"_s}});
 
     QProcess browser;
-    browser.start(safari, {u"60"_s});
-    ASSERT_TRUE(browser.waitForStarted());
-    QProcess watch;
-    watch.start(QStringLiteral(VANTLE_CLI_PATH),
-                {u"--home"_s, home.path(), u"watch"_s, u"--yes"_s, u"--interval"_s, u"0.2"_s});
-    ASSERT_TRUE(watch.waitForStarted());
-    EXPECT_TRUE(waitForOutput(watch, u"A supported browser or email application is running..."_s))
-        << qPrintable(output);
+    startProgram(browser, u"Applications/Safari.app/Contents/MacOS/Safari"_s);
+    startWatch();
+    EXPECT_TRUE(waitForOutput(u"A supported browser or email application is running..."_s)) << qPrintable(output);
     // While Safari runs its traces stay.
     QThread::msleep(600);
     EXPECT_TRUE(QFileInfo::exists(home.file(u"Library/Safari/History.plist"_s)));
 
     browser.kill();
     browser.waitForFinished();
-    QElapsedTimer timer;
-    timer.start();
-    while (QFileInfo::exists(home.file(u"Library/Safari/History.plist"_s)) && timer.elapsed() < 15000)
-        QThread::msleep(50);
-    EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Safari/History.plist"_s)));
+    EXPECT_TRUE(waitUntil([&] { return !QFileInfo::exists(home.file(u"Library/Safari/History.plist"_s)); }));
     EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Safari"_s)));
     EXPECT_EQ(home.read(u"Library/Safari/Bookmarks.plist"_s), "kept");
-
-    ::kill(pid_t(watch.processId()), SIGINT);
-    ASSERT_TRUE(watch.waitForFinished(15000));
-    EXPECT_EQ(watch.exitCode(), 0);
+    stopWatch();
 }
 
 TEST_F(WatchCliTest, TheWatchNeedsTheSettingAndASensibleInterval)

@@ -9,7 +9,6 @@
 #include "support/TestDatabase.h"
 
 #include <QDir>
-#include <QDirIterator>
 #include <QProcess>
 
 #include <grp.h>
@@ -49,31 +48,16 @@ class WriteFailureCliTest : public CliFixture {
 protected:
     void SetUp() override
     {
-        for (const char* key : {"ActivityLog", "ShredHistory", "shredSafariFavicon", "ShredCache"})
-            ASSERT_EQ(cli({u"prefs"_s, u"set"_s, QString::fromLatin1(key), u"YES"_s}).exitCode, 0);
-        // Eudora 6 names its trash at the root of the disk, outside the test's home.
-        ASSERT_EQ(cli({u"apps"_s, u"disable"_s, u"Eudora"_s}).exitCode, 0);
+        prepareRuns({{u"prefs"_s, u"set"_s, u"ShredHistory"_s, u"YES"_s},
+                     {u"prefs"_s, u"set"_s, u"shredSafariFavicon"_s, u"YES"_s}});
         home.write(u"Documents/thesis.txt"_s, "mine");
     }
 
-    // A places database of places, bookmarks (every place from the first on)
-    // and a visit to each place.
     void makePlaces(int places, int firstBookmarked)
     {
         QDir().mkpath(home.file(kProfile));
-        TestDatabase db(home.file(kProfile + u"places.sqlite"_s));
-        db.exec(QString::fromUtf8(testData(u"places-firefox-3.0.sql"_s)));
-        db.exec(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<%1)"
-                " INSERT INTO moz_places (id, url, title, visit_count)"
-                "  SELECT i, 'http://s' || i || '.example/', printf('%.200c', 't'), 1 FROM n;"
-                "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<%1)"
-                " INSERT INTO moz_historyvisits (id, place_id, visit_date) SELECT i, i, i FROM n;"
-                "INSERT INTO moz_bookmarks (id, type, fk, parent, position, title)"
-                " SELECT id, 1, id, 2, id, 'B' || id FROM moz_places WHERE id >= %2;"_s.arg(places)
-                    .arg(firstBookmarked));
+        ::makePlaces(home.file(kProfile + u"places.sqlite"_s), places, firstBookmarked, 200);
     }
-
-    QString places() const { return home.file(kProfile + u"places.sqlite"_s); }
 
     // A mode for the run; folders get theirs back at the end, so that the home can go.
     void setMode(const QString& relative, mode_t mode)
@@ -89,28 +73,6 @@ protected:
             ::chmod(QFile::encodeName(folder).constData(), 0755);
     }
 
-    // vantle-cli shred as a user the modes hold for, writing at most fileSizeLimit
-    // bytes into any file; SIGXFSZ as a freshly started program finds it.
-    CliRun restrictedShred(rlim_t fileSizeLimit = RLIM_INFINITY) const
-    {
-        const bool asNobody = handOverHome();
-        QProcess process;
-        process.setProgram(QStringLiteral(VANTLE_CLI_PATH));
-        process.setArguments({u"--home"_s, home.path(), u"shred"_s, u"--yes"_s, u"--quiet"_s});
-        process.setChildProcessModifier([asNobody, fileSizeLimit] {
-            std::signal(SIGXFSZ, SIG_DFL);
-            const rlimit limit{fileSizeLimit, fileSizeLimit};
-            if (::setrlimit(RLIMIT_FSIZE, &limit) != 0)
-                ::_exit(120);
-            if (asNobody && (::setgroups(0, nullptr) != 0 || ::setgid(kNobody) != 0 || ::setuid(kNobody) != 0))
-                ::_exit(121);
-        });
-        process.start();
-        EXPECT_TRUE(process.waitForFinished(120000));
-        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-                QString::fromUtf8(process.readAllStandardOutput()), QString::fromUtf8(process.readAllStandardError())};
-    }
-
     // A restricted run, held against what a dry run says it may erase: it
     // completes, and whatever is gone or changed lies within its path list.
     // Returns the run's log.
@@ -120,22 +82,29 @@ protected:
         queued.addDryRun(cli({u"shred"_s, u"--dry-run"_s, u"--json"_s}).out);
         const HomeSnapshot before(home.path(), queued);
 
-        const CliRun run = restrictedShred(fileSizeLimit);
-        lastOutput = run.out;
+        QProcess run;
+        startAsRunUser(run, QStringLiteral(VANTLE_CLI_PATH),
+                       {u"--home"_s, home.path(), u"shred"_s, u"--yes"_s, u"--quiet"_s}, fileSizeLimit);
+        EXPECT_TRUE(run.waitForFinished(120000));
+        lastOutput = QString::fromUtf8(run.readAllStandardOutput());
+        const QString err = QString::fromUtf8(run.readAllStandardError());
         // What stayed in place makes the run end in the status that says so.
-        EXPECT_EQ(run.exitCode, 4) << qPrintable(run.err);
-        EXPECT_TRUE(run.err.contains(u"could not be erased as asked"_s)) << qPrintable(run.err);
+        EXPECT_EQ(run.exitStatus() == QProcess::NormalExit ? run.exitCode() : -1, 4) << qPrintable(err);
+        EXPECT_TRUE(err.contains(u"could not be erased as asked"_s)) << qPrintable(err);
         const QByteArray log = home.read(kLog);
         EXPECT_TRUE(log.endsWith(" Vantle Completed Successfully\n")) << log.right(400).constData();
         queued.addLog(log, home.path());
         EXPECT_EQ(before.goneOutside(queued), QStringList());
         EXPECT_EQ(before.changedOutside(queued, kRewritten), QStringList());
-        EXPECT_EQ(workFiles(), QStringList());
+        EXPECT_EQ(workFiles(home.path()), QStringList());
         return log;
     }
 
-    // The home to the user the restricted run is: nobody when the tests run as root.
-    bool handOverHome() const
+    // Starts a program as a user the modes hold for (nobody, the home handed over,
+    // when the tests run as root), writing at most fileSizeLimit bytes into any
+    // file; SIGXFSZ as a freshly started program finds it.
+    void startAsRunUser(QProcess& process, const QString& program, const QStringList& arguments,
+                        rlim_t fileSizeLimit = RLIM_INFINITY) const
     {
         const bool asNobody = ::geteuid() == 0;
         if (asNobody) {
@@ -144,14 +113,11 @@ protected:
             for (const QByteArray& relative : FileTree::subpaths(root))
                 ::lchown(FileTree::join(root, relative).constData(), kNobody, kNobody);
         }
-        return asNobody;
-    }
-
-    // A program from the home, as the user the restricted run is.
-    void startAsRunUser(QProcess& process, const QString& program, const QStringList& arguments) const
-    {
-        const bool asNobody = handOverHome();
-        process.setChildProcessModifier([asNobody] {
+        process.setChildProcessModifier([asNobody, fileSizeLimit] {
+            std::signal(SIGXFSZ, SIG_DFL);
+            const rlimit limit{fileSizeLimit, fileSizeLimit};
+            if (::setrlimit(RLIMIT_FSIZE, &limit) != 0)
+                ::_exit(120);
             if (asNobody && (::setgroups(0, nullptr) != 0 || ::setgid(kNobody) != 0 || ::setuid(kNobody) != 0))
                 ::_exit(121);
         });
@@ -161,19 +127,6 @@ protected:
 
     // The standard output of the last accounted run.
     QString lastOutput;
-
-    // What a rewrite leaves while it works; none may stay after a run.
-    QStringList workFiles() const
-    {
-        QStringList found;
-        QDirIterator it(home.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-        while (it.hasNext()) {
-            const QString name = QFileInfo(it.next()).fileName();
-            if (name.contains(u"vantlex"_s) || name.contains(u"renamed"_s) || name.endsWith(u"-journal"_s))
-                found.append(QDir(home.path()).relativeFilePath(it.filePath()));
-        }
-        return found;
-    }
 
 private:
     QStringList m_restrictedFolders;

@@ -13,27 +13,15 @@ namespace {
 
 class DesktopGuardsTest : public GuiFixture {
 protected:
-    // Clicks button in the next alert titled "Vantle", whether or not the application exists yet.
+    // Clicks button in the next alert titled "Vantle" and keeps its text.
     void answer(const QString& button)
     {
-        auto* poll = new QTimer(&mAnswers);
-        poll->setInterval(10);
-        QObject::connect(poll, &QTimer::timeout, poll, [this, poll, button] {
-            for (QWidget* widget : QApplication::topLevelWidgets()) {
-                auto* box = qobject_cast<QMessageBox*>(widget);
-                if (box && box->isVisible() && box->windowTitle() == u"Vantle"_s) {
-                    poll->deleteLater();
-                    poll->stop();
-                    alerts.append(box->text());
-                    QTest::mouseClick(buttonOf(box, button), Qt::LeftButton);
-                    return;
-                }
-            }
+        onAlert(u"Vantle"_s, [this, button](QMessageBox* box) {
+            alerts.append(box->text());
+            QTest::mouseClick(buttonOf(box, button), Qt::LeftButton);
         });
-        poll->start();
     }
 
-    QObject mAnswers;
     QStringList alerts;
 };
 

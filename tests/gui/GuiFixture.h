@@ -98,15 +98,16 @@ protected:
     static QMessageBox* openAlert(const QString& title, int timeout = 5000)
     {
         QMessageBox* found = nullptr;
-        const auto look = [&] {
-            for (QWidget* widget : QApplication::allWidgets()) {
-                auto* box = qobject_cast<QMessageBox*>(widget);
-                if (box && box->isVisible() && box->windowTitle() == title)
-                    found = box;
-            }
-            return found != nullptr;
-        };
-        return QTest::qWaitFor(look, timeout) ? found : nullptr;
+        return QTest::qWaitFor([&] { return (found = visibleAlert(title)) != nullptr; }, timeout) ? found : nullptr;
+    }
+    static QMessageBox* visibleAlert(const QString& title)
+    {
+        for (QWidget* widget : QApplication::allWidgets()) {
+            auto* box = qobject_cast<QMessageBox*>(widget);
+            if (box && box->isVisible() && box->windowTitle() == title)
+                return box;
+        }
+        return nullptr;
     }
 
     // Clicks a check box on its box, where a click toggles it however wide the widget is.
@@ -128,21 +129,18 @@ protected:
         return nullptr;
     }
 
-    // Acts on the alert of that title as soon as it shows. Polls from the event
-    // loop, so it also reaches an alert that runs its own modal loop.
+    // Acts on the alert of that title as soon as it shows, whether or not the
+    // application exists yet. Polls from the event loop, so it also reaches an
+    // alert that runs its own modal loop.
     void onAlert(const QString& title, std::function<void(QMessageBox*)> action)
     {
-        auto* poll = new QTimer(&window());
+        auto* poll = new QTimer(&mAlertWatchers);
         poll->setInterval(10);
         QObject::connect(poll, &QTimer::timeout, poll, [poll, title, action = std::move(action)] {
-            for (QWidget* widget : QApplication::topLevelWidgets()) {
-                auto* box = qobject_cast<QMessageBox*>(widget);
-                if (box && box->isVisible() && box->windowTitle() == title) {
-                    poll->deleteLater();
-                    poll->stop();
-                    action(box);
-                    return;
-                }
+            if (QMessageBox* box = visibleAlert(title)) {
+                poll->deleteLater();
+                poll->stop();
+                action(box);
             }
         });
         poll->start();
@@ -191,4 +189,5 @@ protected:
     int beeps = 0;
     int exits = 0;
     std::unique_ptr<DesktopApplication> mApp;
+    QObject mAlertWatchers; // goes first: the pending watchers refer to the test's state
 };

@@ -33,7 +33,7 @@ protected:
 
 } // namespace
 
-TEST_F(Html5PaneTest, TheSwitchTurnsHtml5ErasingOnAndOff)
+TEST_F(Html5PaneTest, TheSwitchTurnsErasingOnAndOffAndAnAddedRowIsStoredOnlyOnceItIsEdited)
 {
     auto* enabled = pane().findChild<QCheckBox*>(u"mEnabledCheckbox"_s);
     ASSERT_NE(enabled, nullptr);
@@ -43,15 +43,11 @@ TEST_F(Html5PaneTest, TheSwitchTurnsHtml5ErasingOnAndOff)
     toggle(enabled);
     EXPECT_EQ(saved(u"mHTML5EnabledState"_s), QVariant(qint64(0)));
     EXPECT_FALSE(enabled->isChecked());
-}
 
-TEST_F(Html5PaneTest, AnAddedRowIsStoredOnlyOnceItIsEdited)
-{
     QTest::mouseClick(button(u"mAddButton"_s), Qt::LeftButton);
     ASSERT_EQ(table()->count(), 1);
     EXPECT_EQ(table()->item(0)->text(), u"newdomain.com"_s);
     EXPECT_FALSE(saved(u"mDomainTableData"_s).isValid());
-
     typeIntoEditor(u"example.com"_s);
     EXPECT_TRUE(QTest::qWaitFor([&] { return savedDomains() == QStringList{u"example.com"_s}; }, 3000));
     EXPECT_EQ(table()->item(0)->text(), u"example.com"_s);

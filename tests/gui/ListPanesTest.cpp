@@ -263,73 +263,48 @@ TEST_F(ListPanesTest, CustomProcessesAndTheirPathsComeFromTheOpenDialogs)
     EXPECT_EQ(window().findChild<QLabel*>(u"mTHCustomConfigured"_s)->text(), u"0"_s);
 }
 
-TEST_F(ListPanesTest, DisablingAProcessOrAPathIsRefusedWithABeepAndKeepsTheList)
+TEST_F(ListPanesTest, CustomButtonsWithoutTheSelectionTheyNeedAndTheDisableButtonsBeepAndChangeNothing)
 {
     const QString editor = home.file(u"Applications/Editor.app"_s);
     const QString drafts = home.file(u"Library/Caches/Editor"_s);
-    const QVariantMap stored{{editor, QVariantList{QVariantMap{{u"path"_s, drafts}, {u"keep"_s, true}}}}};
-    storedDefaults().setObject(CustomShred::archive(stored), u"mProcessDictionary"_s);
-    storedDefaults().synchronize();
-
-    auto* processes = child<QListWidget>(u"Custom Processes"_s, u"mProcessTableView"_s);
-    auto* paths = child<QListWidget>(u"Custom Processes"_s, u"mPathTableView"_s);
-    QPushButton* disableProcess = button(u"Custom Processes"_s, u"mDisableProcessButton"_s);
-    QPushButton* disablePath = button(u"Custom Processes"_s, u"mDisablePathButton"_s);
-    ASSERT_TRUE(processes && paths && disableProcess && disablePath);
-    EXPECT_EQ(disableProcess->text(), u"Disable"_s);
-    EXPECT_EQ(disablePath->text(), u"Disable"_s);
-
-    // With nothing selected, and with the process and its folder selected.
-    click(u"Custom Processes"_s, u"mDisableProcessButton"_s);
-    click(u"Custom Processes"_s, u"mDisablePathButton"_s);
-    EXPECT_EQ(beeps, 2);
-    select(processes, u"Editor.app"_s);
-    select(paths, u"~/Library/Caches/Editor"_s);
-    click(u"Custom Processes"_s, u"mDisableProcessButton"_s);
-    click(u"Custom Processes"_s, u"mDisablePathButton"_s);
-    EXPECT_EQ(beeps, 4);
-
-    EXPECT_EQ(savedProcesses(), stored);
-    EXPECT_EQ(rows(processes), QStringList{u"Editor.app"_s});
-    EXPECT_EQ(rows(paths), QStringList{u"~/Library/Caches/Editor"_s});
-}
-
-TEST_F(ListPanesTest, CustomPathButtonsBeepWithoutTheSelectionTheyNeed)
-{
-    const QString editor = home.file(u"Applications/Editor.app"_s);
     const QString notes = home.file(u"Documents/notes.txt"_s);
-    const QVariantMap stored{{editor, QVariantList{QVariantMap{{u"path"_s, notes}}}}};
+    const QVariantMap stored{
+        {editor, QVariantList{QVariantMap{{u"path"_s, drafts}, {u"keep"_s, true}}, QVariantMap{{u"path"_s, notes}}}}};
     storedDefaults().setObject(CustomShred::archive(stored), u"mProcessDictionary"_s);
     storedDefaults().synchronize();
     auto* processes = child<QListWidget>(u"Custom Processes"_s, u"mProcessTableView"_s);
     auto* paths = child<QListWidget>(u"Custom Processes"_s, u"mPathTableView"_s);
     ASSERT_TRUE(processes && paths);
+    EXPECT_EQ(button(u"Custom Processes"_s, u"mDisableProcessButton"_s)->text(), u"Disable"_s);
+    EXPECT_EQ(button(u"Custom Processes"_s, u"mDisablePathButton"_s)->text(), u"Disable"_s);
     const QStringList buttons{u"mAddPathButton"_s, u"mDeletePathButton"_s, u"mDeleteProcessButton"_s};
-    for (const QString& name : buttons)
-        EXPECT_TRUE(button(u"Custom Processes"_s, name)->isEnabled()) << name.toStdString();
+    const auto clicksBeep = [&](const QStringList& names, int wanted) {
+        const int before = beeps;
+        for (const QString& name : buttons + names)
+            EXPECT_TRUE(button(u"Custom Processes"_s, name)->isEnabled()) << name.toStdString();
+        for (const QString& name : names)
+            click(u"Custom Processes"_s, name);
+        EXPECT_EQ(beeps - before, wanted) << names.join(u", "_s).toStdString();
+        EXPECT_EQ(savedProcesses(), stored);
+    };
 
-    // No process: adding a path beeps before any dialog, removing one beeps.
-    click(u"Custom Processes"_s, u"mAddPathButton"_s);
+    // No process: adding a path beeps before any dialog, removing one beeps, removing
+    // no process does nothing at all; disabling always beeps.
+    clicksBeep({u"mAddPathButton"_s, u"mDeletePathButton"_s, u"mDisableProcessButton"_s, u"mDisablePathButton"_s}, 4);
     EXPECT_EQ(app().settingsWindow().findChild<OpenPanel*>(), nullptr);
-    EXPECT_EQ(beeps, 1);
-    click(u"Custom Processes"_s, u"mDeletePathButton"_s);
-    EXPECT_EQ(beeps, 2);
-    // Removing no process does nothing at all.
-    click(u"Custom Processes"_s, u"mDeleteProcessButton"_s);
-    EXPECT_EQ(beeps, 2);
-    EXPECT_EQ(savedProcesses(), stored);
+    clicksBeep({u"mDeleteProcessButton"_s}, 0);
 
     // A process but no path row.
     select(processes, u"Editor.app"_s);
-    for (const QString& name : buttons)
-        EXPECT_TRUE(button(u"Custom Processes"_s, name)->isEnabled()) << name.toStdString();
-    click(u"Custom Processes"_s, u"mDeletePathButton"_s);
-    EXPECT_EQ(beeps, 3);
-    EXPECT_EQ(savedProcesses(), stored);
-    EXPECT_EQ(rows(paths), QStringList{u"~/Documents/notes.txt"_s});
+    clicksBeep({u"mDeletePathButton"_s}, 1);
+    EXPECT_EQ(rows(paths), (QStringList{u"~/Library/Caches/Editor"_s, u"~/Documents/notes.txt"_s}));
+    // The process and its folder selected.
+    select(paths, u"~/Library/Caches/Editor"_s);
+    clicksBeep({u"mDisableProcessButton"_s, u"mDisablePathButton"_s}, 2);
+    EXPECT_EQ(rows(processes), QStringList{u"Editor.app"_s});
 
     select(paths, u"~/Documents/notes.txt"_s);
     click(u"Custom Processes"_s, u"mDeletePathButton"_s);
-    EXPECT_EQ(beeps, 3);
-    EXPECT_TRUE(savedProcesses().value(editor).toList().isEmpty());
+    EXPECT_EQ(beeps, 7);
+    EXPECT_EQ(savedProcesses().value(editor).toList().size(), 1);
 }

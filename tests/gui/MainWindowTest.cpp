@@ -56,9 +56,10 @@ double contrastRatio(const QColor& a, const QColor& b)
 
 } // namespace
 
-TEST_F(MainWindowTest, TheShredButtonAsksFirstReturnCancelsAndOkErases)
+TEST_F(MainWindowTest, TheShredButtonAsksFirstReturnCancelsAndOkErasesWithTheBarBusyThenCounting)
 {
-    home.write(u"Library/Caches/Safari/cache.db"_s, "cached");
+    const QByteArray cache(3 << 20, 'c');
+    home.write(u"Library/Caches/Safari/cache.db"_s, cache);
     home.write(u"Library/Safari/Bookmarks.plist"_s, "kept");
     app();
     set(PreferenceKey::ActivityLog, true);
@@ -76,42 +77,30 @@ TEST_F(MainWindowTest, TheShredButtonAsksFirstReturnCancelsAndOkErases)
     QSignalSpy finished(&controller(), &Controller::runFinished);
     QTest::keyClick(sheet, Qt::Key_Return);
     ASSERT_TRUE(finished.count() > 0 || finished.wait(5000));
-    EXPECT_EQ(home.read(u"Library/Caches/Safari/cache.db"_s), "cached");
+    EXPECT_EQ(home.read(u"Library/Caches/Safari/cache.db"_s), cache);
     EXPECT_TRUE(logLines().contains(u"User selected Cancel in Confirm dialog - Vantle Cancelled"_s));
     EXPECT_TRUE(shredButton()->isEnabled());
     EXPECT_EQ(progressBar()->maximum(), 100);
     EXPECT_EQ(itemText(), QString());
 
+    QList<int> values;
+    QObject::connect(progressBar(), &QProgressBar::valueChanged, progressBar(),
+                     [&](int value) { values.append(value); });
     QTest::mouseClick(shredButton(), Qt::LeftButton);
     sheet = openAlert(u"Vantle Confirmation"_s);
     ASSERT_NE(sheet, nullptr);
-    ASSERT_TRUE(waitForRun([&] { QTest::mouseClick(buttonOf(sheet, u"OK"_s), Qt::LeftButton); }));
+    finished.clear();
+    QTest::mouseClick(buttonOf(sheet, u"OK"_s), Qt::LeftButton);
+    // Once confirmed the finding stage starts at once; its end is queued.
+    EXPECT_EQ(progressBar()->maximum(), 0);
+    EXPECT_EQ(itemText(), u"Finding items that need shredding"_s);
+    ASSERT_TRUE(finished.wait(20000));
+    EXPECT_TRUE(std::any_of(values.cbegin(), values.cend(), [](int v) { return v > 0 && v < 100; }));
+    EXPECT_EQ(progressBar()->maximum(), 100);
     EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Safari"_s)));
     EXPECT_EQ(home.read(u"Library/Safari/Bookmarks.plist"_s), "kept");
     EXPECT_TRUE(logLines().contains(u"Vantle Completed Successfully"_s));
     EXPECT_TRUE(shredButton()->isEnabled());
-}
-
-TEST_F(MainWindowTest, TheBarIsBusyWhileFindingAndCountsWhileShredding)
-{
-    home.write(u"Library/Caches/Safari/cache.db"_s, QByteArray(3 << 20, 'c'));
-    app();
-    set(PreferenceKey::ConfirmShredding, false);
-    set(PreferenceKey::NumberOfWrites, qint64(2));
-
-    QList<int> values;
-    QObject::connect(progressBar(), &QProgressBar::valueChanged, progressBar(),
-                     [&](int value) { values.append(value); });
-    QSignalSpy finished(&controller(), &Controller::runFinished);
-    QTest::mouseClick(shredButton(), Qt::LeftButton);
-    // Without a confirmation the finding stage starts at once; its end is queued.
-    EXPECT_EQ(progressBar()->maximum(), 0);
-    EXPECT_EQ(itemText(), u"Finding items that need shredding"_s);
-    ASSERT_TRUE(finished.wait(20000));
-
-    EXPECT_TRUE(std::any_of(values.cbegin(), values.cend(), [](int v) { return v > 0 && v < 100; }));
-    EXPECT_EQ(progressBar()->maximum(), 100);
-    EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Safari"_s)));
 }
 
 TEST_F(MainWindowTest, PreviewShowsThePlanItsShredButtonRunsAndTheResultTakesTheItemLine)
@@ -218,8 +207,13 @@ TEST_F(MainWindowTest, EveryStateReadsBySymbolNameAndContrastOnLightAndDarkPalet
     }
 }
 
-TEST_F(MainWindowTest, TheLabelsStandInTheirFixedOrder)
+TEST_F(MainWindowTest, StartingWithTheWatchOffSaysSoAndGreysEveryLabelInItsFixedPlace)
 {
+    storedDefaults().setBool(false, PreferenceKey::Tarnhold);
+    EXPECT_EQ(statusText(), u"Not enabled. Use preferences to enable..."_s);
+    expectState(u"mTHSafari"_s, Color::LightGray);
+    EXPECT_FALSE(controller().isWatchTimerActive());
+
     const auto* grid = window().findChild<WatchPanel*>()->findChild<QGridLayout*>();
     ASSERT_NE(grid, nullptr);
     QStringList names;
@@ -229,15 +223,6 @@ TEST_F(MainWindowTest, TheLabelsStandInTheirFixedOrder)
                                   u"mTHOmniweb"_s, u"mTHOpera"_s, u"mTHMail"_s, u"mTHEudora"_s, u"mTHPostbox"_s,
                                   u"mTHCamino"_s, u"mTHFirefox"_s, u"mTHThunderbird"_s, u"mTHShiira"_s, u"mTHFlock"_s,
                                   u"mTHChrome"_s, u"mTHSeaMonkey"_s}));
-}
-
-TEST_F(MainWindowTest, StartingWithTheWatchOffSaysSoAndGreysEveryLabel)
-{
-    storedDefaults().setBool(false, PreferenceKey::Tarnhold);
-    app();
-    EXPECT_EQ(statusText(), u"Not enabled. Use preferences to enable..."_s);
-    expectState(u"mTHSafari"_s, Color::LightGray);
-    EXPECT_FALSE(controller().isWatchTimerActive());
 }
 
 TEST_F(MainWindowTest, TheWindowShowsAtStartUnlessAnAgentOrHiddenAfterShreddingWithTheWatch)

@@ -180,8 +180,9 @@ TEST_F(MenusTest, CancelInTheQuitBrowsersAlertEndsTheRunWithoutEndingTheSession)
     EXPECT_EQ(sessionEnd.events, QStringList{u"shut"_s});
 }
 
-TEST_F(MenusTest, HelpOpensSupportMailTheQuestionsAndTheDownloads)
+TEST_F(MenusTest, HelpOpensSupportMailTheQuestionsAndTheDownloadsAboutShowsTheVersionSettingsTheWindow)
 {
+    useBundle("2.5.1", "77");
     QMenu* help = menuBarMenu(u"Help"_s);
     ASSERT_NE(help, nullptr);
     for (QAction* action : help->actions())
@@ -192,19 +193,13 @@ TEST_F(MenusTest, HelpOpensSupportMailTheQuestionsAndTheDownloads)
     EXPECT_EQ(openedUrls[1].scheme(), u"https"_s);
     EXPECT_TRUE(openedUrls[1].path().contains(u"faq"_s));
     EXPECT_TRUE(openedUrls[2].path().contains(u"download"_s));
-}
 
-TEST_F(MenusTest, AboutShowsTheVersionAndBuildOfTheBundle)
-{
-    useBundle("2.5.1", "77");
     app().menus().about()->trigger();
     QMessageBox* about = openAlert(u"About Vantle X"_s);
     ASSERT_NE(about, nullptr);
     EXPECT_TRUE(about->text().contains(u"Version 2.5.1 (77)"_s));
-}
+    about->close();
 
-TEST_F(MenusTest, TheSettingsCommandShowsTheSettingsWindow)
-{
     EXPECT_FALSE(app().settingsWindow().isVisible());
     app().menus().settings()->trigger();
     EXPECT_TRUE(app().settingsWindow().isVisible());

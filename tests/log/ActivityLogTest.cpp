@@ -98,7 +98,7 @@ TEST_F(ActivityLogTest, AReopenWhileAnotherThreadWritesLeavesOnlyWholeLines)
             << qPrintable(line);
 }
 
-TEST_F(ActivityLogTest, EachRunReplacesTheFileWhichEveryoneMayWrite)
+TEST_F(ActivityLogTest, EachRunReplacesTheFileWhichEveryoneMayWriteAndWithLoggingOffItStaysEmpty)
 {
     ActivityLog::openRunLog(true);
     ActivityLog::writeLogLine(u"first run"_s);
@@ -110,10 +110,7 @@ TEST_F(ActivityLogTest, EachRunReplacesTheFileWhichEveryoneMayWrite)
     EXPECT_FALSE(log.contains(u"first run"_s));
     EXPECT_TRUE(log.contains(u"second run"_s));
     EXPECT_EQ(permissions(home.file(kLogFile)), 0777u);
-}
 
-TEST_F(ActivityLogTest, LoggingOffStillLeavesAnEmptyFileAndWritesNothing)
-{
     home.write(kLogFile, "an older run\n");
     ASSERT_EQ(::chmod(QFile::encodeName(home.file(kLogFile)).constData(), 0600), 0);
 

@@ -7,7 +7,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(SessionEnd, SystemdGetsArgumentVectors)
+TEST(SessionEnd, SystemdGetsArgumentVectorsAndAppleEventsGoToTheLoginWindow)
 {
     RecordingRunner runner;
     SystemdSessionEnd session(&runner);
@@ -22,16 +22,13 @@ TEST(SessionEnd, SystemdGetsArgumentVectors)
     EXPECT_EQ(runner.calls, (QList<QStringList>{{u"loginctl"_s, u"terminate-session"_s, u"c7"_s},
                                                 {u"systemctl"_s, u"poweroff"_s},
                                                 {u"systemctl"_s, u"reboot"_s}}));
-}
 
-TEST(SessionEnd, AppleEventsGoToTheLoginWindow)
-{
-    RecordingRunner runner;
-    AppleEventSessionEnd session(&runner);
-    session.sendSessionEndEvent(SessionEnd::Restart);
-    ASSERT_EQ(runner.calls.size(), 1);
+    RecordingRunner osascript;
+    AppleEventSessionEnd appleEvents(&osascript);
+    appleEvents.sendSessionEndEvent(SessionEnd::Restart);
+    ASSERT_EQ(osascript.calls.size(), 1);
     EXPECT_EQ(
-        runner.calls[0],
+        osascript.calls[0],
         (QStringList{u"/usr/bin/osascript"_s, u"-e"_s,
                      u"ignoring application responses\ntell application \"loginwindow\" to \u00abevent aevtrest\u00bb\n"
                      u"end ignoring"_s}));

@@ -4,7 +4,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(ApplicationList, CoupledApplicationsChangeTogether)
+TEST(ApplicationList, CoupledApplicationsChangeTogetherAndNamesMatchIgnoringCase)
 {
     QStringList list = ApplicationList::allNames();
     ApplicationList::toggle(list, u"Safari"_s);
@@ -18,20 +18,15 @@ TEST(ApplicationList, CoupledApplicationsChangeTogether)
     ApplicationList::toggle(list, u"Chrome"_s); // no partner
     EXPECT_FALSE(list.contains(u"Chrome"_s));
     EXPECT_EQ(list.size(), 16);
-}
 
-TEST(ApplicationList, AddingBesideAPresentPartnerDuplicatesItAndRemovalTakesEveryCopy)
-{
-    QStringList list{u"Mozilla"_s};
+    // Adding beside a present partner duplicates it; removal takes every copy.
+    list = {u"Mozilla"_s};
     ApplicationList::toggle(list, u"Netscape"_s);
     EXPECT_EQ(list, (QStringList{u"Mozilla"_s, u"Netscape"_s, u"Mozilla"_s}));
 
     ApplicationList::toggle(list, u"Mozilla"_s);
     EXPECT_TRUE(list.isEmpty());
-}
 
-TEST(ApplicationList, NamesMatchIgnoringCase)
-{
     EXPECT_EQ(ApplicationList::canonicalName(u"seamonkey 2"_s), u"SeaMonkey 2"_s);
     EXPECT_EQ(ApplicationList::canonicalName(u"OMNIWEB"_s), u"Omniweb"_s);
     EXPECT_TRUE(ApplicationList::canonicalName(u"SeaMonkey"_s).isNull());

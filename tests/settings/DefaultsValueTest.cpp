@@ -8,16 +8,13 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(DefaultsValue, StringsReadAsBooleansByTheirLeadingText)
+TEST(DefaultsValue, StringsReadAsBooleansByTheirLeadingTextNumbersAndOtherTypesAsTheirValue)
 {
     for (const QString& yes : {u"YES"_s, u"yes"_s, u"true"_s, u"T"_s, u"  y"_s, u"1"_s, u"007"_s, u"-3"_s, u"+9x"_s})
         EXPECT_TRUE(DefaultsValue::toBool(yes)) << qPrintable(yes);
     for (const QString& no : {u"NO"_s, u"false"_s, u""_s, u"0"_s, u"000"_s, u"on"_s, u"x1"_s, u"-"_s, u" "_s})
         EXPECT_FALSE(DefaultsValue::toBool(no)) << qPrintable(no);
-}
 
-TEST(DefaultsValue, NumbersAndOtherTypes)
-{
     EXPECT_TRUE(DefaultsValue::toBool(qint64(2)));
     EXPECT_FALSE(DefaultsValue::toBool(qint64(0)));
     EXPECT_TRUE(DefaultsValue::toBool(0.5));

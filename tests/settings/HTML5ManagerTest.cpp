@@ -234,7 +234,7 @@ TEST_F(HTML5ManagerTest, AnAddedRowIsSavedOnlyWithTheNextEditOrDeletion)
     EXPECT_EQ(manager->domains(), (QStringList{u"example.org"_s, u"newdomain.com"_s, u"newdomain.com"_s}));
 }
 
-TEST_F(HTML5ManagerTest, SettingsSurviveANewInstanceWithTheirOwnTypes)
+TEST_F(HTML5ManagerTest, SettingsSurviveANewInstanceWithTheirOwnTypesAndTheSharedOneReadsThem)
 {
     reopen();
     manager->addDomain();
@@ -248,6 +248,12 @@ TEST_F(HTML5ManagerTest, SettingsSurviveANewInstanceWithTheirOwnTypes)
     reopen();
     EXPECT_EQ(manager->domains(), QStringList{u"apple.com"_s});
     EXPECT_EQ(manager->getEnabledState(), 1);
+
+    EXPECT_EQ(HTML5Manager::sharedInstance(), nullptr);
+    HTML5Manager& shared = HTML5Manager::createSharedInstance();
+    EXPECT_EQ(HTML5Manager::sharedInstance(), &shared);
+    EXPECT_EQ(&HTML5Manager::createSharedInstance(), &shared);
+    EXPECT_EQ(shared.domains(), QStringList{u"apple.com"_s});
 }
 
 TEST_F(HTML5ManagerTest, WrongTypedValuesReadAsTheDefaults)
@@ -263,15 +269,4 @@ TEST_F(HTML5ManagerTest, WrongTypedValuesReadAsTheDefaults)
                 {u"mHTML5EnabledState"_s, QVariantMap{{u"a"_s, 1}}}});
     EXPECT_EQ(manager->domains(), QStringList{u"example.com"_s});
     EXPECT_EQ(manager->getEnabledState(), 0);
-}
-
-TEST_F(HTML5ManagerTest, TheSharedInstanceUsesTheStandardDefaults)
-{
-    home.write(u".config/com.orvick.vantle.plist"_s,
-               PropertyList::toXml(QVariantMap{{u"mDomainTableData"_s, QVariantList{u"apple.com"_s}}}));
-    EXPECT_EQ(HTML5Manager::sharedInstance(), nullptr);
-    HTML5Manager& shared = HTML5Manager::createSharedInstance();
-    EXPECT_EQ(HTML5Manager::sharedInstance(), &shared);
-    EXPECT_EQ(&HTML5Manager::createSharedInstance(), &shared);
-    EXPECT_EQ(shared.domains(), QStringList{u"apple.com"_s});
 }

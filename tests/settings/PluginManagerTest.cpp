@@ -62,7 +62,7 @@ TEST_F(PluginManagerTest, FirstStartStoresTheDefaultListAtOnce)
     EXPECT_FALSE(otherDefaults.objectForKey(u"mPluginArray"_s).isValid());
 }
 
-TEST_F(PluginManagerTest, DefaultPluginsAreDisabledNotDeletedAndKeepTheirNames)
+TEST_F(PluginManagerTest, DefaultPluginsAreDisabledNotDeletedAndKeepTheirNamesWhichMakeADefault)
 {
     auto manager = open();
     manager->addPlugin();
@@ -78,6 +78,15 @@ TEST_F(PluginManagerTest, DefaultPluginsAreDisabledNotDeletedAndKeepTheirNames)
     EXPECT_EQ(manager->plugins().size(), 2);
     EXPECT_FALSE(manager->deletePlugin(5));
     EXPECT_EQ(stored(), manager->plugins());
+
+    // A plug-in of ours renamed to a default one counts as that default.
+    manager->addPlugin();
+    ASSERT_TRUE(manager->setName(2, u"Java"_s));
+    EXPECT_FALSE(manager->setName(2, u"Other"_s));
+    EXPECT_TRUE(manager->deletePlugin(2));
+    EXPECT_EQ(manager->plugins().size(), 3); // disabled, not removed
+    EXPECT_TRUE(manager->restoreDefault(2));
+    EXPECT_EQ(manager->plugins()[2].toMap().value(u"paths"_s).toList(), QVariantList{u"~/Library/Caches/Java"_s});
 }
 
 TEST_F(PluginManagerTest, PathsAddedTwiceAreStoredTwiceAndRestoreDropsAddedOnes)
@@ -105,18 +114,6 @@ TEST_F(PluginManagerTest, PathsAddedTwiceAreStoredTwiceAndRestoreDropsAddedOnes)
     // Reopened: everything was written through.
     manager.reset();
     EXPECT_EQ(open()->plugins(), stored());
-}
-
-TEST_F(PluginManagerTest, ARenamedPluginWithADefaultNameCountsAsThatDefault)
-{
-    auto manager = open();
-    manager->addPlugin();
-    ASSERT_TRUE(manager->setName(2, u"Java"_s));
-    EXPECT_FALSE(manager->setName(2, u"Other"_s));
-    EXPECT_TRUE(manager->deletePlugin(2));
-    EXPECT_EQ(manager->plugins().size(), 3); // disabled, not removed
-    EXPECT_TRUE(manager->restoreDefault(2));
-    EXPECT_EQ(manager->plugins()[2].toMap().value(u"paths"_s).toList(), QVariantList{u"~/Library/Caches/Java"_s});
 }
 
 TEST(PluginManagerResource, TheShippedDefaultListHasTheEraPlugins)

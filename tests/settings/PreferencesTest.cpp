@@ -92,7 +92,7 @@ TEST_F(PreferencesTest, OnlyDifferencesFromTheFactoryValuesAreStored)
     EXPECT_EQ(reopened->valueForKey(u"ShredHistory"_s), false);
 }
 
-TEST_F(PreferencesTest, RevertToDefaultShowsFactoryValuesAndStoresThemWithTheNextCommit)
+TEST_F(PreferencesTest, RevertToDefaultShowsFactoryValuesStoresThemWithTheNextCommitAndDiscardTakesThemBack)
 {
     writeSettingsFile({{u"ShredCookies"_s, true}, {u"OverwritePattern"_s, qint64(4)}});
     auto preferences = open();
@@ -106,11 +106,8 @@ TEST_F(PreferencesTest, RevertToDefaultShowsFactoryValuesAndStoresThemWithTheNex
 
     preferences->commitDisplayedValues();
     EXPECT_TRUE(storedKeys().isEmpty());
-}
 
-TEST_F(PreferencesTest, DiscardPutsTheCommittedValuesBackOnThePanel)
-{
-    auto preferences = open();
+    // Discarding puts the committed values back on the panel.
     QVariantMap values = preferences->displayedValues();
     values.insert(u"ShredCookies"_s, true);
     preferences->miscChanged(panelStateFromValues(values));
@@ -200,18 +197,15 @@ TEST_F(PreferencesTest, ThePanelKeepsTheLoginItemInStepWithTheWatch)
     EXPECT_EQ(change(PreferenceKey::ShredCookies, true), QStringList());
 }
 
-TEST_F(PreferencesTest, EveryApplicationIsEnabledUntilTheUserChangesTheList)
+TEST_F(PreferencesTest, EveryApplicationIsEnabledUntilAChangeAppliesTheCouplingsAndStoresTheList)
 {
     auto preferences = open();
     for (const QString& name : ApplicationList::allNames())
         EXPECT_TRUE(preferences->browserIsEnabled(name)) << qPrintable(name);
     EXPECT_FALSE(preferences->browserIsEnabled(u"safari"_s)); // exact names only
     EXPECT_FALSE(storedKeys().contains(u"EnabledBrowsers"_s));
-}
 
-TEST_F(PreferencesTest, EnableChangedAppliesTheCouplingsAndStoresTheList)
-{
-    auto preferences = open();
+    // Changes apply the couplings and store the list.
     QSignalSpy changed(preferences.get(), &Preferences::enabledBrowsersChanged);
 
     preferences->enableChanged(u"Safari"_s);

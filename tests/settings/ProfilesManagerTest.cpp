@@ -33,13 +33,14 @@ const QString kFirefoxFolder = u"Library/Application Support/Firefox/Profiles"_s
 
 } // namespace
 
-TEST_F(ProfilesManagerTest, TheFirstStartSelectsEveryProfile)
+TEST_F(ProfilesManagerTest, TheFirstStartSelectsEveryProfileAndAMenuItemTogglesOneOfItsApplication)
 {
     makeProfile(kFirefoxFolder, u"ab12cd.default"_s);
     makeProfile(kFirefoxFolder, u"ef34gh.work"_s);
     home.write(kFirefoxFolder + u"/profiles.ini"_s, "[General]");
     home.write(kFirefoxFolder + u"/.DS_Store"_s, "finder");
     makeProfile(u"Library/Mozilla/Profiles"_s, u"default"_s);
+    makeProfile(u"Library/Application Support/SeaMonkey/Profiles"_s, u"zz.default"_s);
 
     manager.populateProfilesMenu();
 
@@ -65,15 +66,8 @@ TEST_F(ProfilesManagerTest, TheFirstStartSelectsEveryProfile)
     EXPECT_TRUE(selected(home.file(u"Library/Thunderbird/Profiles"_s)).isEmpty());
     EXPECT_TRUE(
         defaults.dictionaryForKey(u"ProfilesMenuDict"_s).contains(home.file(u"Library/Thunderbird/Profiles"_s)));
-}
 
-TEST_F(ProfilesManagerTest, UncheckingAndCheckingTouchesOnlyThatApplication)
-{
-    makeProfile(kFirefoxFolder, u"ab12cd.default"_s);
-    makeProfile(kFirefoxFolder, u"ef34gh.work"_s);
-    makeProfile(u"Library/Application Support/SeaMonkey/Profiles"_s, u"zz.default"_s);
-    manager.populateProfilesMenu();
-
+    // A click toggles one profile of that application alone.
     manager.doProfileMenuItem(ProfilesManager::Firefox, 1);
     EXPECT_EQ(selected(firefox()), QStringList{u"ef34gh.work"_s});
     EXPECT_FALSE(manager.menus()[ProfilesManager::Firefox].items[0].checked);

@@ -37,7 +37,7 @@ TEST_F(UserDefaultsTest, LivesInTheConfigurationFolderNamedAfterTheDomain)
     qunsetenv("XDG_CONFIG_HOME");
 }
 
-TEST_F(UserDefaultsTest, EveryTypeReadsBackIdenticallyAfterARestart)
+TEST_F(UserDefaultsTest, EveryTypeReadsBackIdenticallyAfterARestartAndAsOtherTypes)
 {
     const QString path = UserDefaults::defaultFilePath();
     const QByteArray archived("\x04\x0bstreamtyped\x00\xff", 15);
@@ -75,10 +75,7 @@ TEST_F(UserDefaultsTest, EveryTypeReadsBackIdenticallyAfterARestart)
     EXPECT_EQ(reopened.dictionaryForKey(u"Dict"_s), dictionary);
     EXPECT_EQ(reopened.dataForKey(u"Data"_s), archived);
     EXPECT_FALSE(reopened.objectForKey(u"Removed"_s).isValid());
-}
 
-TEST_F(UserDefaultsTest, TypedReadsOfOtherTypes)
-{
     UserDefaults defaults(UserDefaults::defaultFilePath());
     defaults.setObject(u"12 apples"_s, u"S"_s);
     defaults.setInteger(7, u"N"_s);

@@ -12,10 +12,10 @@
 // alerts as the test says. Checks that every call comes on the main thread.
 class RecordingView final : public ControllerView {
 public:
-    void setProgressValue(double percent) override { record(), progress.append(percent); }
-    void setProgressIndeterminate(bool indeterminate) override { record(), this->indeterminate = indeterminate; }
-    void setProgressAnimating(bool animating) override { record(), this->animating = animating; }
-    void setItemText(const QString& text) override { record(), itemTexts.append(text); }
+    void setProgressValue(double) override { record(); }
+    void setProgressIndeterminate(bool) override { record(); }
+    void setProgressAnimating(bool) override { record(); }
+    void setItemText(const QString&) override { record(); }
     void setWatchStatusText(const QString& text) override { record(), statusTexts.append(text); }
     void setApplicationLabelColor(WatchedApp application, LabelColor color) override
     {
@@ -27,8 +27,8 @@ public:
     }
     void setCustomStoppedCount(int count) override { record(), customStopped = count; }
     void setShredButtonEnabled(bool enabled) override { record(), shredButtonEnabled = enabled; }
-    void showWindow() override { record(), ++windowShown; }
-    void hideApplication() override { record(), ++hidden; }
+    void showWindow() override { record(); }
+    void hideApplication() override { record(); }
     void beginConfirmationSheet(const QString& title, const QString& message, std::function<void(int)> done) override
     {
         record();
@@ -45,29 +45,22 @@ public:
         return quitAlertAnswer;
     }
     void replyToApplicationShouldTerminate(bool terminate) override { record(), terminateReplies.append(terminate); }
-    void beep() override { record(), ++beeps; }
+    void beep() override { record(); }
 
     // Answers: 0 goes on ("OK"), 1 cancels; no confirmation answer keeps the sheet open.
     std::optional<int> confirmationAnswer = 0;
     int quitAlertAnswer = 0;
     std::function<void(int)> pendingConfirmation;
 
-    QList<double> progress;
-    bool indeterminate = false;
-    bool animating = false;
-    QStringList itemTexts;
     QStringList statusTexts;
     std::map<WatchedApp, LabelColor> labels;
     int customRunning = -1;
     LabelColor customRunningColor = LabelColor::LightGray;
     int customStopped = -1;
     bool shredButtonEnabled = true;
-    int windowShown = 0;
-    int hidden = 0;
     QStringList sheets;
     QStringList alerts;
     QList<bool> terminateReplies;
-    int beeps = 0;
     bool allOnMainThread = true;
 
 private:

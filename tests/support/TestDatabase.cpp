@@ -74,6 +74,22 @@ QString TestDatabase::value(const QString& query)
     return all.isEmpty() ? QString() : all.first().section(u'|', 0, 0);
 }
 
+void makePlaces(const QString& path, int places, int firstBookmarked, int titleLength)
+{
+    TestDatabase db(path);
+    db.exec(QString::fromUtf8(testData(QStringLiteral("places-firefox-3.0.sql"))));
+    db.exec(QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<%1)"
+                           " INSERT INTO moz_places (id, url, title, visit_count)"
+                           "  SELECT i, 'http://s' || i || '.example/', printf('%.%3c', 't'), 1 FROM n;"
+                           "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<%1)"
+                           " INSERT INTO moz_historyvisits (id, place_id, visit_date) SELECT i, i, i FROM n;"
+                           "INSERT INTO moz_bookmarks (id, type, fk, parent, position, title)"
+                           " SELECT id, 1, id, 2, id, 'B' || id FROM moz_places WHERE id >= %2;")
+                .arg(places)
+                .arg(firstBookmarked)
+                .arg(titleLength));
+}
+
 QByteArray testData(const QString& name)
 {
     QFile file(QStringLiteral(VANTLE_TEST_DATA_DIR "/") + name);

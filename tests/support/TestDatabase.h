@@ -28,5 +28,9 @@ private:
     sqlite3* mDatabase = nullptr;
 };
 
+// A Firefox 3.0 places database at path: places whose titles are titleLength
+// long, a visit to each, and a bookmark for every place from firstBookmarked on.
+void makePlaces(const QString& path, int places, int firstBookmarked, int titleLength = 1);
+
 // The test data folder's file of that name, read whole.
 QByteArray testData(const QString& name);

@@ -116,7 +116,7 @@ TEST_F(CustomShredTest, PathsAreHandedOverAndKeptFoldersComeBackEmpty)
     EXPECT_TRUE(QDir(home.file(u"Editor Cache"_s)).isEmpty());
 }
 
-TEST_F(CustomShredTest, DamagedStoredDataReadsAsNoProcesses)
+TEST_F(CustomShredTest, DamagedStoredDataOrDataOfAnotherShapeReadsAsNoProcesses)
 {
     const QByteArray good = CustomShred::archive({{editor, QVariantList{QVariantMap{{u"path"_s, u"/tmp/x"_s}}}}});
     EXPECT_EQ(CustomShred::unarchive(good).keys(), QStringList{editor});
@@ -125,10 +125,7 @@ TEST_F(CustomShredTest, DamagedStoredDataReadsAsNoProcesses)
     EXPECT_TRUE(CustomShred::unarchive(good + "trailing").isEmpty());
     defaults.setObject(QByteArray("\xff\xff\xff\xff"), u"mProcessDictionary"_s);
     EXPECT_TRUE(CustomShred(defaults).processes().isEmpty());
-}
 
-TEST_F(CustomShredTest, StoredDataOfAnotherShapeReadsAsNoProcessesWithoutTrustingItsCounts)
-{
     // The settings file is anyone's to rewrite: a list claiming four billion
     // entries is read entry by entry, and ends where the data does.
     QByteArray huge;
