@@ -76,7 +76,7 @@ Error EraseQueue::eraseNow(const QString& path)
             ::chmod(native.constData(), (status.st_mode & 07777) | S_IRUSR | S_IWUSR);
         overwritten = mEngine->overwriteWorkFile(native);
     }
-    if (::unlink(native.constData()) != 0)
+    if (::unlink(native.constData()) != 0 && overwritten.ok())
         return {Error::Code::RemoveFailed, errno, native};
     return overwritten;
 }

@@ -24,14 +24,11 @@ TEST(Bundle, MainBundleFindsTheBuiltResourcesAndVersion)
 TEST(Bundle, ResourceLookupAndInstalledAndMacLayouts)
 {
     QTemporaryDir root;
-    ASSERT_TRUE(QDir(root.path()).mkpath(u"bin"_s));
-    ASSERT_TRUE(QDir(root.path()).mkpath(u"share/vantle"_s));
-    QFile templ(root.filePath(u"share/vantle/placesvacuumed.sqlite"_s));
-    ASSERT_TRUE(templ.open(QIODevice::WriteOnly));
-    templ.close();
-    QFile tool(root.filePath(u"share/vantle/sqlite3"_s));
-    ASSERT_TRUE(tool.open(QIODevice::WriteOnly));
-    tool.close();
+    for (const QString& folder :
+         {u"bin"_s, u"share/vantle"_s, u"Vantle X.app/Contents/MacOS"_s, u"Vantle X.app/Contents/Resources"_s})
+        ASSERT_TRUE(QDir(root.path()).mkpath(folder));
+    for (const QString& file : {u"share/vantle/placesvacuumed.sqlite"_s, u"share/vantle/sqlite3"_s})
+        ASSERT_TRUE(QFile(root.filePath(file)).open(QIODevice::WriteOnly));
 
     const QString bin = root.filePath(u"bin"_s);
     const Bundle installed(Bundle::bundlePathForExecutableDir(bin), Bundle::resourcePathForExecutableDir(bin));
@@ -41,8 +38,6 @@ TEST(Bundle, ResourceLookupAndInstalledAndMacLayouts)
     EXPECT_TRUE(installed.pathForResource(u"missing"_s, u"sqlite"_s).isEmpty());
     EXPECT_TRUE(installed.infoDictionary().isEmpty()); // no Info.plist here: empty, no crash
 
-    ASSERT_TRUE(QDir(root.path()).mkpath(u"Vantle X.app/Contents/MacOS"_s));
-    ASSERT_TRUE(QDir(root.path()).mkpath(u"Vantle X.app/Contents/Resources"_s));
     const QString macOS = root.filePath(u"Vantle X.app/Contents/MacOS"_s);
     EXPECT_EQ(Bundle::bundlePathForExecutableDir(macOS), root.filePath(u"Vantle X.app"_s));
     EXPECT_EQ(Bundle::resourcePathForExecutableDir(macOS), root.filePath(u"Vantle X.app/Contents/Resources"_s));
