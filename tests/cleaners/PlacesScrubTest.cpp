@@ -192,27 +192,7 @@ TEST_F(PlacesScrubTest, KeptHistoryAndIconsSurviveWhole)
     EXPECT_EQ(placeIds(), kPlacesWithoutHistory);
 }
 
-TEST_F(PlacesScrubTest, UnknownSchemaIsLeftAsItWasWithBothDigests)
-{
-    {
-        TestDatabase db(places);
-        db.exec(u"CREATE TABLE moz_places (id INTEGER PRIMARY KEY);"_s);
-        db.exec(u"INSERT INTO moz_places VALUES (1);"_s);
-    }
-    const QByteArray before = home.read(places);
-    const QString listing = u"CREATE TABLE moz_places (id INTEGER PRIMARY KEY);\n"_s;
-
-    QString renamed;
-    const QStringList lines = run([&] { renamed = scrub(); });
-
-    EXPECT_TRUE(renamed.isNull());
-    EXPECT_EQ(lines, QStringList({u"Places Database Schema does not match key:"_s, md5(listing.toUtf8()),
-                                  md5("CREATETABLEmoz_places(idINTEGERPRIMARYKEY);")}));
-    EXPECT_EQ(home.read(places), before);
-    EXPECT_EQ(leftOvers(), QStringList());
-}
-
-TEST_F(PlacesScrubTest, FilesThatAreNoDatabaseStayAsTheyWere)
+TEST_F(PlacesScrubTest, FilesThatAreNoDatabaseOrOfAnotherSchemaStayAsTheyWere)
 {
     makePlaces();
     QFile real(places);
@@ -238,6 +218,21 @@ TEST_F(PlacesScrubTest, FilesThatAreNoDatabaseStayAsTheyWere)
 
     QDir().rmdir(places);
     EXPECT_EQ(run([&] { scrub(); }), QStringList({u"Places Database does not exist."_s, QString()}));
+
+    // A database of another schema: both digests of its listing are said.
+    {
+        TestDatabase db(places);
+        db.exec(u"CREATE TABLE moz_places (id INTEGER PRIMARY KEY); INSERT INTO moz_places VALUES (1);"_s);
+    }
+    const QByteArray before = home.read(places);
+    const QByteArray listing = "CREATE TABLE moz_places (id INTEGER PRIMARY KEY);\n";
+    QString renamed = u"not run"_s;
+    const QStringList lines = run([&] { renamed = scrub(); });
+    EXPECT_TRUE(renamed.isNull());
+    EXPECT_EQ(lines, QStringList({u"Places Database Schema does not match key:"_s, md5(listing),
+                                  md5("CREATETABLEmoz_places(idINTEGERPRIMARYKEY);")}));
+    EXPECT_EQ(home.read(places), before);
+    EXPECT_EQ(leftOvers(), QStringList());
 }
 
 TEST_F(PlacesScrubTest, LeftOversOfAnInterruptedRunAreRemoved)
