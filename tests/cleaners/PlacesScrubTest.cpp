@@ -235,7 +235,7 @@ TEST_F(PlacesScrubTest, FilesThatAreNoDatabaseOrOfAnotherSchemaStayAsTheyWere)
     EXPECT_EQ(leftOvers(), QStringList());
 }
 
-TEST_F(PlacesScrubTest, LeftOversOfAnInterruptedRunAreRemoved)
+TEST_F(PlacesScrubTest, LeftOversOfAnInterruptedRunAreRemovedUnlessDry)
 {
     makePlaces();
     setKey(PreferenceKey::ShredHistory, true);
@@ -247,6 +247,14 @@ TEST_F(PlacesScrubTest, LeftOversOfAnInterruptedRunAreRemoved)
     ASSERT_EQ(::link(QFile::encodeName(places).constData(),
                      QFile::encodeName(profile + u"/places.renamed.sqlite"_s).constData()),
               0);
+    // A dry run changes none of them.
+    const QStringList before = QDir(profile).entryList(QDir::Files);
+    const QByteArray bytes = home.read(places);
+    EraseQueue dryQueue(preferences, true);
+    CleanerContext dry(dryQueue, isRunning, customStatus, preferences, true);
+    EXPECT_EQ(PlacesScrub(dry, dry.sqliteShell()).firefox3sqlite(places), profile + u"/places.renamed.sqlite"_s);
+    EXPECT_EQ(QDir(profile).entryList(QDir::Files), before);
+    EXPECT_EQ(home.read(places), bytes);
 
     const QString renamed = scrub();
 
@@ -376,21 +384,6 @@ TEST_F(PlacesScrubTest, ARebuildThatLostABookmarkedPlaceDoesNotReplaceTheDatabas
     EXPECT_EQ(lines, refused);
     EXPECT_EQ(home.read(places), before);
     EXPECT_EQ(leftOvers(), QStringList());
-}
-
-TEST_F(PlacesScrubTest, DryRunChangesNothing)
-{
-    makePlaces();
-    setKey(PreferenceKey::ShredHistory, true);
-    home.write(profile + u"/places.vantlex.src.sqlite"_s, "left over");
-    const QStringList before = QDir(profile).entryList(QDir::Files);
-    const QByteArray bytes = home.read(places);
-    EraseQueue dryQueue(preferences, true);
-    CleanerContext dry(dryQueue, isRunning, customStatus, preferences, true);
-
-    EXPECT_EQ(PlacesScrub(dry, dry.sqliteShell()).firefox3sqlite(places), profile + u"/places.renamed.sqlite"_s);
-    EXPECT_EQ(QDir(profile).entryList(QDir::Files), before);
-    EXPECT_EQ(home.read(places), bytes);
 }
 
 TEST_F(PlacesScrubTest, FolderNamesWithSpacesQuotesAndAccentsWorkOrAreRefused)
