@@ -93,18 +93,13 @@ TEST_F(ChromeCleanersTest, ChromeSeventeenNeedsTheKeyAndKeepsTopSitesWhenAsked)
     home.write(kProfile + u"Preferences"_s, R"({"homepage":"x"})");
     setAllKeys(true);
     setKey(PreferenceKey::KeepSafariTopSites, true);
-    EXPECT_EQ(run([&] { cleaners.Chrome170(); }),
-              (QStringList{
-                  u"Chrome 17.0"_s,
-                  u"Shred: "_s + profile(u"Favicons"_s),
-                  u"Shred: "_s + profile(u"Favicons-journal"_s),
-                  u"Shred: "_s + profile(u"shortcuts"_s),
-                  u"Shred: "_s + profile(u"Network Action Predictor"_s),
-                  u"Skip (dns_prefetching not found): "_s + profile(u"Preferences"_s),
-                  u"Skip: "_s + profile(u"Top Sites"_s),
-                  u"Skip: "_s + profile(u"Top Sites-journal"_s),
-                  u""_s,
-              }));
+    EXPECT_EQ(
+        run([&] { cleaners.Chrome170(); }),
+        (QStringList{u"Chrome 17.0"_s, u"Shred: "_s + profile(u"Favicons"_s),
+                     u"Shred: "_s + profile(u"Favicons-journal"_s), u"Shred: "_s + profile(u"shortcuts"_s),
+                     u"Shred: "_s + profile(u"Network Action Predictor"_s),
+                     u"Skip (dns_prefetching not found): "_s + profile(u"Preferences"_s),
+                     u"Skip: "_s + profile(u"Top Sites"_s), u"Skip: "_s + profile(u"Top Sites-journal"_s), u""_s}));
     EXPECT_EQ(home.read(kProfile + u"Preferences"_s), R"({"homepage":"x"})");
 
     queue.takePaths();

@@ -3,8 +3,6 @@
 #include "cleaners/ChromeCleaners.h"
 #include "cleaners/CleanerFixture.h"
 
-#include <QDir>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -13,14 +11,6 @@ const QString kFirefox = u"Library/Application Support/Firefox/Profiles/"_s;
 
 class MozillaCleanersTest : public CleanerFixture {
 protected:
-    void select(const QString& folder, const QStringList& names)
-    {
-        QVariantMap selection = defaults.dictionaryForKey(u"ProfilesMenuDict"_s);
-        selection.insert(home.file(folder), QVariantList(names.cbegin(), names.cend()));
-        defaults.setObject(selection, u"ProfilesMenuDict"_s);
-    }
-    void makeFolder(const QString& relative) { QDir().mkpath(home.file(relative)); }
-
     ChromeCleaners chrome{context};
     MozillaCleaners cleaners{context, defaults, chrome};
 };
@@ -36,20 +26,10 @@ TEST_F(MozillaCleanersTest, FirefoxTwoWalksTheSelectedProfilesAndFindsThePasswor
     setAllKeys(true);
 
     const QString profile = home.file(kFirefox + u"a1.default"_s);
-    EXPECT_EQ(run([&] { cleaners.Firefox20(); }), (QStringList{
-                                                      u"Firefox 2.0"_s,
-                                                      profile,
-                                                      u"Shred:"_s,
-                                                      profile + u"/sessionstore.js"_s,
-                                                      u"Shred:"_s,
-                                                      profile + u"/sessionstore.bak"_s,
-                                                      u"Shred:"_s,
-                                                      profile + u"/formhistory.dat"_s,
-                                                      u"Shred:"_s,
-                                                      profile + u"/signons2.txt"_s,
-                                                      u""_s,
-                                                      u""_s,
-                                                  }));
+    EXPECT_EQ(run([&] { cleaners.Firefox20(); }),
+              (QStringList{u"Firefox 2.0"_s, profile, u"Shred:"_s, profile + u"/sessionstore.js"_s, u"Shred:"_s,
+                           profile + u"/sessionstore.bak"_s, u"Shred:"_s, profile + u"/formhistory.dat"_s, u"Shred:"_s,
+                           profile + u"/signons2.txt"_s, u""_s, u""_s}));
     EXPECT_EQ(paths, (QStringList{profile + u"/sessionstore.js"_s, profile + u"/sessionstore.bak"_s,
                                   profile + u"/formhistory.dat"_s, profile + u"/signons2.txt"_s}));
 
@@ -176,36 +156,26 @@ TEST_F(MozillaCleanersTest, FlockThreeFiveCleansEveryUserDataFolder)
     EXPECT_TRUE(lines.filter(u"Profiles"_s).isEmpty());
 }
 
-TEST_F(MozillaCleanersTest, APasswordFileNamedOutsideTheProfileIsRefusedAndSaidSo)
-{
-    home.write(kFirefox + u"a1.default/prefs.js"_s,
-               "user_pref(\"signon.SignonFileName\", \"../../../Documents/a\");\n");
-    home.write(u"Documents/a"_s, "mine");
-    select(kFirefox.chopped(1), {u"a1.default"_s});
-    setAllKeys(true);
-
-    const QStringList lines = run([&] { cleaners.Firefox20(); });
-    EXPECT_TRUE(lines.contains(
-        u"Skip: Passwords file named in prefs.js is not a file of the profile folder: ../../../Documents/a"_s));
-    for (const QString& path : paths)
-        EXPECT_FALSE(path.contains(u"Documents"_s)) << qPrintable(path);
-}
-
-TEST_F(MozillaCleanersTest, APasswordFileNameHoldingANulNamesNoFile)
+TEST_F(MozillaCleanersTest, APasswordFileNamedOutsideTheProfileOrHoldingANulIsRefusedAndSaidSo)
 {
     // The system would read "key3.db\0.txt" as "key3.db": the log would name one
     // file and the erase hit another.
-    static const char prefs[] = "user_pref(\"signon.SignonFileName\", \"key3.db\0.txt\");\n";
-    home.write(kFirefox + u"a1.default/prefs.js"_s, QByteArray(prefs, sizeof(prefs) - 1));
+    static const char nul[] = "user_pref(\"signon.SignonFileName\", \"key3.db\0.txt\");\n";
+    home.write(u"Documents/a"_s, "mine");
     home.write(kFirefox + u"a1.default/key3.db"_s, "kept");
     select(kFirefox.chopped(1), {u"a1.default"_s});
     setAllKeys(true);
-
-    const QStringList lines = run([&] { cleaners.Firefox20(); });
-    EXPECT_EQ(lines.filter(u"Skip: Passwords file named in prefs.js is not a file of the profile folder: "_s).size(),
-              1);
-    for (const QString& path : paths)
-        EXPECT_FALSE(path.contains(u"key3.db"_s)) << qPrintable(path);
+    const QString refused = u"Skip: Passwords file named in prefs.js is not a file of the profile folder: "_s;
+    for (const QByteArray& prefs : {QByteArray("user_pref(\"signon.SignonFileName\", \"../../../Documents/a\");\n"),
+                                    QByteArray(nul, sizeof(nul) - 1)}) {
+        home.write(kFirefox + u"a1.default/prefs.js"_s, prefs);
+        queue.takePaths();
+        const QStringList lines = run([&] { cleaners.Firefox20(); });
+        EXPECT_EQ(lines.filter(refused).size(), 1) << prefs.constData();
+        EXPECT_TRUE(prefs.contains('\0') || lines.contains(refused + u"../../../Documents/a"_s));
+        for (const QString& path : paths)
+            EXPECT_FALSE(path.contains(u"Documents"_s) || path.contains(u"key3.db"_s)) << qPrintable(path);
+    }
     static const char onlyNul[] = "signon.SignonFileName, \"\0\"";
     EXPECT_TRUE(MozillaCleaners::passwordFileName(QByteArray(onlyNul, sizeof(onlyNul) - 1)).isNull());
 }

@@ -192,27 +192,7 @@ TEST_F(PlacesScrubTest, KeptHistoryAndIconsSurviveWhole)
     EXPECT_EQ(placeIds(), kPlacesWithoutHistory);
 }
 
-TEST_F(PlacesScrubTest, UnknownSchemaIsLeftAsItWasWithBothDigests)
-{
-    {
-        TestDatabase db(places);
-        db.exec(u"CREATE TABLE moz_places (id INTEGER PRIMARY KEY);"_s);
-        db.exec(u"INSERT INTO moz_places VALUES (1);"_s);
-    }
-    const QByteArray before = home.read(places);
-    const QString listing = u"CREATE TABLE moz_places (id INTEGER PRIMARY KEY);\n"_s;
-
-    QString renamed;
-    const QStringList lines = run([&] { renamed = scrub(); });
-
-    EXPECT_TRUE(renamed.isNull());
-    EXPECT_EQ(lines, QStringList({u"Places Database Schema does not match key:"_s, md5(listing.toUtf8()),
-                                  md5("CREATETABLEmoz_places(idINTEGERPRIMARYKEY);")}));
-    EXPECT_EQ(home.read(places), before);
-    EXPECT_EQ(leftOvers(), QStringList());
-}
-
-TEST_F(PlacesScrubTest, FilesThatAreNoDatabaseStayAsTheyWere)
+TEST_F(PlacesScrubTest, FilesThatAreNoDatabaseOrOfAnotherSchemaStayAsTheyWere)
 {
     makePlaces();
     QFile real(places);
@@ -238,9 +218,24 @@ TEST_F(PlacesScrubTest, FilesThatAreNoDatabaseStayAsTheyWere)
 
     QDir().rmdir(places);
     EXPECT_EQ(run([&] { scrub(); }), QStringList({u"Places Database does not exist."_s, QString()}));
+
+    // A database of another schema: both digests of its listing are said.
+    {
+        TestDatabase db(places);
+        db.exec(u"CREATE TABLE moz_places (id INTEGER PRIMARY KEY); INSERT INTO moz_places VALUES (1);"_s);
+    }
+    const QByteArray before = home.read(places);
+    const QByteArray listing = "CREATE TABLE moz_places (id INTEGER PRIMARY KEY);\n";
+    QString renamed = u"not run"_s;
+    const QStringList lines = run([&] { renamed = scrub(); });
+    EXPECT_TRUE(renamed.isNull());
+    EXPECT_EQ(lines, QStringList({u"Places Database Schema does not match key:"_s, md5(listing),
+                                  md5("CREATETABLEmoz_places(idINTEGERPRIMARYKEY);")}));
+    EXPECT_EQ(home.read(places), before);
+    EXPECT_EQ(leftOvers(), QStringList());
 }
 
-TEST_F(PlacesScrubTest, LeftOversOfAnInterruptedRunAreRemoved)
+TEST_F(PlacesScrubTest, LeftOversOfAnInterruptedRunAreRemovedUnlessDry)
 {
     makePlaces();
     setKey(PreferenceKey::ShredHistory, true);
@@ -252,6 +247,14 @@ TEST_F(PlacesScrubTest, LeftOversOfAnInterruptedRunAreRemoved)
     ASSERT_EQ(::link(QFile::encodeName(places).constData(),
                      QFile::encodeName(profile + u"/places.renamed.sqlite"_s).constData()),
               0);
+    // A dry run changes none of them.
+    const QStringList before = QDir(profile).entryList(QDir::Files);
+    const QByteArray bytes = home.read(places);
+    EraseQueue dryQueue(preferences, true);
+    CleanerContext dry(dryQueue, isRunning, customStatus, preferences, true);
+    EXPECT_EQ(PlacesScrub(dry, dry.sqliteShell()).firefox3sqlite(places), profile + u"/places.renamed.sqlite"_s);
+    EXPECT_EQ(QDir(profile).entryList(QDir::Files), before);
+    EXPECT_EQ(home.read(places), bytes);
 
     const QString renamed = scrub();
 
@@ -381,21 +384,6 @@ TEST_F(PlacesScrubTest, ARebuildThatLostABookmarkedPlaceDoesNotReplaceTheDatabas
     EXPECT_EQ(lines, refused);
     EXPECT_EQ(home.read(places), before);
     EXPECT_EQ(leftOvers(), QStringList());
-}
-
-TEST_F(PlacesScrubTest, DryRunChangesNothing)
-{
-    makePlaces();
-    setKey(PreferenceKey::ShredHistory, true);
-    home.write(profile + u"/places.vantlex.src.sqlite"_s, "left over");
-    const QStringList before = QDir(profile).entryList(QDir::Files);
-    const QByteArray bytes = home.read(places);
-    EraseQueue dryQueue(preferences, true);
-    CleanerContext dry(dryQueue, isRunning, customStatus, preferences, true);
-
-    EXPECT_EQ(PlacesScrub(dry, dry.sqliteShell()).firefox3sqlite(places), profile + u"/places.renamed.sqlite"_s);
-    EXPECT_EQ(QDir(profile).entryList(QDir::Files), before);
-    EXPECT_EQ(home.read(places), bytes);
 }
 
 TEST_F(PlacesScrubTest, FolderNamesWithSpacesQuotesAndAccentsWorkOrAreRefused)

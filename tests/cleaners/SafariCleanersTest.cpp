@@ -58,15 +58,11 @@ TEST_F(SafariCleanersTest, SafariFourTakesTheTemporaryCacheAndKeepsTopSitesWhenA
     setAllKeys(true);
     setKey(PreferenceKey::KeepSafariTopSites, true);
     const QString temporaryCache = home.file(u"var/folders/ab/cd/-Caches-/com.apple.Safari"_s);
-    EXPECT_EQ(run([&] { cleaners.Safari40(); }), (QStringList{
-                                                     u"Safari 4.0"_s,
-                                                     u"Shred: $TMPDIR"_s,
-                                                     temporaryCache,
-                                                     u"Shred: ~/Library/Caches/com.apple.Safari"_s,
-                                                     u"Shred: ~/Library/Caches/Safari Webpage Preview Fetcher"_s,
-                                                     u"Skip: ~/Library/Safari/TopSites.plist"_s,
-                                                     u""_s,
-                                                 }));
+    EXPECT_EQ(run([&] { cleaners.Safari40(); }),
+              (QStringList{u"Safari 4.0"_s, u"Shred: $TMPDIR"_s, temporaryCache,
+                           u"Shred: ~/Library/Caches/com.apple.Safari"_s,
+                           u"Shred: ~/Library/Caches/Safari Webpage Preview Fetcher"_s,
+                           u"Skip: ~/Library/Safari/TopSites.plist"_s, u""_s}));
     EXPECT_EQ(paths.first(), temporaryCache);
 
     queue.takePaths();
@@ -75,14 +71,11 @@ TEST_F(SafariCleanersTest, SafariFourTakesTheTemporaryCacheAndKeepsTopSitesWhenA
     EXPECT_EQ(paths.last(), home.file(u"Library/Safari/TopSites.plist"_s));
 
     setAllKeys(false);
-    EXPECT_EQ(run([&] { cleaners.Safari40(); }), (QStringList{
-                                                     u"Safari 4.0"_s,
-                                                     u"Skip: $TMPDIR/../-Caches-/com.apple.Safari"_s,
-                                                     u"Skip: ~/Library/Caches/com.apple.Safari"_s,
-                                                     u"Skip: ~/Library/Caches/Safari Webpage Preview Fetcher"_s,
-                                                     u"Skip: ~/Library/Safari/TopSites.plist"_s,
-                                                     u""_s,
-                                                 }));
+    EXPECT_EQ(run([&] { cleaners.Safari40(); }),
+              (QStringList{u"Safari 4.0"_s, u"Skip: $TMPDIR/../-Caches-/com.apple.Safari"_s,
+                           u"Skip: ~/Library/Caches/com.apple.Safari"_s,
+                           u"Skip: ~/Library/Caches/Safari Webpage Preview Fetcher"_s,
+                           u"Skip: ~/Library/Safari/TopSites.plist"_s, u""_s}));
 
     // Without TMPDIR the temporary folder is /tmp, whose parent is the root.
     qunsetenv("TMPDIR");
@@ -96,13 +89,9 @@ TEST_F(SafariCleanersTest, SafariFiveOneStopsTheCookieDaemonAndTakesWindowStates
     home.write(state + u"windows.plist"_s, "w");
     home.write(state + u"data.data"_s, "d");
     setAllKeys(true);
-    EXPECT_EQ(run([&] { cleaners.Safari51(); }), (QStringList{
-                                                     u"Safari 5.1-6"_s,
-                                                     u"Shred: $TMPDIR"_s,
-                                                     home.file(u"var/folders/ab/cd/C/com.apple.Safari"_s),
-                                                     u"Shred: ~/Library/Cookies/Cookies.binarycookies"_s,
-                                                     u""_s,
-                                                 }));
+    EXPECT_EQ(run([&] { cleaners.Safari51(); }),
+              (QStringList{u"Safari 5.1-6"_s, u"Shred: $TMPDIR"_s, home.file(u"var/folders/ab/cd/C/com.apple.Safari"_s),
+                           u"Shred: ~/Library/Cookies/Cookies.binarycookies"_s, u""_s}));
     EXPECT_EQ(runner.calls, QList<QStringList>{(QStringList{u"killall"_s, u"cookied"_s})});
     EXPECT_EQ(paths, (QStringList{home.file(u"var/folders/ab/cd/C/com.apple.Safari"_s),
                                   home.file(u"Library/Cookies/Cookies.binarycookies"_s),

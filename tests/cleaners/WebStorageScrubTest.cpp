@@ -65,17 +65,7 @@ TEST_F(WebStorageScrubTest, SafariDatabasesKeepsOnlyKeptOriginsAsSubstrings)
               QStringList({u"Databases.db"_s, u"renamed.sqlite"_s}));
 }
 
-TEST_F(WebStorageScrubTest, StorageTrackerAlwaysKeepsSafarisOwnOrigins)
-{
-    const QString path =
-        makeDatabase(u"Library/Safari/LocalStorage/StorageTracker.db"_s, u"safari-storagetracker.sql"_s,
-                     u"INSERT INTO Origins VALUES ('safari-resource_/_0', 'a'), ('http_a.com_0', 'b'),"
-                     " ('https_b.net_0', 'c');"_s);
-    ASSERT_FALSE(scrub().safari5storagetrackersqlite(path, kSafariTrackerKey).isNull());
-    EXPECT_EQ(column(path, u"select origin from Origins"_s), QStringList{u"safari-resource_/_0"_s});
-}
-
-TEST_F(WebStorageScrubTest, ChromeKeepsMetaAndKeptDatabases)
+TEST_F(WebStorageScrubTest, ChromeKeepsMetaAndKeptDatabasesFlockItsPeopleAndSafarisTrackerItsOwnOrigins)
 {
     const QString path = makeDatabase(
         u"Library/Application Support/Google/Chrome/Default/databases/Databases.db"_s, u"chrome-databases.sql"_s,
@@ -92,16 +82,20 @@ TEST_F(WebStorageScrubTest, ChromeKeepsMetaAndKeptDatabases)
               QStringList({u"http_kept.org_0"_s, u"it's.kept_0"_s}));
     // Quota rows go to a table of another name, which Chrome's index does not have.
     EXPECT_EQ(column(path, u"select count(*) from Quota"_s), QStringList{u"0"_s});
-}
 
-TEST_F(WebStorageScrubTest, FlockAlwaysKeepsItsPeopleExtension)
-{
-    const QString path = makeDatabase(
+    const QString flock = makeDatabase(
         u"Library/Application Support/Flock/User Data/Default/databases/Databases.db"_s, u"chrome-databases.sql"_s,
         u"INSERT INTO Databases (origin, name, description, estimated_size) VALUES"
         " ('chrome-extension_flock_people_0', 'people', 'd', 1), ('http_gone.org_0', 'db', 'd', 1);"_s);
-    ASSERT_FALSE(scrub().flock35databasessqlite(path, kChromeKey).isNull());
-    EXPECT_EQ(column(path, u"select origin from Databases"_s), QStringList{u"chrome-extension_flock_people_0"_s});
+    ASSERT_FALSE(scrub().flock35databasessqlite(flock, kChromeKey).isNull());
+    EXPECT_EQ(column(flock, u"select origin from Databases"_s), QStringList{u"chrome-extension_flock_people_0"_s});
+
+    const QString tracker =
+        makeDatabase(u"Library/Safari/LocalStorage/StorageTracker.db"_s, u"safari-storagetracker.sql"_s,
+                     u"INSERT INTO Origins VALUES ('safari-resource_/_0', 'a'), ('http_a.com_0', 'b'),"
+                     " ('https_b.net_0', 'c');"_s);
+    ASSERT_FALSE(scrub().safari5storagetrackersqlite(tracker, kSafariTrackerKey).isNull());
+    EXPECT_EQ(column(tracker, u"select origin from Origins"_s), QStringList{u"safari-resource_/_0"_s});
 }
 
 TEST_F(WebStorageScrubTest, FirefoxStoresAreQueriedByTheirDigestsPairing)
