@@ -63,6 +63,16 @@ protected:
         return *mApp;
     }
 
+    // The application's bundle, with an information file of those keys.
+    void useBundle(const QByteArray& keys)
+    {
+        home.write(QStringLiteral("Resources/Info.plist"),
+                   "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>" + keys +
+                       "</dict></plist>\n");
+        bundle =
+            std::make_unique<Bundle>(home.file(QStringLiteral("Resources")), home.file(QStringLiteral("Resources")));
+    }
+
     MainWindow& window() { return app().mainWindow(); }
     Controller& controller() { return app().controller(); }
 

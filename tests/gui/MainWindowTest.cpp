@@ -3,15 +3,12 @@
 #include "gui/WatchPanel.h"
 #include "watch/CustomShred.h"
 
-#include <QApplication>
-#include <QCheckBox>
 #include <QDir>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QStyle>
 #include <QTreeWidget>
 
 #include <cmath>
@@ -178,14 +175,14 @@ TEST_F(MainWindowTest, TheWatchPaintsEachApplicationsLabelAndCountsTheCustomProc
         expectState(QLatin1StringView(name), Color::LightGray);
 }
 
-TEST_F(MainWindowTest, EveryStateReadsBySymbolNameAndContrastOnLightAndDarkPalettes)
+TEST_F(MainWindowTest, EveryStateReadsBySymbolNameAndContrastOnLightAndDarkPalettesInItsFixedPlace)
 {
     QPalette dark(QColor(0xe0, 0xe0, 0xe0), QColor(0x35, 0x35, 0x35));
     dark.setColor(QPalette::Window, QColor(0x2b, 0x2b, 0x2b));
+    WatchPanel panel;
+    auto* safari = panel.findChild<QLabel*>(u"mTHSafari"_s);
     for (const QPalette& palette : {QApplication::style()->standardPalette(), dark}) {
-        WatchPanel panel;
         panel.setPalette(palette);
-        auto* safari = panel.findChild<QLabel*>(u"mTHSafari"_s);
         QStringList seen;
         for (const auto& [color, state] :
              {std::pair{Color::Red, u"running"_s}, std::pair{Color::Green, u"not running"_s},
@@ -205,16 +202,7 @@ TEST_F(MainWindowTest, EveryStateReadsBySymbolNameAndContrastOnLightAndDarkPalet
         EXPECT_GE(contrastRatio(safari->palette().color(QPalette::WindowText), panel.palette().color(QPalette::Window)),
                   4.5);
     }
-}
-
-TEST_F(MainWindowTest, StartingWithTheWatchOffSaysSoAndGreysEveryLabelInItsFixedPlace)
-{
-    storedDefaults().setBool(false, PreferenceKey::Tarnhold);
-    EXPECT_EQ(statusText(), u"Not enabled. Use preferences to enable..."_s);
-    expectState(u"mTHSafari"_s, Color::LightGray);
-    EXPECT_FALSE(controller().isWatchTimerActive());
-
-    const auto* grid = window().findChild<WatchPanel*>()->findChild<QGridLayout*>();
+    const auto* grid = panel.findChild<QGridLayout*>();
     ASSERT_NE(grid, nullptr);
     QStringList names;
     for (int i = 0; i < grid->count(); ++i)
@@ -225,6 +213,7 @@ TEST_F(MainWindowTest, StartingWithTheWatchOffSaysSoAndGreysEveryLabelInItsFixed
                                   u"mTHChrome"_s, u"mTHSeaMonkey"_s}));
 }
 
+// Started with the watch off, the window says so and greys every label.
 TEST_F(MainWindowTest, TheWindowShowsAtStartUnlessAnAgentOrHiddenAfterShreddingWithTheWatch)
 {
     struct Case {
@@ -243,17 +232,16 @@ TEST_F(MainWindowTest, TheWindowShowsAtStartUnlessAnAgentOrHiddenAfterShreddingW
         {"login item hidden", "0", false, true, true, false},
     };
     for (const Case& c : cases) {
-        TempHome caseHome;
-        const QString resources = caseHome.file(u"Resources"_s);
-        caseHome.write(u"Resources/Info.plist"_s,
-                       "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>"
-                       "<key>LSUIElement</key><string>" +
-                           c.uiElement + "</string></dict></plist>\n");
-        bundle = std::make_unique<Bundle>(resources, resources);
+        useBundle("<key>LSUIElement</key><string>" + c.uiElement + "</string>");
         storedDefaults().setBool(c.hideAfterShredding, PreferenceKey::HideAfterShredding);
         storedDefaults().setBool(c.watch, PreferenceKey::Tarnhold);
         startHidden = c.loginItemHidden;
         EXPECT_EQ(window().isVisible(), c.shown) << c.name;
+        EXPECT_EQ(controller().isWatchTimerActive(), c.watch) << c.name;
+        if (!c.watch) {
+            EXPECT_EQ(statusText(), u"Not enabled. Use preferences to enable..."_s);
+            expectState(u"mTHSafari"_s, Color::LightGray);
+        }
         mApp.reset();
     }
 }
