@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QProgressBar>
+#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
@@ -23,48 +24,48 @@ protected:
 
 } // namespace
 
-TEST_F(MenusTest, TheSystemsOwnQuitRequestAndQuitWithTheWatchOffSkipTheSheet)
+TEST_F(MenusTest, QuitWithTheWatchOffQuitsAtOnce)
+{
+    storedDefaults().setBool(false, PreferenceKey::Tarnhold);
+    app().menus().quit()->trigger();
+    EXPECT_EQ(exits, 1);
+    EXPECT_EQ(openAlert(u"Quit"_s, 200), nullptr);
+}
+
+TEST_F(MenusTest, TheSystemsOwnQuitRequestSkipsTheSheet)
 {
     app();
     QEvent quit(QEvent::Quit);
     QCoreApplication::sendEvent(qApp, &quit);
     EXPECT_EQ(exits, 1);
-    set(PreferenceKey::Tarnhold, false);
-    app().menus().quit()->trigger();
-    EXPECT_EQ(exits, 2);
-    EXPECT_EQ(openAlert(u"Quit"_s, 200), nullptr);
 }
 
-TEST_F(MenusTest, TheQuitSheetHidesQuitsOrCancels)
+TEST_F(MenusTest, TheQuitSheetCancelsOnCancelAndEscapeHidesOnReturnAndQuitsOnQuit)
 {
-    app().menus().quit()->trigger();
-    QMessageBox* sheet = openAlert(u"Quit"_s);
-    ASSERT_NE(sheet, nullptr);
-    EXPECT_EQ(sheet->text(),
-              u"Quitting Vantle will interrupt Tarnhold watch and Vantle will not run automatically when "
-              u"you quit from your web browser or email application. Would you prefer to hide Vantle in "
-              u"the system tray?"_s);
-    EXPECT_EQ(sheet->windowModality(), Qt::WindowModal);
-    EXPECT_EQ(sheet->defaultButton()->text(), u"&Hide"_s);
-    ASSERT_NE(buttonOf(sheet, u"Quit"_s), nullptr);
-
-    QTest::mouseClick(buttonOf(sheet, u"Cancel"_s), Qt::LeftButton);
-    QTest::qWait(0);
-    EXPECT_EQ(exits, 0);
-    EXPECT_TRUE(window().isVisible());
-    EXPECT_TRUE(controller().isWatchTimerActive());
-
-    // Escape cancels too; Return hides.
-    app().menus().quit()->trigger();
-    QTest::keyClick(openAlert(u"Quit"_s), Qt::Key_Escape);
-    QTest::qWait(0);
-    EXPECT_TRUE(window().isVisible());
-    app().menus().quit()->trigger();
-    QTest::keyClick(openAlert(u"Quit"_s), Qt::Key_Return);
-    QTest::qWait(0);
-    EXPECT_EQ(exits, 0);
-    EXPECT_FALSE(window().isVisible());
-
+    const struct {
+        std::function<void(QMessageBox*)> answer;
+        bool visible;
+    } answers[] = {
+        {[](QMessageBox* sheet) { QTest::mouseClick(buttonOf(sheet, u"Cancel"_s), Qt::LeftButton); }, true},
+        {[](QMessageBox* sheet) { QTest::keyClick(sheet, Qt::Key_Escape); }, true},
+        {[](QMessageBox* sheet) { QTest::keyClick(sheet, Qt::Key_Return); }, false},
+    };
+    for (const auto& [answer, visible] : answers) {
+        app().menus().quit()->trigger();
+        QMessageBox* sheet = openAlert(u"Quit"_s);
+        ASSERT_NE(sheet, nullptr);
+        EXPECT_EQ(sheet->text(),
+                  u"Quitting Vantle will interrupt Tarnhold watch and Vantle will not run automatically when "
+                  u"you quit from your web browser or email application. Would you prefer to hide Vantle in "
+                  u"the system tray?"_s);
+        EXPECT_EQ(sheet->windowModality(), Qt::WindowModal);
+        EXPECT_EQ(sheet->defaultButton()->text(), u"&Hide"_s);
+        answer(sheet);
+        QTest::qWait(0);
+        EXPECT_EQ(window().isVisible(), visible);
+        EXPECT_EQ(exits, 0);
+        EXPECT_TRUE(controller().isWatchTimerActive());
+    }
     app().menus().quit()->trigger();
     QTest::mouseClick(buttonOf(openAlert(u"Quit"_s), u"Quit"_s), Qt::LeftButton);
     QTest::qWait(0);
@@ -150,7 +151,8 @@ TEST_F(MenusTest, CancelInTheQuitBrowsersAlertEndsTheRunWithoutEndingTheSession)
 TEST_F(MenusTest, HelpOpensSupportMailTheQuestionsAndTheDownloadsAboutShowsTheVersionSettingsTheWindow)
 {
     useBundle("<key>CFBundleShortVersionString</key><string>2.5.1</string>"
-              "<key>CFBundleVersion</key><string>77</string><key>LSUIElement</key><string>0</string>");
+              "<key>CFBundleVersion</key><string>77</string><key>LSUIElement</key><string>0</string>",
+              home);
     QAction* help = named(window().menuBar()->actions(), u"Help"_s);
     ASSERT_NE(help, nullptr);
     for (QAction* action : help->menu()->actions())
