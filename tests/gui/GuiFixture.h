@@ -63,6 +63,16 @@ protected:
         return *mApp;
     }
 
+    // The application's bundle in where, with an information file of those keys.
+    void useBundle(const QByteArray& keys, const TempHome& where)
+    {
+        where.write(QStringLiteral("Resources/Info.plist"),
+                    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>" + keys +
+                        "</dict></plist>\n");
+        bundle =
+            std::make_unique<Bundle>(where.file(QStringLiteral("Resources")), where.file(QStringLiteral("Resources")));
+    }
+
     MainWindow& window() { return app().mainWindow(); }
     Controller& controller() { return app().controller(); }
 
