@@ -107,12 +107,14 @@ TEST_F(RemovalTest, NewNamesAndEveryPassAreOnTheDiskBeforeTheyCouldBeLost)
     FileAccess& access = engine(eraseSettings(4));
     QList<QByteArray> overwritten;
     QList<QByteArray> treeAtFirstPass;
-    access.setPassObserverForTesting([&](const QByteArray& file, qint64, std::size_t, quint16) {
+    qsizetype passesWithBytes = 0;
+    access.setPassObserverForTesting([&](const QByteArray& file, qint64, std::size_t length, quint16) {
         for (const QByteArray& relative : FileTree::subpaths(path(u"Profile"_s))) {
             if (overwritten.isEmpty() && !relative.endsWith(HoldingFolder::kMarker))
                 treeAtFirstPass << relative;
         }
         overwritten << file;
+        passesWithBytes += length > 0;
     });
     DiskRecorder::start(QFile::encodeName(home.path()));
     access.shredNativePaths({path(u"Profile/Cache"_s), setAside});
@@ -154,7 +156,7 @@ TEST_F(RemovalTest, NewNamesAndEveryPassAreOnTheDiskBeforeTheyCouldBeLost)
         if (!event.direct)
             pending.append({event.offset, end});
     }
-    EXPECT_GE(writes, overwritten.size());
+    EXPECT_GE(writes, passesWithBytes);
     for (auto it = cached.cbegin(); it != cached.cend(); ++it)
         EXPECT_TRUE(it->isEmpty()) << "inode " << it.key();
 }
