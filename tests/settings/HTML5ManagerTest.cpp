@@ -133,8 +133,6 @@ TEST_F(HTML5ManagerTest, LocalStorageFilesAreTakenByExtension)
         file(kChromeLocalStorage + name);
         file(kFlockLocalStorage + name);
     }
-    file(kFlockLocalStorage + u"chrome-extension_flock_people_0.localstorage"_s);
-    file(kFlockLocalStorage + u"chrome-extension_flock_people_0.localstorage-journal"_s);
     reopenWith({{u"mHTML5EnabledState"_s, 1}});
 
     // Sorted by name: '_' comes before 's'. Journals only for Chrome.

@@ -158,15 +158,10 @@ TEST_F(PreferencesTest, EveryApplicationIsEnabledUntilAChangeAppliesTheCouplings
     EXPECT_EQ(open()->enabledBrowsers(), expected);
 }
 
-TEST_F(PreferencesTest, AHandEditedApplicationListKeepsItsNamesAndDuplicates)
+TEST_F(PreferencesTest, AHandEditedApplicationListKeepsItsNamesAndOneOfAnotherTypeEnablesEveryApplication)
 {
     writeSettingsFile({{u"EnabledBrowsers"_s, QVariantList{u"Mozilla"_s, qint64(3), u"Chrome"_s}}});
-    auto preferences = open();
-    EXPECT_EQ(preferences->enabledBrowsers(), (QStringList{u"Mozilla"_s, u"Chrome"_s}));
-
-    // Netscape absent but Mozilla present: ticking Netscape adds a second Mozilla.
-    preferences->enableChanged(u"Netscape"_s);
-    EXPECT_EQ(preferences->enabledBrowsers(), (QStringList{u"Mozilla"_s, u"Chrome"_s, u"Netscape"_s, u"Mozilla"_s}));
+    EXPECT_EQ(open()->enabledBrowsers(), (QStringList{u"Mozilla"_s, u"Chrome"_s}));
 
     writeSettingsFile({{u"EnabledBrowsers"_s, u"Safari"_s}});
     EXPECT_EQ(open()->enabledBrowsers(), ApplicationList::allNames());
