@@ -82,9 +82,11 @@ TEST_F(ControllerWatchTest, ProgramsAreWatchedByTheirFileNameNotTheirHelpersAndA
 
 TEST_F(ControllerWatchTest, MozillaAndSeaMonkeyCountForEachOtherOnlyWhenMozillaIsEnabled)
 {
-    preferences.enableChanged(u"Mozilla"_s); // Netscape follows
     controller().applicationDidFinishLaunching();
     commands.processes = {"/Applications/SeaMonkey.app/Contents/MacOS/seamonkey"};
+    poll();
+    EXPECT_EQ(controller().isRunning()[WatchedApp::mozilla], 1);
+    preferences.enableChanged(u"Mozilla"_s); // Netscape follows
     poll();
     EXPECT_EQ(controller().isRunning()[WatchedApp::mozilla], 0);
     EXPECT_EQ(controller().isRunning()[WatchedApp::seamonkey], 1);
