@@ -15,6 +15,12 @@
 
 #include <QFile>
 #include <QSignalSpy>
+#include <QThread>
+
+#include <atomic>
+#include <cstdio>
+#include <cstdlib>
+#include <thread>
 
 #include <gtest/gtest.h>
 
@@ -53,6 +59,19 @@ protected:
         QSignalSpy finished(&controller(), &Controller::runFinished);
         start(controller());
         return finished.count() > 0 || finished.wait(20000);
+    }
+
+    // Ends the test program when done stays false for 30 s: a lock-up fails the test instead of hanging it.
+    static std::thread watchdog(const std::atomic<bool>& done, const char* lockUp)
+    {
+        return std::thread([&done, lockUp] {
+            for (int waited = 0; !done && waited < 30000; waited += 10)
+                QThread::msleep(10);
+            if (!done) {
+                std::fputs(lockUp, stderr);
+                std::_Exit(1);
+            }
+        });
     }
 
     // The activity log without its time stamps.

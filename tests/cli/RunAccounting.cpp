@@ -109,14 +109,6 @@ QStringList HomeSnapshot::changedOutside(const QueuedPaths& queued, const QStrin
     return changed;
 }
 
-qsizetype HomeSnapshot::keptEntries(const QueuedPaths& queued) const
-{
-    qsizetype kept = 0;
-    for (auto it = m_entries.cbegin(); it != m_entries.cend(); ++it)
-        kept += queued.covers(QDir(m_home).filePath(it.key())) ? 0 : 1;
-    return kept;
-}
-
 QStringList workFiles(const QString& home)
 {
     QStringList found;

@@ -36,8 +36,6 @@ public:
     // Files the queue does not cover whose contents changed, but those below the
     // rewritten prefixes (relative paths: the databases and settings a run rebuilds).
     QStringList changedOutside(const QueuedPaths& queued, const QStringList& rewritten) const;
-    // How many entries the queue does not cover: those the two checks look at.
-    qsizetype keptEntries(const QueuedPaths& queued) const;
 
 private:
     static QHash<QString, QByteArray> entries(const QString& home, const QueuedPaths* skipContents);

@@ -48,7 +48,7 @@ protected:
 
 } // namespace
 
-TEST_F(ShredCliTest, ADryRunAsksNothingShowsThePlanAndLeavesTheHomeByteIdentical)
+TEST_F(ShredCliTest, ADryRunShowsThePlanAndAnUnconfirmedRunIsCancelledBothLeavingTheHomeAsItWas)
 {
     const QStringList before = snapshot();
     const QString plan = u"Safari\n"
@@ -64,6 +64,18 @@ TEST_F(ShredCliTest, ADryRunAsksNothingShowsThePlanAndLeavesTheHomeByteIdentical
     EXPECT_TRUE(verbose.out.contains(u"\nSkip: ~/Library/Safari/History.plist\n"_s));
     EXPECT_TRUE(verbose.out.endsWith(u"\n"_s + plan));
     EXPECT_EQ(snapshot(), before);
+
+    // Without a terminal to confirm on, the run is cancelled.
+    const CliRun unconfirmed = cli({u"shred"_s});
+    EXPECT_EQ(unconfirmed.exitCode, 1);
+    EXPECT_TRUE(unconfirmed.err.contains(u"Are you sure you want to shred these items: Browser Cache, Mail Trash ?"_s));
+    EXPECT_TRUE(QFileInfo::exists(home.file(u"Library/Caches/Safari/Cache.db"_s)));
+    // The run only opened its (empty, logging off) log, and the start-up stored its first-run settings.
+    for (const QString& entry : snapshot()) {
+        if (!entry.contains(u"/.config"_s) && !entry.contains(u"/Library/Logs"_s)) {
+            EXPECT_TRUE(before.contains(entry)) << qPrintable(entry);
+        }
+    }
 }
 
 TEST_F(ShredCliTest, TimingReportsEachStageOnTheStandardErrorOnlyWhenAsked)
@@ -82,21 +94,6 @@ TEST_F(ShredCliTest, TimingReportsEachStageOnTheStandardErrorOnlyWhenAsked)
     EXPECT_TRUE(dry.err.contains(u"\nshredding: 0.000 s"_s)) << qPrintable(dry.err);
 
     EXPECT_EQ(cli({u"shred"_s, u"--yes"_s, u"--quiet"_s}).err, QString());
-}
-
-TEST_F(ShredCliTest, WithoutATerminalToConfirmOnTheRunIsCancelled)
-{
-    const QStringList before = snapshot();
-    const CliRun run = cli({u"shred"_s});
-    EXPECT_EQ(run.exitCode, 1);
-    EXPECT_TRUE(run.err.contains(u"Are you sure you want to shred these items: Browser Cache, Mail Trash ?"_s));
-    EXPECT_TRUE(QFileInfo::exists(home.file(u"Library/Caches/Safari/Cache.db"_s)));
-    // The run only opened its (empty, logging off) log, and the start-up stored its first-run settings.
-    for (const QString& entry : snapshot()) {
-        if (!entry.contains(u"/.config"_s) && !entry.contains(u"/Library/Logs"_s)) {
-            EXPECT_TRUE(before.contains(entry)) << qPrintable(entry);
-        }
-    }
 }
 
 namespace {
@@ -176,8 +173,6 @@ TEST_F(ShredCliTest, OnATerminalCtrlCStopsAfterTheCurrentItemAndTheProgressLineN
     ::kill(pid_t(process.processId()), SIGINT);
     ASSERT_TRUE(readUntil("Stopping after the current item; the others stay as they are.")) << output.constData();
     ::kill(pid_t(process.processId()), SIGINT);
-    readUntil("\nTook ");
-    readUntil("s.\r\n");
     readUntil("as asked\r\n");
     ::close(terminal);
     ASSERT_TRUE(process.waitForFinished(60000));

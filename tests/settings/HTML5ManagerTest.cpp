@@ -94,19 +94,18 @@ protected:
 
 } // namespace
 
-TEST_F(HTML5ManagerTest, TheSwitchDecidesWhetherAnythingIsListed)
+TEST_F(HTML5ManagerTest, TheSwitchDecidesWhetherAnythingIsListedAndMissingFoldersGiveNothing)
 {
-    fillEveryFolder();
     reopen();
     EXPECT_EQ(manager->getEnabledState(), 0); // a fresh user erases no HTML5 storage
+    manager->setEnabled();                    // the first click turns it on
+    EXPECT_EQ(manager->getEnabledState(), 1);
     for (const QStringList& paths : everyPathList(*manager))
         EXPECT_TRUE(paths.isEmpty()) << paths.join(u' ').toStdString();
 
-    manager->setEnabled(); // the first click turns it on
-    EXPECT_EQ(manager->getEnabledState(), 1);
+    fillEveryFolder();
     for (const QStringList& paths : everyPathList(*manager))
         EXPECT_EQ(paths.size(), 1);
-
     manager->setEnabled();
     for (const QStringList& paths : everyPathList(*manager))
         EXPECT_TRUE(paths.isEmpty());
@@ -115,6 +114,14 @@ TEST_F(HTML5ManagerTest, TheSwitchDecidesWhetherAnythingIsListed)
     EXPECT_EQ(stored().value(u"mHTML5EnabledState"_s), QVariant(qint64(0)));
     reopenWith({{u"mHTML5EnabledState"_s, 2}});
     EXPECT_EQ(manager->html5DatabasesPathsForChrome(), full(kChromeDatabases, {u"http_example.com_0"_s}));
+
+    // No folder named at all is not the working folder.
+    file(u"work/http_example.com_0.localstorage"_s);
+    const QString working = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(home.file(u"work"_s)));
+    const QStringList paths = manager->html5PathsForFlock(QString());
+    QDir::setCurrent(working);
+    EXPECT_TRUE(paths.isEmpty());
 }
 
 TEST_F(HTML5ManagerTest, LocalStorageFilesAreTakenByExtension)
@@ -126,8 +133,6 @@ TEST_F(HTML5ManagerTest, LocalStorageFilesAreTakenByExtension)
         file(kChromeLocalStorage + name);
         file(kFlockLocalStorage + name);
     }
-    file(kFlockLocalStorage + u"chrome-extension_flock_people_0.localstorage"_s);
-    file(kFlockLocalStorage + u"chrome-extension_flock_people_0.localstorage-journal"_s);
     reopenWith({{u"mHTML5EnabledState"_s, 1}});
 
     // Sorted by name: '_' comes before 's'. Journals only for Chrome.
@@ -180,21 +185,6 @@ TEST_F(HTML5ManagerTest, DatabaseFoldersAreListedAfterTheKeepCheck)
     EXPECT_EQ(manager->html5DatabasesPathsForFlock(), full(kFlockDatabases, {u"https_example.org_0"_s}));
 }
 
-TEST_F(HTML5ManagerTest, MissingFoldersGiveNothing)
-{
-    reopenWith({{u"mHTML5EnabledState"_s, 1}});
-    for (const QStringList& paths : everyPathList(*manager))
-        EXPECT_TRUE(paths.isEmpty());
-
-    // No folder named at all is not the working folder.
-    file(u"work/http_example.com_0.localstorage"_s);
-    const QString working = QDir::currentPath();
-    ASSERT_TRUE(QDir::setCurrent(home.file(u"work"_s)));
-    const QStringList paths = manager->html5PathsForFlock(QString());
-    QDir::setCurrent(working);
-    EXPECT_TRUE(paths.isEmpty());
-}
-
 TEST_F(HTML5ManagerTest, TheListReadsReversedUnitByUnit)
 {
     reopenWith({{u"mDomainTableData"_s, QVariantList{u"apple.com"_s, u"a\U0001F600"_s}}});
@@ -232,28 +222,6 @@ TEST_F(HTML5ManagerTest, AnAddedRowIsSavedOnlyWithTheNextEditOrDeletion)
     manager->deleteDomain(0); // a deletion saves the new placeholder too
     reopen();
     EXPECT_EQ(manager->domains(), (QStringList{u"example.org"_s, u"newdomain.com"_s, u"newdomain.com"_s}));
-}
-
-TEST_F(HTML5ManagerTest, SettingsSurviveANewInstanceWithTheirOwnTypesAndTheSharedOneReadsThem)
-{
-    reopen();
-    manager->addDomain();
-    manager->setDomain(0, u"apple.com"_s);
-    manager->setEnabled();
-
-    const QVariantMap values = stored();
-    EXPECT_EQ(values.value(u"mDomainTableData"_s), QVariantList{u"apple.com"_s});
-    EXPECT_EQ(values.value(u"mHTML5EnabledState"_s), QVariant(qint64(1)));
-
-    reopen();
-    EXPECT_EQ(manager->domains(), QStringList{u"apple.com"_s});
-    EXPECT_EQ(manager->getEnabledState(), 1);
-
-    EXPECT_EQ(HTML5Manager::sharedInstance(), nullptr);
-    HTML5Manager& shared = HTML5Manager::createSharedInstance();
-    EXPECT_EQ(HTML5Manager::sharedInstance(), &shared);
-    EXPECT_EQ(&HTML5Manager::createSharedInstance(), &shared);
-    EXPECT_EQ(shared.domains(), QStringList{u"apple.com"_s});
 }
 
 TEST_F(HTML5ManagerTest, WrongTypedValuesReadAsTheDefaults)
