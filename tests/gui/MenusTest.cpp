@@ -95,6 +95,7 @@ TEST_F(MenusTest, QuittingWhileARunErasesWaitsForItsEnd)
 TEST_F(MenusTest, TheTrayMenuShredsAndEndsTheSessionAndShowsOrHidesTheWindow)
 {
     storedDefaults().setBool(false, PreferenceKey::ConfirmShredding);
+    storedDefaults().setBool(true, PreferenceKey::ActivityLog);
     QStringList titles;
     for (QAction* action : app().menus().dockMenu()->actions())
         titles.append(shown(action->text()));
@@ -105,6 +106,7 @@ TEST_F(MenusTest, TheTrayMenuShredsAndEndsTheSessionAndShowsOrHidesTheWindow)
     ASSERT_TRUE(waitForRun([&] { dockAction(u"Shred and Restart"_s)->trigger(); }));
     EXPECT_EQ(quitter.quitRequests, 1);
     EXPECT_EQ(sessionEnd.events, QStringList{u"rest"_s});
+    EXPECT_TRUE(logLines().contains(u"User selected Restart"_s));
 
     ASSERT_TRUE(waitForRun([&] { dockAction(u"Shred and Log Out"_s)->trigger(); }));
     ASSERT_TRUE(waitForRun([&] { dockAction(u"Shred and Shut Down"_s)->trigger(); }));
@@ -128,6 +130,7 @@ TEST_F(MenusTest, CancelInTheQuitBrowsersAlertEndsTheRunWithoutEndingTheSession)
 {
     home.write(u"Library/Caches/Safari/cache.db"_s, "cached");
     storedDefaults().setBool(false, PreferenceKey::ConfirmShredding);
+    storedDefaults().setBool(true, PreferenceKey::ActivityLog);
     quitter.running = 2;
     QString message;
     onAlert(u"Vantle Quit Browsers"_s, [&](QMessageBox* alert) {
@@ -139,6 +142,7 @@ TEST_F(MenusTest, CancelInTheQuitBrowsersAlertEndsTheRunWithoutEndingTheSession)
     EXPECT_EQ(message, u"2 Email or Browser Applications did not quit.  Please quit them and click OK to continue.  If "
                        u"you continue without quitting those applicaitons some items will not be shredded."_s);
     EXPECT_TRUE(sessionEnd.events.isEmpty());
+    EXPECT_TRUE(logLines().contains(u"User selected Cancel in Quit Browsers dialog - Vantle Cancelled"_s));
     EXPECT_EQ(home.read(u"Library/Caches/Safari/cache.db"_s), "cached");
 
     // OK goes on without the applications that stayed.
