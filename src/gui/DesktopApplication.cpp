@@ -45,9 +45,7 @@ DesktopApplication::DesktopApplication(DesktopPlatform platform, bool startHidde
 {
     const ApplicationModels models = ApplicationModels::shared();
     m_window = std::make_unique<MainWindow>(models.defaults, m_platform.beep);
-    m_controller = makeController(models, *m_window,
-                                  {m_platform.quitter, m_platform.sessionEnd, m_platform.runner, m_platform.bundle,
-                                   m_platform.sleepMilliseconds});
+    m_controller = makeController(models, *m_window, m_platform.controller);
     m_settings = std::make_unique<SettingsWindow>(
         SettingsWindow::Models{models.preferences, models.html5, models.profiles, models.plugins, models.customShred},
         m_platform.beep);
@@ -86,7 +84,8 @@ DesktopApplication::DesktopApplication(DesktopPlatform platform, bool startHidde
             });
 
     const ApplicationMenus& menus = *m_menus;
-    connect(menus.about(), &QAction::triggered, this, [this] { AboutBox::show(m_window.get(), m_platform.bundle); });
+    connect(menus.about(), &QAction::triggered, this,
+            [this] { AboutBox::show(m_window.get(), m_platform.controller.bundle); });
     connect(menus.settings(), &QAction::triggered, this, [this] { m_settings->showPanel(); });
     connect(menus.quit(), &QAction::triggered, this, &DesktopApplication::reallyQuit);
     connect(menus.preview(), &QAction::triggered, this, &DesktopApplication::preview);

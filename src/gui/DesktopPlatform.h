@@ -1,22 +1,16 @@
 #pragma once
 
+#include "app/MakeController.h"
+
 #include <functional>
 
-class ApplicationQuitter;
-class Bundle;
-class CommandRunner;
 class QUrl;
-class SessionEnd;
 
 // What the desktop application needs from outside the program: the system's
 // processes, the session, the bundle, the web browser and mail client, and the
 // end of the event loop. The application gets the real ones; the tests fakes.
 struct DesktopPlatform {
-    ApplicationQuitter& quitter;
-    SessionEnd& sessionEnd;
-    CommandRunner& runner; // ps for the watch, killall for a cleaner
-    const Bundle& bundle;
-    std::function<void(int milliseconds)> sleepMilliseconds;
+    ControllerPlatform controller;
     std::function<void(const QUrl&)> openUrl;
     std::function<void()> beep;
     // Ends the event loop once the application has agreed to quit.

@@ -102,14 +102,12 @@ int main(int argc, char* argv[])
         return 0;
     ApplicationModels::create(false, createPlatformLoginItem());
     SystemPlatform system;
-    const ControllerPlatform platform = system.controllerPlatform();
 #ifdef Q_OS_MACOS
     const bool canHideWindows = true;
 #else
     const bool canHideWindows = QSystemTrayIcon::isSystemTrayAvailable();
 #endif
-    DesktopApplication desktop({platform.quitter, platform.sessionEnd, platform.runner, platform.bundle,
-                                platform.sleepMilliseconds, [](const QUrl& url) { QDesktopServices::openUrl(url); },
+    DesktopApplication desktop({system.controllerPlatform(), [](const QUrl& url) { QDesktopServices::openUrl(url); },
                                 [] { QApplication::beep(); }, [] { QCoreApplication::exit(0); }, canHideWindows},
                                options.hidden);
     desktop.start();

@@ -54,9 +54,11 @@ protected:
             // Eudora 6 names its trash at the root of the disk, outside the test's home.
             Preferences::sharedInstance().enableChanged(QStringLiteral("Eudora"));
             mApp = std::make_unique<DesktopApplication>(
-                DesktopPlatform{quitter, sessionEnd, commands, bundle ? *bundle : Bundle::mainBundle(), [](int) {},
-                                [this](const QUrl& url) { openedUrls.append(url); }, [this] { ++beeps; },
-                                [this] { ++exits; }, true},
+                DesktopPlatform{{quitter, sessionEnd, commands, bundle ? *bundle : Bundle::mainBundle(), [](int) {}},
+                                [this](const QUrl& url) { openedUrls.append(url); },
+                                [this] { ++beeps; },
+                                [this] { ++exits; },
+                                true},
                 startHidden);
             mApp->start();
         }

@@ -165,8 +165,11 @@ int main(int argc, char* argv[])
     NoSessionEnd sessionEnd;
     DemoCommands commands(QFile::encodeName(editor));
     bool ended = false;
-    DesktopApplication desktop({quitter, sessionEnd, commands, Bundle::mainBundle(), [](int) {}, [](const QUrl&) {},
-                                [] {}, [&ended] { ended = true; }, true},
+    DesktopApplication desktop({{quitter, sessionEnd, commands, Bundle::mainBundle(), [](int) {}},
+                                [](const QUrl&) {},
+                                [] {},
+                                [&ended] { ended = true; },
+                                true},
                                false);
     desktop.start();
     MainWindow& window = desktop.mainWindow();
