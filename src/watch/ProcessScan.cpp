@@ -73,7 +73,8 @@ int matchApplication(const QByteArray& line)
         if (line.contains(patterns[i].pattern))
             return int(i);
     }
-    const QByteArray command = line.left(line.indexOf(' '));
+    const qsizetype space = line.indexOf(' ');
+    const QByteArray command = space < 0 ? line : line.left(space);
     const QByteArray program = command.mid(command.lastIndexOf('/') + 1);
     for (const LinuxProgram& known : linuxPrograms()) {
         if (program != known.name)

@@ -58,7 +58,8 @@ TEST_F(ControllerWatchTest, ProgramsAreWatchedByTheirFileNameNotTheirHelpersAndA
     EXPECT_EQ(controller().isRunning()[WatchedApp::firefox], 0);
     EXPECT_EQ(view.statusTexts.last(), u"No supported applications are running..."_s);
 
-    commands.processes = {"firefox-esr --headless", "/usr/lib/thunderbird/thunderbird --name=thunderbird"};
+    // A program started without arguments is its bare path.
+    commands.processes = {"firefox-esr --headless", "/usr/lib/thunderbird/thunderbird"};
     poll();
     EXPECT_EQ(controller().isRunning()[WatchedApp::firefox], 1);
     EXPECT_EQ(controller().isRunning()[WatchedApp::thunderbird], 1);

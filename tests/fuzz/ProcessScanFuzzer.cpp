@@ -1,6 +1,8 @@
 #include "FuzzHome.h"
 #include "watch/ProcessScan.h"
 
+#include <string>
+
 namespace {
 
 const char* const kHelpers[] = {"/usr/bin/hdid", "crashreporter.app", "plugin-container.app"};
@@ -23,6 +25,17 @@ void checkApplicationMatch(const QByteArray& line)
             FUZZ_CHECK(match == i);
             return;
         }
+    }
+    // Otherwise the program a Linux build runs, whatever folder it runs from.
+    const qsizetype space = line.indexOf(' ');
+    const std::string command = (space < 0 ? line : line.left(space)).toStdString();
+    const std::size_t slash = command.rfind('/');
+    const std::string program = slash == std::string::npos ? command : command.substr(slash + 1);
+    for (const auto& known : ProcessScan::linuxPrograms()) {
+        if (program != known.name)
+            continue;
+        FUZZ_CHECK(match >= 0 && patterns[std::size_t(match)].flag == known.flag);
+        return;
     }
     FUZZ_CHECK(match == -1);
 }

@@ -83,7 +83,8 @@ QString runningProgram(WatchedApp application, const QString& procRoot)
             continue;
         const QByteArray name = readAll(folder + u"/comm"_s).trimmed();
         const QByteArray words = readAll(folder + u"/cmdline"_s);
-        const QByteArray command = words.left(words.indexOf('\0'));
+        const qsizetype end = words.indexOf('\0');
+        const QByteArray command = end < 0 ? words : words.left(end);
         const QByteArray program = command.mid(command.lastIndexOf('/') + 1);
         for (const ProcessScan::LinuxProgram& known : ProcessScan::linuxPrograms()) {
             if (known.flag == application && (name == known.name || program == known.name))

@@ -35,7 +35,8 @@ int ProcApplicationQuitter::countOrQuitApplications(bool quit)
         // The program is the first of the NUL-separated words: a program whose
         // arguments merely name a file inside a bundle is not that application.
         const QByteArray words = commandLine.readAll();
-        const QString program = QString::fromUtf8(words.left(words.indexOf('\0')));
+        const qsizetype end = words.indexOf('\0');
+        const QString program = QString::fromUtf8(end < 0 ? words : words.left(end));
         if (QuitList::signatureForExecutable(program).isNull())
             continue;
         ++count;
