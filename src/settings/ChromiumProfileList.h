@@ -21,10 +21,15 @@ struct ChromiumProfile {
 namespace ChromiumProfileList {
 
 // The profiles that the user-data folder's Local State lists, in its order,
-// that are folders inside it; cacheRoot is the browser's cache folder.
+// that are folders inside it; cacheRoot is the browser's cache folder, which
+// keeps a folder of the profile's name. A name that is not one folder's
+// ("../x", "/x") is not taken. Without a list in Local State (missing,
+// unreadable), its "Default" folder. A user-data folder that holds a profile's
+// own files (Opera's single profile) is that profile, cached in cacheRoot.
 QList<ChromiumProfile> listed(const QString& userDataFolder, const QString& cacheRoot);
 
-// Every profile of the application in its locations, each folder once.
+// Every profile of the application in its locations, each folder once (a
+// folder reached again through a link is not listed again).
 // chrome covers Google Chrome and Chromium.
 QList<ChromiumProfile> current(WatchedApp application);
 
