@@ -18,34 +18,51 @@ bool isSelected(const UserDefaults& defaults, const QString& profileFolder)
 
 } // namespace
 
-void walkCurrentProfiles(CleanerContext& context, const UserDefaults& defaults, const CurrentApplication& application,
-                         const QString& procRoot, const std::function<void(const MozillaProfile&)>& work)
+void walkProfileGroups(CleanerContext& context, const UserDefaults& defaults, const CurrentApplication& application,
+                       const QString& procRoot, const QList<ProfileGroup>& groups)
 {
-    const QList<MozillaProfile> profiles = ProfileList::current(application.flag);
-    if (profiles.isEmpty())
+    const bool found = std::any_of(groups.cbegin(), groups.cend(),
+                                   [](const ProfileGroup& group) { return !group.profiles.isEmpty(); });
+    if (!found)
         return;
     context.header(application.header);
     if (!context.gate(application.enabledName))
         return;
     const QString program = ProfileInUse::runningProgram(application.flag, procRoot);
-    for (const MozillaProfile& profile : profiles) {
-        if (!isSelected(defaults, profile.folder)) {
-            context.log(u"Skip: %1 (not selected in the Profiles menu)"_s.arg(profile.folder));
-            continue;
+    for (const ProfileGroup& group : groups) {
+        bool erased = false;
+        for (const WalkedProfile& profile : group.profiles) {
+            if (!isSelected(defaults, profile.folder)) {
+                context.log(u"Skip: %1 (not selected in the Profiles menu)"_s.arg(profile.folder));
+                continue;
+            }
+            if (!program.isNull()) {
+                context.log(u"Skip: %1 (in use: %2 is running)"_s.arg(profile.folder, program));
+                continue;
+            }
+            if (const qint64 holder = profile.lockHolder()) {
+                context.log(u"Skip: %1 (in use: its lock is held by process %2)"_s.arg(profile.folder).arg(holder));
+                continue;
+            }
+            context.log(profile.folder);
+            profile.work();
+            context.endCleaner();
+            erased = true;
         }
-        if (!program.isNull()) {
-            context.log(u"Skip: %1 (in use: %2 is running)"_s.arg(profile.folder, program));
-            continue;
-        }
-        if (const qint64 holder = ProfileInUse::lockHolder(profile.folder)) {
-            context.log(u"Skip: %1 (in use: its lock is held by process %2)"_s.arg(profile.folder).arg(holder));
-            continue;
-        }
-        context.log(profile.folder);
-        work(profile);
-        context.endCleaner();
+        if (erased && group.shared)
+            group.shared();
     }
     context.endCleaner();
+}
+
+void walkCurrentProfiles(CleanerContext& context, const UserDefaults& defaults, const CurrentApplication& application,
+                         const QString& procRoot, const std::function<void(const MozillaProfile&)>& work)
+{
+    ProfileGroup group;
+    for (const MozillaProfile& profile : ProfileList::current(application.flag))
+        group.profiles.append({profile.folder, [folder = profile.folder] { return ProfileInUse::lockHolder(folder); },
+                               [&work, profile] { work(profile); }});
+    walkProfileGroups(context, defaults, application, procRoot, {group});
 }
 
 void runProfileFiles(CleanerContext& context, const QList<ProfileFiles>& rows, const MozillaProfile& profile)

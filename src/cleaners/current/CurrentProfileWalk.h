@@ -30,11 +30,31 @@ struct CurrentApplication {
     QString header;
 };
 
-// Finds the application's profiles; when there is none, writes nothing.
-// Otherwise writes the header and, once the application is enabled, for each
-// profile its folder on a line, the work and an empty line, then an empty line.
-// A profile not selected in the Profiles menu or in use is passed over with a
-// "Skip: " line that says why. procRoot lists the processes.
+// A profile as the walk goes over it.
+struct WalkedProfile {
+    // Written on its line; the Profiles menu selects it by its name in the folder that holds it.
+    QString folder;
+    // The live process holding the profile's lock, or 0.
+    std::function<qint64()> lockHolder;
+    // Erases the profile, writing its lines.
+    std::function<void()> work;
+};
+
+// Profiles that share a file, which is erased after them once one of them was.
+struct ProfileGroup {
+    QList<WalkedProfile> profiles;
+    std::function<void()> shared; // none when nothing is shared
+};
+
+// When the groups hold no profile, writes nothing. Otherwise writes the header
+// and, once the application is enabled, for each profile its folder on a line,
+// the work and an empty line, then an empty line. A profile not selected in the
+// Profiles menu or in use is passed over with a "Skip: " line that says why.
+// procRoot lists the processes.
+void walkProfileGroups(CleanerContext& context, const UserDefaults& defaults, const CurrentApplication& application,
+                       const QString& procRoot, const QList<ProfileGroup>& groups);
+
+// The walk over the profiles that profiles.ini lists, each its own lock's holder.
 void walkCurrentProfiles(CleanerContext& context, const UserDefaults& defaults, const CurrentApplication& application,
                          const QString& procRoot, const std::function<void(const MozillaProfile&)>& work);
 

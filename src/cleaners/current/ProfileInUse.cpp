@@ -21,18 +21,19 @@ bool isAlive(qint64 pid)
     return pid > 0 && (::kill(pid_t(pid), 0) == 0 || errno == EPERM);
 }
 
-// The pid of a lock link's target ("127.0.0.1:+4803"), or 0. The target is
-// read as it is stored: it names no file.
-qint64 linkedPid(const QString& link)
+// The pid after the last separator in a lock link's target ("127.0.0.1:+4803"
+// after ":+", "host-name-4803" after "-"), or 0. The target is read as it is
+// stored: it names no file.
+qint64 linkedPid(const QString& link, QByteArrayView separator)
 {
     char target[256];
     const ssize_t length = ::readlink(QFile::encodeName(link).constData(), target, sizeof target);
     const QByteArray text = length > 0 ? QByteArray(target, length) : QByteArray();
-    const qsizetype plus = text.lastIndexOf(":+");
-    if (plus < 0)
+    const qsizetype at = text.lastIndexOf(separator);
+    if (at < 0)
         return 0;
     bool isNumber = false;
-    const qint64 pid = text.mid(plus + 2).toLongLong(&isNumber);
+    const qint64 pid = text.mid(at + separator.size()).toLongLong(&isNumber);
     return isNumber ? pid : 0;
 }
 
@@ -64,11 +65,17 @@ qint64 lockHolder(const QString& profileFolder)
 {
     for (const QString& name : {u"lock"_s, u".parentlock"_s}) {
         const QString path = profileFolder + u'/' + name;
-        const qint64 pid = QFileInfo(path).isSymLink() ? linkedPid(path) : fileLockHolder(path);
+        const qint64 pid = QFileInfo(path).isSymLink() ? linkedPid(path, ":+") : fileLockHolder(path);
         if (isAlive(pid))
             return pid;
     }
     return 0;
+}
+
+qint64 singletonLockHolder(const QString& userDataFolder)
+{
+    const qint64 pid = linkedPid(userDataFolder + u"/SingletonLock"_s, "-");
+    return isAlive(pid) ? pid : 0;
 }
 
 QString runningProgram(WatchedApp application, const QString& procRoot)
