@@ -393,10 +393,6 @@ um zu sehen, was ein Lauf löschen würde.
         <translation>    keine Profile</translation>
     </message>
     <message>
-        <source>unknown application &quot;%1&quot; (mozilla, firefox, thunderbird, postbox, flock or seamonkey)</source>
-        <translation>unbekanntes Programm „%1“ (mozilla, firefox, thunderbird, postbox, flock oder seamonkey)</translation>
-    </message>
-    <message>
         <source>no profile &quot;%1&quot; in %2</source>
         <translation>kein Profil „%1“ in %2</translation>
     </message>
@@ -407,14 +403,6 @@ um zu sehen, was ein Lauf löschen würde.
     <message>
         <source>Every profile found, selected or not</source>
         <translation>Jedes gefundene Profil, ausgewählt oder nicht</translation>
-    </message>
-    <message>
-        <source>mozilla, firefox, thunderbird, postbox, flock or seamonkey</source>
-        <translation>mozilla, firefox, thunderbird, postbox, flock oder seamonkey</translation>
-    </message>
-    <message>
-        <source>Profile folder name, or the name after its dot</source>
-        <translation>Name des Profilordners oder der Name nach seinem Punkt</translation>
     </message>
     <message>
         <source>Erase the traces of every enabled application that is not running</source>
@@ -652,6 +640,18 @@ Dateien:
 
 vantle-cli legt nie einen Anmeldeeintrag an; das Desktop-Programm vantle(1) startet die
 Überwachung bei der Anmeldung, solange sie an ist.</translation>
+    </message>
+    <message>
+        <source>unknown application &quot;%1&quot; (mozilla, firefox, thunderbird, postbox, flock, seamonkey, chrome, brave, vivaldi, edge or opera)</source>
+        <translation>unbekanntes Programm „%1“ (mozilla, firefox, thunderbird, postbox, flock, seamonkey, chrome, brave, vivaldi, edge oder opera)</translation>
+    </message>
+    <message>
+        <source>mozilla, firefox, thunderbird, postbox, flock, seamonkey, chrome, brave, vivaldi, edge or opera</source>
+        <translation>mozilla, firefox, thunderbird, postbox, flock, seamonkey, chrome, brave, vivaldi, edge oder opera</translation>
+    </message>
+    <message>
+        <source>Profile folder name, the name after its dot, or its whole path</source>
+        <translation>Name des Profilordners, der Name nach seinem Punkt oder sein ganzer Pfad</translation>
     </message>
 </context>
 <context>
@@ -1124,6 +1124,53 @@ Das Protokoll ist ~/Library/Logs/Vantle X Log.txt.</translation>
     <message>
         <source>Rewrite %1</source>
         <translation>%1 neu schreiben</translation>
+    </message>
+</context>
+<context>
+    <name>ProfilesManager</name>
+    <message>
+        <source>Netscape/Mozilla/Seamonkey 1</source>
+        <translation>Netscape/Mozilla/Seamonkey 1</translation>
+    </message>
+    <message>
+        <source>Firefox</source>
+        <translation>Firefox</translation>
+    </message>
+    <message>
+        <source>Thunderbird</source>
+        <translation>Thunderbird</translation>
+    </message>
+    <message>
+        <source>Postbox</source>
+        <translation>Postbox</translation>
+    </message>
+    <message>
+        <source>Flock</source>
+        <translation>Flock</translation>
+    </message>
+    <message>
+        <source>SeaMonkey 2</source>
+        <translation>SeaMonkey 2</translation>
+    </message>
+    <message>
+        <source>Chrome (current versions)</source>
+        <translation>Chrome (aktuelle Versionen)</translation>
+    </message>
+    <message>
+        <source>Brave</source>
+        <translation>Brave</translation>
+    </message>
+    <message>
+        <source>Vivaldi</source>
+        <translation>Vivaldi</translation>
+    </message>
+    <message>
+        <source>Microsoft Edge</source>
+        <translation>Microsoft Edge</translation>
+    </message>
+    <message>
+        <source>Opera (current versions)</source>
+        <translation>Opera (aktuelle Versionen)</translation>
     </message>
 </context>
 <context>

@@ -18,8 +18,9 @@ struct ProfileOptions {
 // One word per application, as well as the menus' own names.
 std::optional<ProfilesManager::Application> applicationNamed(const QString& name)
 {
-    static const QStringList words{u"mozilla"_s, u"firefox"_s, u"thunderbird"_s,
-                                   u"postbox"_s, u"flock"_s,   u"seamonkey"_s};
+    static const QStringList words{u"mozilla"_s, u"firefox"_s,   u"thunderbird"_s, u"postbox"_s,
+                                   u"flock"_s,   u"seamonkey"_s, u"chrome"_s,      u"brave"_s,
+                                   u"vivaldi"_s, u"edge"_s,      u"opera"_s};
     for (int i = 0; i < ProfilesManager::ApplicationCount; ++i) {
         const auto application = ProfilesManager::Application(i);
         if (name.compare(words[i], Qt::CaseInsensitive) == 0 ||
@@ -35,8 +36,10 @@ int listProfiles()
     manager.populateProfilesMenu();
     for (int i = 0; i < ProfilesManager::ApplicationCount; ++i) {
         const ProfilesManager::Menu& menu = manager.menus()[i];
-        printLine(u"%1 (%2)"_s.arg(ProfilesManager::displayName(ProfilesManager::Application(i)),
-                                   ProfilesManager::profilesFolder(ProfilesManager::Application(i))));
+        const auto application = ProfilesManager::Application(i);
+        const QString folder = ProfilesManager::profilesFolder(application);
+        printLine(folder.isEmpty() ? ProfilesManager::displayName(application)
+                                   : u"%1 (%2)"_s.arg(ProfilesManager::displayName(application), folder));
         if (menu.items.isEmpty())
             printLine(Cli::tr("    no profiles"));
         for (const ProfilesManager::MenuItem& item : menu.items)
@@ -50,7 +53,8 @@ int setSelected(const ProfileOptions& options, bool select)
     const QString applicationName = QString::fromStdString(options.application);
     const auto application = applicationNamed(applicationName);
     if (!application)
-        return refuse(Cli::tr("unknown application \"%1\" (mozilla, firefox, thunderbird, postbox, flock or seamonkey)")
+        return refuse(Cli::tr("unknown application \"%1\" (mozilla, firefox, thunderbird, postbox, flock, seamonkey, "
+                              "chrome, brave, vivaldi, edge or opera)")
                           .arg(applicationName));
 
     ProfilesManager& manager = ProfilesManager::createSharedInstance();
@@ -64,7 +68,8 @@ int setSelected(const ProfileOptions& options, bool select)
             manager.doProfileMenuItem(*application, item.tag);
         return 0;
     }
-    return refuse(Cli::tr("no profile \"%1\" in %2").arg(profile, menu.folder));
+    return refuse(Cli::tr("no profile \"%1\" in %2")
+                      .arg(profile, menu.folder.isEmpty() ? ProfilesManager::displayName(*application) : menu.folder));
 }
 
 } // namespace
@@ -82,11 +87,13 @@ void addProfilesCommands(CLI::App& app, CommandAction& action)
                                                      select ? "Erase this profile" : "Keep this profile");
         command
             ->add_option("APP", options->application,
-                         Cli::tr("mozilla, firefox, thunderbird, postbox, flock or seamonkey").toStdString())
+                         Cli::tr("mozilla, firefox, thunderbird, postbox, flock, seamonkey, chrome, brave, vivaldi, "
+                                 "edge or opera")
+                             .toStdString())
             ->required();
         command
             ->add_option("PROFILE", options->profile,
-                         Cli::tr("Profile folder name, or the name after its dot").toStdString())
+                         Cli::tr("Profile folder name, the name after its dot, or its whole path").toStdString())
             ->required();
         command->callback(
             [&action, options, select] { action = [options, select] { return setSelected(*options, select); }; });

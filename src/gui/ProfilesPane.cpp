@@ -17,6 +17,7 @@ namespace {
 // The pull-downs in the order of the profiles manager's applications.
 constexpr const char* kPopUpNames[ProfilesManager::ApplicationCount] = {
     "mMozillaPopup", "mFirefoxPopup", "mThunderbirdPopup", "mPostboxPopup", "mFlockPopup", "mSeamonkeyPopup",
+    "mChromePopup",  "mBravePopup",   "mVivaldiPopup",     "mEdgePopup",    "mOperaPopup",
 };
 
 QString summary(const ProfilesManager::Menu& menu)

@@ -1,6 +1,7 @@
 #include "settings/ProfilesManager.h"
 
 #include "core/Path.h"
+#include "settings/ChromiumProfileList.h"
 #include "settings/ProfileList.h"
 #include "settings/UserDefaults.h"
 
@@ -20,26 +21,46 @@ const QString kProfilesMenuDict = u"ProfilesMenuDict"_s;
 const QString kProfilesMenu = u"ProfilesMenu"_s;
 const QString kFirstRun = u"FirstRun"_s;
 
+// Where the menu finds the profiles of today's builds besides its folder's entries.
+enum class Current { None, Mozilla, Chromium };
+
 struct ApplicationFolder {
-    const char16_t* folder;
-    const char16_t* name;
+    const char16_t* folder; // empty for a menu of today's builds alone
+    const char* name;
+    Current current;
+    WatchedApp application; // of today's builds
 };
 
 constexpr std::array<ApplicationFolder, ProfilesManager::ApplicationCount> kApplications{{
-    {u"~/Library/Mozilla/Profiles", u"Netscape/Mozilla/Seamonkey 1"},
-    {u"~/Library/Application Support/Firefox/Profiles", u"Firefox"},
-    {u"~/Library/Thunderbird/Profiles", u"Thunderbird"},
-    {u"~/Library/Application Support/Postbox/Profiles", u"Postbox"},
-    {u"~/Library/Application Support/Flock/Profiles", u"Flock"},
-    {u"~/Library/Application Support/SeaMonkey/Profiles", u"SeaMonkey 2"},
+    {u"~/Library/Mozilla/Profiles", QT_TRANSLATE_NOOP("ProfilesManager", "Netscape/Mozilla/Seamonkey 1"), Current::None,
+     WatchedApp::mozilla},
+    {u"~/Library/Application Support/Firefox/Profiles", QT_TRANSLATE_NOOP("ProfilesManager", "Firefox"),
+     Current::Mozilla, WatchedApp::firefox},
+    {u"~/Library/Thunderbird/Profiles", QT_TRANSLATE_NOOP("ProfilesManager", "Thunderbird"), Current::Mozilla,
+     WatchedApp::thunderbird},
+    {u"~/Library/Application Support/Postbox/Profiles", QT_TRANSLATE_NOOP("ProfilesManager", "Postbox"), Current::None,
+     WatchedApp::postbox},
+    {u"~/Library/Application Support/Flock/Profiles", QT_TRANSLATE_NOOP("ProfilesManager", "Flock"), Current::None,
+     WatchedApp::flock},
+    {u"~/Library/Application Support/SeaMonkey/Profiles", QT_TRANSLATE_NOOP("ProfilesManager", "SeaMonkey 2"),
+     Current::None, WatchedApp::seamonkey},
+    {u"", QT_TRANSLATE_NOOP("ProfilesManager", "Chrome (current versions)"), Current::Chromium, WatchedApp::chrome},
+    {u"", QT_TRANSLATE_NOOP("ProfilesManager", "Brave"), Current::Chromium, WatchedApp::brave},
+    {u"", QT_TRANSLATE_NOOP("ProfilesManager", "Vivaldi"), Current::Chromium, WatchedApp::vivaldi},
+    {u"", QT_TRANSLATE_NOOP("ProfilesManager", "Microsoft Edge"), Current::Chromium, WatchedApp::edge},
+    {u"", QT_TRANSLATE_NOOP("ProfilesManager", "Opera (current versions)"), Current::Chromium,
+     WatchedApp::currentOpera},
 }};
 
 std::mutex gSharedMutex;
 std::unique_ptr<ProfilesManager> gShared;
 
-// Everything in the folder but the Finder's .DS_Store; nothing for a missing folder.
+// Everything in the folder but the Finder's .DS_Store; nothing for a missing
+// folder or none.
 QStringList entriesOf(const QString& folder)
 {
+    if (folder.isEmpty())
+        return {};
     QStringList entries = QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
                                                  QDir::Name | QDir::IgnoreCase);
     entries.removeAll(u".DS_Store"_s);
@@ -54,18 +75,20 @@ QString pathExtension(const QString& name)
 }
 
 // The profiles of today's builds that the application's menu shows besides its
-// folder's entries, by their whole paths: those that profiles.ini places
-// elsewhere than that folder.
+// folder's entries, by their whole paths: those that profiles.ini or Local
+// State place elsewhere than that folder.
 QStringList currentProfiles(ProfilesManager::Application application, const QString& menuFolder)
 {
+    const ApplicationFolder& known = kApplications[application];
     QStringList paths;
-    if (application != ProfilesManager::Firefox && application != ProfilesManager::Thunderbird)
-        return paths;
-    const WatchedApp flag = application == ProfilesManager::Firefox ? WatchedApp::firefox : WatchedApp::thunderbird;
-    for (const MozillaProfile& profile : ProfileList::current(flag)) {
-        if (QFileInfo(profile.folder).path() != menuFolder)
+    if (known.current == Current::Mozilla) {
+        for (const MozillaProfile& profile : ProfileList::current(known.application))
+            paths.append(profile.folder);
+    } else if (known.current == Current::Chromium) {
+        for (const ChromiumProfile& profile : ChromiumProfileList::current(known.application))
             paths.append(profile.folder);
     }
+    paths.removeIf([&](const QString& path) { return QFileInfo(path).path() == menuFolder; });
     return paths;
 }
 
@@ -119,7 +142,7 @@ QString ProfilesManager::profilesFolder(Application application)
 
 QString ProfilesManager::displayName(Application application)
 {
-    return QString::fromUtf16(kApplications[application].name);
+    return tr(kApplications[application].name);
 }
 
 void ProfilesManager::populateProfilesMenu()
@@ -127,6 +150,11 @@ void ProfilesManager::populateProfilesMenu()
     std::array<QString, ApplicationCount> folders;
     std::array<QStringList, ApplicationCount> entries;
     std::array<QStringList, ApplicationCount> current;
+    // A menu of today's builds alone has no folder of its own to store.
+    const auto store = [&](QVariantMap& selection, int i, const QStringList& names) {
+        if (!folders[i].isEmpty())
+            selection.insert(folders[i], toVariantList(names));
+    };
     for (int i = 0; i < ApplicationCount; ++i) {
         folders[i] = Path::fromTilde(profilesFolder(Application(i))).toString();
         entries[i] = entriesOf(folders[i]);
@@ -140,7 +168,7 @@ void ProfilesManager::populateProfilesMenu()
         const QStringList oldNames = toStringList(oldSelection);
         for (int i = 0; i < ApplicationCount; ++i) {
             if (!oldSelection.isValid()) {
-                selection.insert(folders[i], toVariantList(entries[i])); // the first start selects every profile
+                store(selection, i, entries[i]); // the first start selects every profile
                 for (const QString& path : current[i]) {
                     const QFileInfo profile(path);
                     selection.insert(profile.path(), selection.value(profile.path()).toList() << profile.fileName());
@@ -152,7 +180,7 @@ void ProfilesManager::populateProfilesMenu()
                 if (entries[i].contains(name))
                     kept.append(name);
             }
-            selection.insert(folders[i], toVariantList(kept));
+            store(selection, i, kept);
         }
         mUserDefaults.setObject(selection, kProfilesMenuDict);
         if (oldSelection.isValid())
@@ -180,13 +208,16 @@ void ProfilesManager::populateProfilesMenu()
             if (checked)
                 stillThere.append(name);
         }
-        selection.insert(folders[i], toVariantList(stillThere));
+        store(selection, i, stillThere);
         for (const QString& path : current[i]) {
             const QFileInfo profile(path);
             QStringList& kept = currentStillThere[profile.path()];
             menu.titles.append(path);
             const bool checked = toStringList(selection.value(profile.path())).contains(profile.fileName());
-            menu.items.append({pathExtension(profile.fileName()), int(menu.titles.size() - 1), checked});
+            // Chromium-based browsers name their profiles alike ("Default") in every user-data folder.
+            const QString title =
+                kApplications[i].current == Current::Chromium ? Path(path).tilde() : pathExtension(profile.fileName());
+            menu.items.append({title, int(menu.titles.size() - 1), checked});
             if (checked)
                 kept.append(profile.fileName());
         }

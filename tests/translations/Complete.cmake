@@ -12,7 +12,8 @@ foreach(catalogue IN LISTS catalogues)
     file(COPY ${catalogue} DESTINATION ${WORK_DIR})
     execute_process(
         COMMAND ${LUPDATE} -silent -locations none -I ${SOURCE_DIR}/src ${SOURCE_DIR}/src/cli ${SOURCE_DIR}/src/gui
-                ${SOURCE_DIR}/src/core ${SOURCE_DIR}/src/app/RunReport.cpp -ts ${WORK_DIR}/${name}
+                ${SOURCE_DIR}/src/core ${SOURCE_DIR}/src/app/RunReport.cpp ${SOURCE_DIR}/src/settings/ProfilesManager.cpp
+                -ts ${WORK_DIR}/${name}
         RESULT_VARIABLE status)
     if(NOT status EQUAL 0)
         message(FATAL_ERROR "lupdate failed on ${name}")
