@@ -91,3 +91,34 @@ TEST_F(ProfilesManagerTest, AnOldSelectionIsConvertedOnceAndRemoved)
     EXPECT_EQ(selected(firefox()), QStringList{u"ab12cd.default"_s});
     EXPECT_EQ(selected(home.file(u"Library/Thunderbird/Profiles"_s)), QStringList{u"ab12cd.default"_s});
 }
+
+TEST_F(ProfilesManagerTest, TodaysChromiumProfilesGetMenusOfTheirOwnSelectedAtTheFirstStart)
+{
+    home.write(u".config/google-chrome/Local State"_s,
+               R"({"profile": {"info_cache": {"Default": {}, "Profile 1": {}}}})");
+    makeProfile(u".config/google-chrome"_s, u"Default"_s);
+    makeProfile(u".config/google-chrome"_s, u"Profile 1"_s);
+    home.write(u".config/opera/Preferences"_s, "{}");
+
+    manager.populateProfilesMenu();
+
+    const QString chrome = home.file(u".config/google-chrome"_s);
+    const ProfilesManager::Menu& menu = manager.menus()[ProfilesManager::Chrome];
+    EXPECT_TRUE(menu.folder.isEmpty());
+    EXPECT_EQ(menu.titles, (QStringList{ProfilesManager::displayName(ProfilesManager::Chrome), chrome + u"/Default"_s,
+                                        chrome + u"/Profile 1"_s}));
+    ASSERT_EQ(menu.items.size(), 2);
+    EXPECT_EQ(menu.items[1].title, u"~/.config/google-chrome/Profile 1"_s);
+    EXPECT_EQ(selected(chrome), (QStringList{u"Default"_s, u"Profile 1"_s}));
+    EXPECT_EQ(manager.menus()[ProfilesManager::CurrentOpera].titles.value(1), home.file(u".config/opera"_s));
+    EXPECT_EQ(selected(home.file(u".config"_s)), QStringList{u"opera"_s});
+    EXPECT_TRUE(manager.menus()[ProfilesManager::Vivaldi].titles.isEmpty());
+    EXPECT_FALSE(defaults.dictionaryForKey(u"ProfilesMenuDict"_s).contains(QString()));
+
+    manager.doProfileMenuItem(ProfilesManager::Chrome, 1);
+    EXPECT_EQ(selected(chrome), QStringList{u"Profile 1"_s});
+    ProfilesManager restarted(defaults);
+    restarted.populateProfilesMenu();
+    EXPECT_FALSE(restarted.menus()[ProfilesManager::Chrome].items[0].checked);
+    EXPECT_TRUE(restarted.menus()[ProfilesManager::CurrentOpera].items[0].checked);
+}
