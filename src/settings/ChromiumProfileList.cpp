@@ -37,8 +37,7 @@ QStringList infoCacheKeys(const QString& userDataFolder)
 // the profile's files directly there.
 bool holdsItsProfile(const QString& userDataFolder)
 {
-    return QFileInfo(userDataFolder + u"/Preferences"_s).isFile() ||
-           QFileInfo(userDataFolder + u"/History"_s).isFile();
+    return QFileInfo(userDataFolder + u"/Preferences"_s).isFile() || QFileInfo(userDataFolder + u"/History"_s).isFile();
 }
 
 } // namespace
@@ -76,8 +75,8 @@ QList<ChromiumProfile> current(WatchedApp application)
     for (const ChromiumLocation& location : chromiumLocations()) {
         if (location.application != application)
             continue;
-        for (const ChromiumProfile& profile : listed(Path::fromTilde(location.userData).toString(),
-                                                     Path::fromTilde(location.caches).toString())) {
+        for (const ChromiumProfile& profile :
+             listed(Path::fromTilde(location.userData).toString(), Path::fromTilde(location.caches).toString())) {
             const QString canonical = QFileInfo(profile.folder).canonicalFilePath();
             if (seen.contains(canonical))
                 continue;

@@ -1,8 +1,8 @@
 // Today's Chromium-based browsers on a Linux and a macOS home: the profiles
 // Local State lists, the profiles in use or not selected, and a home without
 // them. What a profile's files become is ChromiumProfileItems' own matter.
-#include "cleaners/CleanerFixture.h"
 #include "cleaners/current/CurrentChromium.h"
+#include "cleaners/CleanerFixture.h"
 #include "cleaners/current/CurrentProfileWalk.h"
 #include "settings/ChromiumProfileList.h"
 #include "settings/ProfilesManager.h"
@@ -61,10 +61,10 @@ ChromiumProfile profileIn(const QString& userData, const QString& caches, const 
 
 TEST_F(CurrentChromiumTest, LocalStateListsTheProfilesOfEachLocationOnce)
 {
-    const QString chrome = home.file(u".config/google-chrome"_s);
-    for (const QString& folder : {u".config/google-chrome/Default"_s, u".config/google-chrome/Profile 1"_s,
-                                  u".config/escaped"_s, u"abs"_s, u".config/chromium/Default"_s,
-                                  u"Library/Application Support/Chromium/Default"_s})
+    const QString googleChromeFolder = home.file(u".config/google-chrome"_s);
+    for (const QString& folder :
+         {u".config/google-chrome/Default"_s, u".config/google-chrome/Profile 1"_s, u".config/escaped"_s, u"abs"_s,
+          u".config/chromium/Default"_s, u"Library/Application Support/Chromium/Default"_s})
         makeFolder(folder);
     writeLocalState(u".config/google-chrome"_s,
                     {u"Profile 1"_s, u"Default"_s, u"../escaped"_s, home.file(u"abs"_s), u"Gone"_s});
@@ -78,14 +78,15 @@ TEST_F(CurrentChromiumTest, LocalStateListsTheProfilesOfEachLocationOnce)
     makeFolder(u".config/opera/Default"_s);
 
     const QString chromeCache = home.file(u".cache/google-chrome"_s);
-    const QList<ChromiumProfile> googleChrome{profileIn(chrome, chromeCache, u"Profile 1"_s),
-                                              profileIn(chrome, chromeCache, u"Default"_s)};
-    EXPECT_EQ(ChromiumProfileList::listed(chrome, chromeCache), googleChrome);
-    EXPECT_EQ(ChromiumProfileList::current(WatchedApp::chrome),
-              googleChrome + QList{profileIn(home.file(u".config/chromium"_s), home.file(u".cache/chromium"_s),
-                                             u"Default"_s),
-                                   profileIn(home.file(u"Library/Application Support/Chromium"_s),
-                                             home.file(u"Library/Caches/Chromium"_s), u"Default"_s)});
+    const QList<ChromiumProfile> googleChrome{profileIn(googleChromeFolder, chromeCache, u"Profile 1"_s),
+                                              profileIn(googleChromeFolder, chromeCache, u"Default"_s)};
+    EXPECT_EQ(ChromiumProfileList::listed(googleChromeFolder, chromeCache), googleChrome);
+    const QList<ChromiumProfile> chrome{
+        googleChrome[0], googleChrome[1],
+        profileIn(home.file(u".config/chromium"_s), home.file(u".cache/chromium"_s), u"Default"_s),
+        profileIn(home.file(u"Library/Application Support/Chromium"_s), home.file(u"Library/Caches/Chromium"_s),
+                  u"Default"_s)};
+    EXPECT_EQ(ChromiumProfileList::current(WatchedApp::chrome), chrome);
     const QString opera = home.file(u".config/opera"_s);
     EXPECT_EQ(ChromiumProfileList::current(WatchedApp::currentOpera),
               (QList<ChromiumProfile>{{opera, opera, home.file(u".cache/opera"_s)}}));
@@ -101,8 +102,8 @@ TEST_F(CurrentChromiumTest, TheWalkPassesOverProfilesInUseOrNotSelected)
     writeLocalState(u".config/google-chrome"_s, {u"Default"_s});
     writeLocalState(u".config/chromium"_s, {u"Default"_s, u"Profile 2"_s});
     writeLocalState(u"Library/Application Support/BraveSoftware/Brave-Browser"_s, {u"Default"_s});
-    for (const QString& folder : {chrome + u"/Default"_s, chromium + u"/Default"_s, chromium + u"/Profile 2"_s,
-                                  brave + u"/Default"_s})
+    for (const QString& folder :
+         {chrome + u"/Default"_s, chromium + u"/Default"_s, chromium + u"/Profile 2"_s, brave + u"/Default"_s})
         QDir().mkpath(folder);
     home.write(u".config/opera/History"_s, "history");
     // Google Chrome still runs (this process); Chromium's lock outlived its process.
@@ -121,19 +122,20 @@ TEST_F(CurrentChromiumTest, TheWalkPassesOverProfilesInUseOrNotSelected)
     profiles.doProfileMenuItem(ProfilesManager::Chrome, 3);
     setAllKeys(true);
 
-    const QStringList expected{u"Chrome (current versions)"_s,
-                               u"Skip: %1/Default (in use: its lock is held by process %2)"_s.arg(chrome).arg(::getpid()),
-                               chromium + u"/Default"_s,
-                               QString(),
-                               u"Skip: %1/Profile 2 (not selected in the Profiles menu)"_s.arg(chromium),
-                               QString(),
-                               u"Brave"_s,
-                               brave + u"/Default"_s,
-                               QString(),
-                               QString(),
-                               u"Opera (current versions)"_s,
-                               u"Skip: %1 (in use: opera is running)"_s.arg(opera),
-                               QString()};
+    const QStringList expected{
+        u"Chrome (current versions)"_s,
+        u"Skip: %1/Default (in use: its lock is held by process %2)"_s.arg(chrome).arg(::getpid()),
+        chromium + u"/Default"_s,
+        QString(),
+        u"Skip: %1/Profile 2 (not selected in the Profiles menu)"_s.arg(chromium),
+        QString(),
+        u"Brave"_s,
+        brave + u"/Default"_s,
+        QString(),
+        QString(),
+        u"Opera (current versions)"_s,
+        u"Skip: %1 (in use: opera is running)"_s.arg(opera),
+        QString()};
     EXPECT_EQ(walkLines([&] {
                   CurrentChromium cleaner(context, defaults, procRoot);
                   for (const WatchedApp application : {WatchedApp::chrome, WatchedApp::vivaldi, WatchedApp::brave,
@@ -143,8 +145,9 @@ TEST_F(CurrentChromiumTest, TheWalkPassesOverProfilesInUseOrNotSelected)
               expected);
 
     disable(u"Chrome"_s);
-    EXPECT_EQ(walkLines([&] { CurrentChromium(context, defaults, procRoot).run(WatchedApp::chrome); }),
-              (QStringList{u"Chrome (current versions)"_s, u"Not enabled - check preferences to enable."_s, QString()}));
+    EXPECT_EQ(
+        walkLines([&] { CurrentChromium(context, defaults, procRoot).run(WatchedApp::chrome); }),
+        (QStringList{u"Chrome (current versions)"_s, u"Not enabled - check preferences to enable."_s, QString()}));
 }
 
 TEST_F(CurrentChromiumTest, AFolderSharedByProfilesIsErasedOnceAfterThemWhenOneOfThemWas)
@@ -160,13 +163,14 @@ TEST_F(CurrentChromiumTest, AFolderSharedByProfilesIsErasedOnceAfterThemWhenOneO
         {{profile(kept + u"/a"_s, 0)}, sharedWork(kept)},
         {{profile(shared + u"/a"_s, 0), profile(shared + u"/b"_s, ::getpid())}, sharedWork(shared)},
     };
-    EXPECT_EQ(run([&] {
-                  walkProfileGroups(context, defaults, {WatchedApp::chrome, u"Chrome"_s, u"Header"_s}, procRoot, groups);
-                  walkProfileGroups(context, defaults, {WatchedApp::chrome, u"Chrome"_s, u"Nothing"_s}, procRoot,
-                                    {{{}, sharedWork(kept)}});
-              }),
-              (QStringList{u"Header"_s, u"Skip: %1/a (not selected in the Profiles menu)"_s.arg(kept), shared + u"/a"_s,
-                           u"work %1/a"_s.arg(shared), QString(),
-                           u"Skip: %1/b (in use: its lock is held by process %2)"_s.arg(shared).arg(::getpid()),
-                           u"shared "_s + shared, QString()}));
+    EXPECT_EQ(
+        run([&] {
+            walkProfileGroups(context, defaults, {WatchedApp::chrome, u"Chrome"_s, u"Header"_s}, procRoot, groups);
+            walkProfileGroups(context, defaults, {WatchedApp::chrome, u"Chrome"_s, u"Nothing"_s}, procRoot,
+                              {{{}, sharedWork(kept)}});
+        }),
+        (QStringList{u"Header"_s, u"Skip: %1/a (not selected in the Profiles menu)"_s.arg(kept), shared + u"/a"_s,
+                     u"work %1/a"_s.arg(shared), QString(),
+                     u"Skip: %1/b (in use: its lock is held by process %2)"_s.arg(shared).arg(::getpid()),
+                     u"shared "_s + shared, QString()}));
 }

@@ -5,6 +5,7 @@
 #include "cleaners/current/ProfileInUse.h"
 #include "settings/ChromiumProfileList.h"
 
+#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -46,8 +47,7 @@ void CurrentChromium::run(WatchedApp application)
             groups.append({{}, [this, folder = profile.userDataFolder] { cleanChromiumLocalState(mContext, folder); }});
         }
         groups[at].profiles.append(
-            {profile.folder,
-             [folder = profile.userDataFolder] { return ProfileInUse::singletonLockHolder(folder); },
+            {profile.folder, [folder = profile.userDataFolder] { return ProfileInUse::singletonLockHolder(folder); },
              [this, profile] { cleanChromiumProfile(mContext, profile); }});
     }
     walkProfileGroups(mContext, mDefaults, *known, mProcRoot, groups);
