@@ -1,13 +1,16 @@
 // The cleaners that rebuild browser databases: what they log and queue around
-// the rebuilds, with real databases in a temporary home.
+// the rebuilds, and which rows the rebuilt databases keep, with real databases
+// in a temporary home.
 #include "cleaners/ChromeCleaners.h"
 #include "cleaners/CleanerFixture.h"
 #include "cleaners/MozillaCleaners.h"
 #include "cleaners/SafariCleaners.h"
+#include "cleaners/WebStorageScrub.h"
 #include "settings/HTML5Manager.h"
 #include "support/RecordingRunner.h"
 #include "support/TestDatabase.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
 
@@ -19,16 +22,19 @@ class DatabaseCleanersTest : public CleanerFixture {
 protected:
     DatabaseCleanersTest() { context.models.html5 = html5 = &HTML5Manager::createSharedInstance(); }
 
-    void keepAndEnable(const QString& domain)
+    void keepAndEnable(const QStringList& domains)
     {
-        html5->addDomain();
-        html5->setDomain(0, domain);
+        for (const QString& domain : domains) {
+            html5->addDomain();
+            html5->setDomain(int(html5->domains().size()) - 1, domain);
+        }
         html5->setEnabled();
     }
-    QStringList bookmarks(const QString& relative)
+    // The rows of a query on a database given by its full path or one below the home.
+    QStringList rows(const QString& path, const QString& query)
     {
-        TestDatabase db(home.file(relative));
-        return db.rows(u"select title from moz_bookmarks order by id"_s);
+        TestDatabase db(QDir(home.path()).filePath(path));
+        return db.rows(query);
     }
 
     HTML5Manager* html5 = nullptr;
@@ -50,10 +56,13 @@ TEST_F(DatabaseCleanersTest, FirefoxProfilesRebuildPlacesAndWebStorage)
 {
     const QString profile = home.file(kProfiles + u"/a1.default"_s);
     makeDatabase(kProfiles + u"/a1.default/places.sqlite"_s, u"places-firefox-3.0.sql"_s, kPlacesRows);
-    makeDatabase(kProfiles + u"/a1.default/webappsstore.sqlite"_s, u"firefox-webappsstore2.sql"_s);
+    // The current store, scope-keyed by reversed host names.
+    makeDatabase(kProfiles + u"/a1.default/webappsstore.sqlite"_s, u"firefox-webappsstore2.sql"_s,
+                 u"INSERT INTO webappsstore2 VALUES ('moc.tpek.:http:80', 'k', 'v', 0, ''),"
+                 " ('gro.enog.:http:80', 'k', 'v', 0, '');"_s);
     select(kProfiles, {u"a1.default"_s, u"deleted.profile"_s});
     setAllKeys(true);
-    keepAndEnable(u"kept.com"_s);
+    keepAndEnable({u"kept.com"_s});
 
     EXPECT_EQ(run([&] { mozilla.Firefox30Flock25SeaMonkey20(u"Firefox"_s, u"~/"_s + kProfiles); }),
               (QStringList{u"Firefox 3.0-12.0, Flock 2.5, and SeaMonkey 1.0"_s, profile, u"Shred:"_s,
@@ -65,7 +74,17 @@ TEST_F(DatabaseCleanersTest, FirefoxProfilesRebuildPlacesAndWebStorage)
                                   profile + u"/places.renamed.sqlite"_s, profile + u"/formhistory.sqlite"_s,
                                   profile + u"/cookies.sqlite"_s, profile + u"/cookies.txt"_s,
                                   profile + u"/downloads.sqlite"_s}));
-    EXPECT_EQ(bookmarks(kProfiles + u"/a1.default/places.sqlite"_s), QStringList{u"Kept"_s});
+    EXPECT_EQ(rows(kProfiles + u"/a1.default/places.sqlite"_s, u"select title from moz_bookmarks order by id"_s),
+              QStringList{u"Kept"_s});
+    // The current store's digest is paired with the query on "webappsstore",
+    // which it lacks, and the older store's with "webappsstore2": no row is copied.
+    EXPECT_EQ(rows(kProfiles + u"/a1.default/webappsstore.sqlite"_s, u"select count(*) from webappsstore2"_s),
+              QStringList{u"0"_s});
+    const QString older = makeDatabase(kProfiles + u"/b2.default/webappsstore.sqlite"_s, u"firefox-webappsstore.sql"_s,
+                                       u"INSERT INTO webappsstore VALUES ('moc.tpek.www', 'k', 'v', 0, '');"_s);
+    ASSERT_FALSE(WebStorageScrub(context, context.sqliteShell()).firefox3webappsstoresqlite(older).isNull());
+    EXPECT_EQ(rows(kProfiles + u"/b2.default/webappsstore.sqlite"_s, u"select count(*) from webappsstore"_s),
+              QStringList{u"0"_s});
 
     // Everything off: places is not opened, and the downloads skip names its file twice.
     queue.takePaths();
@@ -121,11 +140,21 @@ TEST_F(DatabaseCleanersTest, SafariFiveErasesTheStorageOfSitesNotKept)
     for (const QString& name : {u"http_www.kept.com_0.localstorage"_s, u"http_other.org_0.localstorage"_s,
                                 u"http_other.org_0.localstorage-journal"_s, u"safari-resource__0.localstorage"_s})
         home.write(u"Library/Safari/LocalStorage/"_s + name, "storage");
-    makeDatabase(u"Library/Safari/LocalStorage/StorageTracker.db"_s, u"safari-storagetracker.sql"_s);
-    makeDatabase(u"Library/Safari/Databases/Databases.db"_s, u"safari-databases.sql"_s);
+    const QString tracker = u"Library/Safari/LocalStorage/StorageTracker.db"_s;
+    makeDatabase(tracker, u"safari-storagetracker.sql"_s,
+                 u"INSERT INTO Origins VALUES ('safari-resource_/_0', 'a'), ('http_a.com_0', 'b'),"
+                 " ('http_www.kept.com_0', 'c');"_s);
+    const QString databases = u"Library/Safari/Databases/Databases.db"_s;
+    makeDatabase(databases, u"safari-databases.sql"_s,
+                 u"INSERT INTO Origins VALUES ('http_www.kept.com_0', 5242880), ('https_mail.kept.com_0', 1),"
+                 " ('http_notkept.com_0', 1), ('http_other.org_0', 1);"
+                 "INSERT INTO Databases (origin, name, displayName, estimatedSize, path) VALUES"
+                 " ('http_www.kept.com_0', 'notes', 'Notes', 100, '0000000000000001.db'),"
+                 " ('http_other.org_0', 'cart', 'Cart', 100, '0000000000000002.db');"_s);
+    const QByteArray before = home.read(databases);
     QDir().mkpath(home.file(u"Library/Safari/Databases/http_www.kept.com_0"_s));
     QDir().mkpath(home.file(u"Library/Safari/Databases/http_other.org_0"_s));
-    keepAndEnable(u"kept.com"_s);
+    keepAndEnable({u"kept.com"_s});
 
     EXPECT_EQ(run([&] { safari.Safari50(); }), (QStringList{u"Safari 5.0"_s, u"Shred: ~/Library/Safari/LocalStorage"_s,
                                                             u"Shred: ~/Library/Safari/Databases"_s, QString()}));
@@ -133,18 +162,29 @@ TEST_F(DatabaseCleanersTest, SafariFiveErasesTheStorageOfSitesNotKept)
                                   home.file(u"Library/Safari/LocalStorage/http_other.org_0.localstorage"_s),
                                   home.file(u"Library/Safari/Databases/renamed.sqlite"_s),
                                   home.file(u"Library/Safari/Databases/http_other.org_0"_s)}));
+    EXPECT_EQ(home.read(u"Library/Safari/Databases/renamed.sqlite"_s), before);
+    // A kept name keeps every origin that merely contains it; the tracker keeps Safari's own as well.
+    EXPECT_EQ(rows(databases, u"select origin from Origins order by origin"_s),
+              QStringList({u"http_notkept.com_0"_s, u"http_www.kept.com_0"_s, u"https_mail.kept.com_0"_s}));
+    EXPECT_EQ(rows(databases, u"select name from Databases"_s), QStringList{u"notes"_s});
+    EXPECT_EQ(rows(tracker, u"select origin from Origins order by origin"_s),
+              QStringList({u"http_www.kept.com_0"_s, u"safari-resource_/_0"_s}));
 
-    // A databases index of an unknown version ends the storage part: only the
-    // local storage found before it is queued.
+    // A databases index of an unknown schema, left as it is, ends the storage
+    // part: only the local storage found before it is queued.
     for (const QString& folder : {u"LocalStorage"_s, u"Databases"_s})
         QFile::remove(home.file(u"Library/Safari/%1/renamed.sqlite"_s.arg(folder))); // as the erase would
     queue.takePaths();
-    QFile::remove(home.file(u"Library/Safari/Databases/Databases.db"_s));
-    makeDatabase(u"Library/Safari/Databases/Databases.db"_s, u"chrome-databases.sql"_s);
-    const QStringList lines = run([&] { safari.Safari50(); });
-    ASSERT_EQ(lines.size(), 5);
-    EXPECT_EQ(lines[2], u"Databases Database Schema does not match key:"_s);
-    EXPECT_EQ(lines[4], QString());
+    QFile::remove(home.file(databases));
+    makeDatabase(databases, u"safari-storagetracker.sql"_s, u"INSERT INTO Origins VALUES ('http_a.com_0', 'p');"_s);
+    const QByteArray unknown = home.read(databases);
+    const QByteArray listing = "CREATE TABLE Origins (origin TEXT UNIQUE ON CONFLICT REPLACE, path TEXT);\n";
+    EXPECT_EQ(run([&] { safari.Safari50(); }),
+              (QStringList{u"Safari 5.0"_s, u"Shred: ~/Library/Safari/LocalStorage"_s,
+                           u"Databases Database Schema does not match key:"_s,
+                           QString::fromLatin1(QCryptographicHash::hash(listing, QCryptographicHash::Md5).toHex()),
+                           QString()}));
+    EXPECT_EQ(home.read(databases), unknown);
     EXPECT_EQ(paths.size(), 2);
 
     queue.takePaths();
@@ -163,8 +203,13 @@ TEST_F(DatabaseCleanersTest, ChromeAndFlockStorageKeepTheirJournalsAndLogTheirFo
     const QString chromeProfile = u"Library/Application Support/Google/Chrome/Default/"_s;
     home.write(chromeProfile + u"Local Storage/http_gone.net_0.localstorage"_s, "s");
     home.write(chromeProfile + u"Local Storage/http_gone.net_0.localstorage-journal"_s, "j");
-    makeDatabase(chromeProfile + u"databases/Databases.db"_s, u"chrome-databases.sql"_s);
-    keepAndEnable(u"kept.com"_s);
+    const QString chromeIndex = makeDatabase(
+        chromeProfile + u"databases/Databases.db"_s, u"chrome-databases.sql"_s,
+        u"INSERT INTO meta VALUES ('version', '1'), ('last_compatible_version', '1');"
+        "INSERT INTO Databases (origin, name, description, estimated_size) VALUES"
+        " ('http_kept.com_0', 'db', 'd', 1), ('http_gone.org_0', 'db', 'd', 1), ('it''s.kept_0', 'q', 'd', 1);"
+        "INSERT INTO Quota VALUES ('http_kept.com_0', 5), ('http_gone.org_0', 5);"_s);
+    keepAndEnable({u"kept.com"_s, u"it's"_s});
     setAllKeys(false);
 
     const QStringList chromeLines = run([&] { chrome.Chrome50(); });
@@ -174,15 +219,31 @@ TEST_F(DatabaseCleanersTest, ChromeAndFlockStorageKeepTheirJournalsAndLogTheirFo
     EXPECT_EQ(paths, (QStringList{home.file(chromeProfile + u"Local Storage/http_gone.net_0.localstorage"_s),
                                   home.file(chromeProfile + u"Local Storage/http_gone.net_0.localstorage-journal"_s),
                                   home.file(chromeProfile + u"databases/renamed.sqlite"_s)}));
+    EXPECT_EQ(rows(chromeIndex, u"select * from meta order by key"_s),
+              QStringList({u"last_compatible_version|1"_s, u"version|1"_s}));
+    EXPECT_EQ(rows(chromeIndex, u"select origin from Databases order by origin"_s),
+              QStringList({u"http_kept.com_0"_s, u"it's.kept_0"_s}));
+    // Quota rows go to a table of another name, which Chrome's index does not have.
+    EXPECT_EQ(rows(chromeIndex, u"select count(*) from Quota"_s), QStringList{u"0"_s});
 
     queue.takePaths();
     const QString flockProfile = u"Library/Application Support/Flock/User Data/Default/"_s;
     home.write(flockProfile + u"Local Storage/chrome-extension_flock_people_0.localstorage"_s, "people");
     home.write(flockProfile + u"Local Storage/http_gone.net_0.localstorage"_s, "s");
-    makeDatabase(flockProfile + u"databases/Databases.db"_s, u"chrome-databases.sql"_s);
+    const QString flockIndex =
+        makeDatabase(flockProfile + u"databases/Databases.db"_s, u"chrome-databases.sql"_s,
+                     u"INSERT INTO Databases (origin, name, description, estimated_size) VALUES"
+                     " ('chrome-extension_flock_people_0', 'people', 'd', 1), ('http_gone.org_0', 'db', 'd', 1);"_s);
     const QStringList flockLines = run([&] { chrome.Flock35UserData(u"User Data"_s); });
     EXPECT_EQ(flockLines.mid(flockLines.size() - 2), (QStringList{u"Shred: Local Storage"_s, u"Shred: databases"_s}));
     EXPECT_EQ(paths.mid(paths.size() - 2),
               (QStringList{home.file(flockProfile + u"Local Storage/http_gone.net_0.localstorage"_s),
                            home.file(flockProfile + u"databases/renamed.sqlite"_s)}));
+    EXPECT_EQ(rows(flockIndex, u"select origin from Databases"_s), QStringList{u"chrome-extension_flock_people_0"_s});
+
+    WebStorageScrub scrub(context, context.sqliteShell());
+    EXPECT_EQ(run([&] { scrub.chrome5databasessqlite(home.file(u"missing/Databases.db"_s), {}); }),
+              QStringList({u"Databases file does not exist."_s, QString()}));
+    EXPECT_EQ(run([&] { scrub.firefox3webappsstoresqlite(home.file(u"missing/webappsstore.sqlite"_s)); }),
+              QStringList({u"Webappsstore Database does not exist."_s, QString()}));
 }

@@ -43,22 +43,6 @@ TEST_F(MozillaCleanersTest, FirefoxTwoWalksTheSelectedProfilesAndFindsThePasswor
     EXPECT_EQ(run([&] { cleaners.Firefox20(); }), (QStringList{u"Firefox 2.0"_s, u"No profiles selected."_s, u""_s}));
 }
 
-TEST_F(MozillaCleanersTest, ThePasswordFileNameIsAPlainNameOfTheProfile)
-{
-    EXPECT_EQ(MozillaCleaners::passwordFileName("user_pref(\"signon.SignonFileName\", \"signons.txt\");"),
-              u"signons.txt"_s);
-    EXPECT_EQ(MozillaCleaners::passwordFileName("user_pref(\"signon.SignonFileName\",\"key3 \u00e9.db\")"),
-              u"key3 \u00e9.db"_s);
-    EXPECT_TRUE(MozillaCleaners::passwordFileName("user_pref(\"signon.rememberSignons\", true);").isNull());
-    EXPECT_TRUE(MozillaCleaners::passwordFileName("signon.SignonFileName").isNull());
-    EXPECT_TRUE(MozillaCleaners::passwordFileName("signon.SignonFileName\", 3);").isNull());
-    EXPECT_TRUE(
-        MozillaCleaners::passwordFileName("user_pref(\"signon.SignonFileName\", \"../../Documents/a\");").isNull());
-    EXPECT_TRUE(MozillaCleaners::passwordFileName("user_pref(\"signon.SignonFileName\", \"..\");").isNull());
-    EXPECT_EQ(MozillaCleaners::passwordFileName("user_pref(\"signon.SignonFileName\", \"unterminated"),
-              u"unterminated"_s);
-}
-
 TEST_F(MozillaCleanersTest, SaltFoldersMustBeExactlyOne)
 {
     makeFolder(u"Library/Phoenix/Profiles/default/x1y2.slt"_s);
@@ -156,8 +140,17 @@ TEST_F(MozillaCleanersTest, FlockThreeFiveCleansEveryUserDataFolder)
     EXPECT_TRUE(lines.filter(u"Profiles"_s).isEmpty());
 }
 
-TEST_F(MozillaCleanersTest, APasswordFileNamedOutsideTheProfileOrHoldingANulIsRefusedAndSaidSo)
+TEST_F(MozillaCleanersTest, ThePasswordFileIsAPlainNameOfTheProfileAndAnyOtherIsRefusedAndSaidSo)
 {
+    EXPECT_EQ(MozillaCleaners::passwordFileName("user_pref(\"signon.SignonFileName\",\"key3 \u00e9.db\")"),
+              u"key3 \u00e9.db"_s);
+    EXPECT_TRUE(MozillaCleaners::passwordFileName("user_pref(\"signon.rememberSignons\", true);").isNull());
+    EXPECT_TRUE(MozillaCleaners::passwordFileName("signon.SignonFileName").isNull());
+    EXPECT_TRUE(MozillaCleaners::passwordFileName("signon.SignonFileName\", 3);").isNull());
+    EXPECT_TRUE(MozillaCleaners::passwordFileName("user_pref(\"signon.SignonFileName\", \"..\");").isNull());
+    EXPECT_EQ(MozillaCleaners::passwordFileName("user_pref(\"signon.SignonFileName\", \"unterminated"),
+              u"unterminated"_s);
+
     // The system would read "key3.db\0.txt" as "key3.db": the log would name one
     // file and the erase hit another.
     static const char nul[] = "user_pref(\"signon.SignonFileName\", \"key3.db\0.txt\");\n";

@@ -363,29 +363,6 @@ TEST_F(PlacesScrubTest, TheOldDatabaseAnInterruptedRunLeftIsErasedNotUnlinked)
     EXPECT_EQ(table(renamedPath, u"select count(*) from moz_historyvisits"_s), QStringList{u"7"_s});
 }
 
-TEST_F(PlacesScrubTest, ARebuildThatLostABookmarkedPlaceDoesNotReplaceTheDatabase)
-{
-    makePlaces();
-    setKey(PreferenceKey::ShredHistory, true);
-    {
-        TestDatabase db(places);
-        db.exec(u"UPDATE moz_places SET title = printf('%.300000c', 'x') WHERE id IN (5, 6);"_s);
-    }
-    // A shell that may write no file past 400 KB: the disk fills up before the
-    // second bookmarked place is in, while every bookmark still arrives.
-    useShell("exec prlimit --fsize=409600 '" + QFile::encodeName(SqliteShell::resourcePath()) + "' \"$@\"");
-    const QByteArray before = home.read(places);
-
-    QString renamed;
-    const QStringList lines = run([&] { renamed = scrub(); });
-
-    EXPECT_TRUE(renamed.isNull());
-    const QStringList refused{u"Places Vantle X Database lost rows while it was rebuilt - not replaced."_s, QString()};
-    EXPECT_EQ(lines, refused);
-    EXPECT_EQ(home.read(places), before);
-    EXPECT_EQ(leftOvers(), QStringList());
-}
-
 TEST_F(PlacesScrubTest, FolderNamesWithSpacesQuotesAndAccentsWorkOrAreRefused)
 {
     setKey(PreferenceKey::ShredHistory, true);

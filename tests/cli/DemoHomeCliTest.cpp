@@ -3,10 +3,9 @@
 // rewritten, what the user keeps inside those survives, and the run's result
 // has the figures of the dry run's plan.
 #include "cli/CliFixture.h"
+#include "cli/RunAccounting.h"
 #include "support/TestDatabase.h"
 
-#include <QCryptographicHash>
-#include <QDirIterator>
 #include <QFileInfo>
 #include <QRegularExpression>
 
@@ -32,31 +31,7 @@ const QStringList kRewritten{
     u".config/com.orvick.vantle.plist"_s,
 };
 
-class DemoHomeCliTest : public CliFixture {
-protected:
-    // Every file below the home, relative, with a digest of its contents.
-    QMap<QString, QByteArray> snapshot() const
-    {
-        QMap<QString, QByteArray> files;
-        QDirIterator it(home.path(), QDir::Files | QDir::Hidden | QDir::System, QDirIterator::Subdirectories);
-        while (it.hasNext()) {
-            QFile file(it.next());
-            file.open(QIODevice::ReadOnly);
-            files.insert(QDir(home.path()).relativeFilePath(file.fileName()),
-                         QCryptographicHash::hash(file.readAll(), QCryptographicHash::Md5));
-        }
-        return files;
-    }
-};
-
-bool isBelowAny(const QString& path, const QStringList& roots)
-{
-    for (const QString& root : roots) {
-        if (path == root || path.startsWith(root + u'/'))
-            return true;
-    }
-    return false;
-}
+using DemoHomeCliTest = CliFixture;
 
 } // namespace
 
@@ -72,11 +47,13 @@ TEST_F(DemoHomeCliTest, ARunErasesWhatTheDryRunListedAndKeepsTheRest)
                  {u"prefs"_s, u"set"_s, u"ShredHistory"_s, u"YES"_s},
                  {u"prefs"_s, u"set"_s, u"ShredAppleMailJunk"_s, u"YES"_s}});
 
-    const QMap<QString, QByteArray> before = snapshot();
+    const HomeSnapshot before(home.path(), {});
     // No terminal, no --yes: a dry run asks nothing.
     const CliRun dry = cli({u"shred"_s, u"--dry-run"_s, u"--json"_s});
     ASSERT_EQ(dry.exitCode, 0) << qPrintable(dry.err);
-    EXPECT_EQ(snapshot(), before);
+    EXPECT_TRUE(HomeSnapshot(home.path(), {}) == before);
+    QueuedPaths queued;
+    queued.addDryRun(dry.out);
     const auto plan = nlohmann::json::parse(dry.out.toStdString());
     QStringList listed;
     for (const auto& application : plan["applications"]) {
@@ -92,7 +69,6 @@ TEST_F(DemoHomeCliTest, ARunErasesWhatTheDryRunListedAndKeepsTheRest)
 
     const CliRun run = cli({u"shred"_s, u"--yes"_s, u"--quiet"_s});
     ASSERT_EQ(run.exitCode, 0) << qPrintable(run.err);
-    const QMap<QString, QByteArray> after = snapshot();
 
     const QRegularExpressionMatch erased =
         QRegularExpression(uR"(^Erased (\d+) items? \((\d+) files?, [^=]+ = (\d+) bytes\)\.\nRewrote (\d+) )"_s)
@@ -109,21 +85,18 @@ TEST_F(DemoHomeCliTest, ARunErasesWhatTheDryRunListedAndKeepsTheRest)
     EXPECT_TRUE(log.contains(" Shred: ~/Library/Safari/History.plist\n"));
     EXPECT_TRUE(log.endsWith(" Vantle Completed Successfully\n"));
 
-    for (auto file = before.cbegin(); file != before.cend(); ++file) {
-        const QString& path = file.key();
-        if (!after.contains(path)) {
-            EXPECT_TRUE(isBelowAny(path, listed)) << "erased but not listed: " << qPrintable(path);
-        } else if (isBelowAny(path, listed)) {
-            // Only the junk mailbox comes back, made again empty.
-            EXPECT_TRUE(path.endsWith(u"Local Folders/Junk"_s) && QFileInfo(home.file(path)).size() == 0)
-                << "listed but still there: " << qPrintable(path);
-        } else if (!kRewritten.contains(path)) {
-            EXPECT_EQ(after.value(path), file.value()) << "changed: " << qPrintable(path);
-        }
+    EXPECT_EQ(before.goneOutside(queued), QStringList());
+    EXPECT_EQ(before.changedOutside(queued, kRewritten), QStringList());
+    // Only the junk mailbox comes back, made again empty.
+    for (const QString& path : listed) {
+        EXPECT_TRUE(!QFileInfo::exists(home.file(path)) ||
+                    (path.endsWith(u"Local Folders/Junk"_s) && QFileInfo(home.file(path)).size() == 0))
+            << "listed but still there: " << qPrintable(path);
     }
-    for (const QString& path : after.keys()) {
+    const QStringList beforePaths = before.paths();
+    for (const QString& path : HomeSnapshot(home.path(), queued).paths()) {
         // The run lock stays beside the settings.
-        EXPECT_TRUE(before.contains(path) || path.startsWith(u"Library/Logs/"_s) ||
+        EXPECT_TRUE(beforePaths.contains(path) || path.startsWith(u"Library/Logs"_s) ||
                     path.endsWith(u"Local Folders/Junk"_s) || path == u".config/com.orvick.vantle.lock"_s)
             << "left behind: " << qPrintable(path);
     }

@@ -31,6 +31,9 @@ class HomeSnapshot {
 public:
     HomeSnapshot(const QString& home, const QueuedPaths& queued);
 
+    bool operator==(const HomeSnapshot&) const = default;
+    // Every entry, relative to the home.
+    QStringList paths() const { return m_entries.keys(); }
     // Entries no longer there that the queue does not cover.
     QStringList goneOutside(const QueuedPaths& queued) const;
     // Files the queue does not cover whose contents changed, but those below the

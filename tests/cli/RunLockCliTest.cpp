@@ -1,19 +1,15 @@
 // One run per home: concurrent runs of real processes on the demo home keep
 // every bookmark and leave no history; a run refused for another's touches
-// nothing; a killed run holds nothing.
+// nothing. That a killed run holds nothing, InterruptedRunCliTest shows.
 #include "cli/CliFixture.h"
 #include "support/TestDatabase.h"
 
 #include "app/RunLock.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <QThread>
-
-#include <csignal>
 
 using namespace Qt::StringLiterals;
 
@@ -24,15 +20,10 @@ const QString kLog = u"Library/Logs/Vantle X Log.txt"_s;
 
 class RunLockCliTest : public CliFixture {
 protected:
-    QStringList homeArguments(const QStringList& arguments) const
-    {
-        return QStringList{u"--home"_s, home.path()} + arguments;
-    }
-
     std::unique_ptr<QProcess> start(const QStringList& arguments) const
     {
         auto process = std::make_unique<QProcess>();
-        process->start(QStringLiteral(VANTLE_CLI_PATH), homeArguments(arguments));
+        process->start(QStringLiteral(VANTLE_CLI_PATH), QStringList{u"--home"_s, home.path()} + arguments);
         EXPECT_TRUE(process->waitForStarted());
         return process;
     }
@@ -52,17 +43,6 @@ protected:
         EXPECT_EQ(places.value(u"select count(*) from moz_historyvisits"_s), u"0"_s) << "pair " << pair;
         EXPECT_EQ(places.value(u"select count(*) from moz_places where url like '%secret%'"_s), u"0"_s)
             << "pair " << pair;
-    }
-
-    // Polls until the lock file names process, as a run writes it once it holds the lock.
-    bool waitUntilHolding(qint64 processId) const
-    {
-        const QByteArray wanted = ' ' + QByteArray::number(processId) + '\n';
-        for (QDeadlineTimer deadline(20000); !deadline.hasExpired(); QThread::msleep(5)) {
-            if (home.read(u".config/com.orvick.vantle.lock"_s).endsWith(wanted))
-                return true;
-        }
-        return false;
     }
 };
 
@@ -154,21 +134,4 @@ TEST_F(RunLockCliTest, ARunRefusedForAnotherTouchesNothingAndWaitsWhenAsked)
     EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Safari/cache.db"_s)));
     EXPECT_FALSE(QFileInfo::exists(home.file(u"Downloads/old.pdf"_s)));
     EXPECT_TRUE(home.read(kLog).contains("Vantle Completed Successfully"));
-}
-
-TEST_F(RunLockCliTest, AKilledRunDoesNotBlockTheNext)
-{
-    // A large cache file overwritten 35 times keeps the run busy long enough to be killed.
-    home.write(u"Library/Caches/Google/Chrome/Default/Cache/data_1"_s, QByteArray(32 << 20, 'c'));
-    prepareRuns({{u"prefs"_s, u"set"_s, u"NumberOfWrites"_s, u"16"_s}});
-
-    const auto killedRun = start({u"shred"_s, u"--yes"_s, u"--quiet"_s});
-    ASSERT_TRUE(waitUntilHolding(killedRun->processId()));
-    ::kill(pid_t(killedRun->processId()), SIGKILL);
-    finish(*killedRun);
-    ASSERT_EQ(killedRun->exitStatus(), QProcess::CrashExit);
-
-    const CliRun next = cli({u"shred"_s, u"--yes"_s, u"--quiet"_s});
-    EXPECT_EQ(next.exitCode, 0) << qPrintable(next.err);
-    EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Google/Chrome/Default/Cache/data_1"_s)));
 }

@@ -89,7 +89,10 @@ TEST_F(ListPanesTest, DefaultPluginsCanOnlyBeUntickedAndTheirPathsComeFromTheOpe
     EXPECT_EQ(table->model()->index(0, 1).data().toString(), u"Flash Player"_s);
     EXPECT_FALSE(button(u"Plug-ins"_s, u"mDeletePlugin"_s)->isEnabled());
     EXPECT_TRUE(button(u"Plug-ins"_s, u"mRestoreDefault"_s)->isEnabled());
-    EXPECT_EQ(rows(paths).value(2), u"~/Library/Caches/Adobe/Flash Player"_s);
+    EXPECT_EQ(rows(paths),
+              (QStringList{u"~/Library/Preferences/Macromedia/Flash Player/#SharedObjects"_s,
+                           u"~/Library/Preferences/Macromedia/Flash Player/macromedia.com/support/flashplayer/sys"_s,
+                           u"~/Library/Caches/Adobe/Flash Player"_s}));
     EXPECT_EQ(paths->item(2)->toolTip(), home.file(u"Library/Caches/Adobe/Flash Player"_s));
 
     click(u"Plug-ins"_s, u"mAddPath"_s);

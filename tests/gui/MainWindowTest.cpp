@@ -153,6 +153,7 @@ TEST_F(MainWindowTest, TheWatchPaintsEachApplicationsLabelAndCountsTheCustomProc
     // An application that is not enabled is grey whatever its state.
     QCheckBox* safari = settingsPane(u"Applications"_s).findChild<QCheckBox*>(u"Safari"_s);
     toggle(safari);
+    EXPECT_FALSE(settingsPane(u"Applications"_s).findChild<QCheckBox*>(u"Shiira"_s)->isChecked());
     controller().HandleTarnholdTimer(false);
     expectState(u"mTHSafari"_s, Color::LightGray);
     expectState(u"mTHShiira"_s, Color::LightGray);

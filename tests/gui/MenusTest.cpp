@@ -24,20 +24,19 @@ protected:
 
 } // namespace
 
-TEST_F(MenusTest, QuitWithTheWatchOffQuitsAtOnce)
+TEST_F(MenusTest, QuitWithTheWatchOffAndTheSystemsOwnQuitRequestSkipTheSheet)
 {
     storedDefaults().setBool(false, PreferenceKey::Tarnhold);
     app().menus().quit()->trigger();
     EXPECT_EQ(exits, 1);
     EXPECT_EQ(openAlert(u"Quit"_s, 200), nullptr);
-}
 
-TEST_F(MenusTest, TheSystemsOwnQuitRequestSkipsTheSheet)
-{
+    mApp.reset();
+    set(PreferenceKey::Tarnhold, true);
     app();
     QEvent quit(QEvent::Quit);
     QCoreApplication::sendEvent(qApp, &quit);
-    EXPECT_EQ(exits, 1);
+    EXPECT_EQ(exits, 2);
 }
 
 TEST_F(MenusTest, TheQuitSheetCancelsOnCancelAndEscapeHidesOnReturnAndQuitsOnQuit)

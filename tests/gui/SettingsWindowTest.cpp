@@ -15,7 +15,6 @@ class SettingsWindowTest : public GuiFixture {
 protected:
     QCheckBox* box(const QString& pane, const QString& key) { return settingsPane(pane).findChild<QCheckBox*>(key); }
     QComboBox* popUp(const QString& key) { return settingsPane(u"Erasing"_s).findChild<QComboBox*>(key); }
-    QStringList savedApplications() { return saved(u"EnabledBrowsers"_s).toStringList(); }
 };
 
 struct CheckBoxCase {
@@ -102,25 +101,6 @@ TEST_F(SettingsWindowTest, ThePopUpsNeverOfferTheSeparatorAndStoreOnlyTheirOwnCh
     EXPECT_EQ(pattern->currentText(), u"Ones (0xFF)"_s);
     EXPECT_EQ(saved(u"OverwritePattern"_s), QVariant(qint64(4)));
     EXPECT_EQ(Preferences::objectForKey(u"OverwritePattern"_s), QVariant(qint64(4)));
-}
-
-TEST_F(SettingsWindowTest, CoupledApplicationsAreTickedAndUntickedTogether)
-{
-    QCheckBox* safari = box(u"Applications"_s, u"Safari"_s);
-    QCheckBox* shiira = box(u"Applications"_s, u"Shiira"_s);
-    QCheckBox* chrome = box(u"Applications"_s, u"Chrome"_s);
-    ASSERT_TRUE(safari && shiira && chrome);
-
-    toggle(safari);
-    EXPECT_FALSE(shiira->isChecked());
-    EXPECT_FALSE(savedApplications().contains(u"Safari"_s));
-    EXPECT_FALSE(savedApplications().contains(u"Shiira"_s));
-    EXPECT_EQ(savedApplications().size(), 14); // and Eudora, which every test leaves out
-
-    toggle(chrome);
-    EXPECT_FALSE(chrome->isChecked());
-    EXPECT_TRUE(box(u"Applications"_s, u"Firefox"_s)->isChecked());
-    EXPECT_FALSE(savedApplications().contains(u"Chrome"_s));
 }
 
 TEST_F(SettingsWindowTest, FactorySettingsPutsTheControlsBackAndTheNextChangeStoresThem)

@@ -88,23 +88,3 @@ TEST_F(PluginManagerTest, AUserPluginRenamedToADefaultCountsAsItAndRestoringLeav
     manager.reset();
     EXPECT_EQ(open()->plugins(), stored());
 }
-
-TEST(PluginManagerResource, TheShippedDefaultListHasTheEraPlugins)
-{
-    const QVariantList list = PluginManager::loadDefaultList();
-    ASSERT_FALSE(list.isEmpty());
-    QStringList allPaths;
-    for (const QVariant& entry : list) {
-        const QVariantMap plugin = entry.toMap();
-        EXPECT_FALSE(plugin.value(u"name"_s).toString().isEmpty());
-        EXPECT_EQ(plugin.value(u"enabled"_s).typeId(), QMetaType::Bool);
-        for (const QVariant& path : plugin.value(u"paths"_s).toList()) {
-            EXPECT_TRUE(path.toString().startsWith(u"~/Library/"_s)) << qPrintable(path.toString());
-            allPaths << path.toString();
-        }
-    }
-    EXPECT_TRUE(allPaths.contains(u"~/Library/Preferences/Macromedia/Flash Player/#SharedObjects"_s));
-    EXPECT_TRUE(
-        allPaths.contains(u"~/Library/Preferences/Macromedia/Flash Player/macromedia.com/support/flashplayer/sys"_s));
-    EXPECT_TRUE(allPaths.contains(u"~/Library/Caches/Java"_s));
-}

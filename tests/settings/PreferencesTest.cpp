@@ -7,9 +7,6 @@
 #include "support/FakeLoginItem.h"
 #include "support/TempHome.h"
 
-#include <QFile>
-#include <QSignalSpy>
-
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -20,15 +17,6 @@ namespace {
 
 class PreferencesTest : public ::testing::Test {
 protected:
-    // Keys stored in the settings file, as another process would read them.
-    QStringList storedKeys() const
-    {
-        QFile file(UserDefaults::defaultFilePath());
-        if (!file.open(QIODevice::ReadOnly))
-            return {};
-        return PropertyList::parse(file.readAll()).value_or(QVariant()).toMap().keys();
-    }
-
     std::unique_ptr<Preferences> open()
     {
         defaults = std::make_unique<UserDefaults>(UserDefaults::defaultFilePath());
@@ -46,47 +34,6 @@ protected:
 };
 
 } // namespace
-
-TEST_F(PreferencesTest, AFreshUserGetsTheFactoryTableAndSavingWritesNoKey)
-{
-    loginItem.current = loginItem.running;
-    auto preferences = open();
-
-    const QVariantMap values = preferences->preferences();
-    ASSERT_EQ(values.size(), 19);
-    for (const PreferenceDefinition& definition : kPreferenceTable)
-        EXPECT_EQ(values.value(definition.key), factoryValue(definition)) << qPrintable(QString(definition.key));
-
-    preferences->commitDisplayedValues();
-    EXPECT_TRUE(storedKeys().isEmpty());
-    EXPECT_TRUE(preferences->prefsConfirmShredding());
-    EXPECT_FALSE(preferences->prefsDoDSanitize());
-    EXPECT_FALSE(preferences->prefsNSA());
-}
-
-TEST_F(PreferencesTest, RevertToDefaultShowsFactoryValuesStoresThemWithTheNextCommitAndDiscardTakesThemBack)
-{
-    writeSettingsFile({{u"ShredCookies"_s, true}, {u"OverwritePattern"_s, qint64(4)}});
-    auto preferences = open();
-    QSignalSpy shown(preferences.get(), &Preferences::displayedValuesChanged);
-
-    preferences->revertToDefault();
-    EXPECT_EQ(preferences->preferences(), Preferences::factoryValues());
-    EXPECT_EQ(preferences->displayedValues(), Preferences::factoryValues());
-    EXPECT_EQ(shown.count(), 1);
-    EXPECT_EQ(storedKeys().size(), 2); // nothing written yet
-
-    preferences->commitDisplayedValues();
-    EXPECT_TRUE(storedKeys().isEmpty());
-
-    // Discarding puts the committed values back on the panel.
-    QVariantMap values = preferences->displayedValues();
-    values.insert(u"ShredCookies"_s, true);
-    preferences->miscChanged(panelStateFromValues(values));
-    preferences->revertToDefault();
-    preferences->discardDisplayedValues();
-    EXPECT_EQ(preferences->displayedValues(), Preferences::factoryValues());
-}
 
 TEST_F(PreferencesTest, WrongTypesConvertAndMissingKeysFallBack)
 {
@@ -139,25 +86,6 @@ TEST_F(PreferencesTest, ThePanelKeepsTheLoginItemInStepWithTheWatch)
     EXPECT_EQ(change(PreferenceKey::ShredCookies, true), QStringList());
 }
 
-TEST_F(PreferencesTest, EveryApplicationIsEnabledUntilAChangeAppliesTheCouplingsAndStoresTheList)
-{
-    auto preferences = open();
-    for (const QString& name : ApplicationList::allNames())
-        EXPECT_TRUE(preferences->browserIsEnabled(name)) << qPrintable(name);
-    EXPECT_FALSE(preferences->browserIsEnabled(u"safari"_s)); // exact names only
-    EXPECT_FALSE(storedKeys().contains(u"EnabledBrowsers"_s));
-
-    // A change applies the couplings and stores the list.
-    QSignalSpy changed(preferences.get(), &Preferences::enabledBrowsersChanged);
-    preferences->enableChanged(u"Safari"_s);
-    EXPECT_EQ(changed.count(), 1);
-    preferences.reset();
-    QStringList expected = ApplicationList::allNames();
-    expected.removeAll(u"Safari"_s);
-    expected.removeAll(u"Shiira"_s);
-    EXPECT_EQ(open()->enabledBrowsers(), expected);
-}
-
 TEST_F(PreferencesTest, AHandEditedApplicationListKeepsItsNamesAndOneOfAnotherTypeEnablesEveryApplication)
 {
     writeSettingsFile({{u"EnabledBrowsers"_s, QVariantList{u"Mozilla"_s, qint64(3), u"Chrome"_s}}});
@@ -165,12 +93,4 @@ TEST_F(PreferencesTest, AHandEditedApplicationListKeepsItsNamesAndOneOfAnotherTy
 
     writeSettingsFile({{u"EnabledBrowsers"_s, u"Safari"_s}});
     EXPECT_EQ(open()->enabledBrowsers(), ApplicationList::allNames());
-}
-
-TEST_F(PreferencesTest, TheSharedInstanceServesObjectForKey)
-{
-    writeSettingsFile({{u"ShredHistory"_s, true}});
-    EXPECT_EQ(Preferences::objectForKey(u"ShredHistory"_s), true);
-    EXPECT_EQ(Preferences::objectForKey(u"NumberOfWrites"_s), qint64(0));
-    EXPECT_FALSE(Preferences::objectForKey(u"NoSuchKey"_s).isValid());
 }
