@@ -43,8 +43,8 @@ const QList<ProfileFiles>& files()
         {ShredCache, ProfileFiles::Cache, kCaches},
         {ShredCache, ProfileFiles::Profile, kCaches},
         {ShredHistory, ProfileFiles::Profile,
-         QStringList{u"Sessions"_s, u"Sessions_Encrypted"_s, u"Visited Links"_s} + withJournals(u"Shortcuts"_s)
-             + withJournals(u"Network Action Predictor"_s) + withJournals(u"DIPS"_s)},
+         QStringList{u"Sessions"_s, u"Sessions_Encrypted"_s, u"Visited Links"_s} + withJournals(u"Shortcuts"_s) +
+             withJournals(u"Network Action Predictor"_s) + withJournals(u"DIPS"_s)},
         {ShredPasswords, ProfileFiles::Profile,
          withJournals(u"Login Data"_s) + withJournals(u"Login Data For Account"_s)},
     };
@@ -105,9 +105,8 @@ void editPreferences(CleanerContext& context, const QString& file, const QList<J
         context.log(u"Skip: "_s + file);
         return;
     }
-    const Error error = runPreferenceEdit(context, file, [&](bool dryRun) {
-        return JsonPreferenceEdit::removeMembers(file, members, dryRun);
-    });
+    const Error error = runPreferenceEdit(
+        context, file, [&](bool dryRun) { return JsonPreferenceEdit::removeMembers(file, members, dryRun); });
     if (error.code == Error::Code::KeyNotFound)
         context.log(u"Skip: "_s + file);
     else if (!error.ok())
