@@ -28,19 +28,20 @@ protected:
     {
         QDir(home.file(u".config"_s)).removeRecursively();
         QDir(home.file(u".cache"_s)).removeRecursively();
-        makeDatabase(kDefault + u"/History"_s, u"chromium156-History.sql"_s,
-                     u"INSERT INTO urls (id, url, title, visit_count, last_visit_time) VALUES"
-                     " (1, 'https://kept.example/bookmark', 'Kept', 1, 5), (2, 'https://gone.example/page', 'Seen', 1, 5);"
-                     "INSERT INTO visits (id, url, visit_time) VALUES (1, 1, 5), (2, 2, 5);"
-                     "INSERT INTO keyword_search_terms VALUES (1, 2, 'gone terms', 'gone terms');"
-                     "INSERT INTO segments VALUES (1, 'gone.example/', 2);"
-                     "INSERT INTO downloads (id, guid, current_path, target_path, start_time, received_bytes,"
-                     " total_bytes, state, danger_type, interrupt_reason, hash, end_time, opened, last_access_time,"
-                     " transient, referrer, site_url, embedder_download_data, tab_url, tab_referrer_url,"
-                     " http_method, by_ext_id, by_ext_name, by_web_app_id, etag, last_modified, mime_type,"
-                     " original_mime_type) VALUES (1, 'g', '/tmp/f', '/tmp/f', 5, 1, 1, 1, 0, 0, x'', 5, 0, 5, 0,"
-                     " 'https://download.example/', '', '', '', '', '', '', '', '', '', '', '', '');"
-                     "INSERT INTO downloads_url_chains VALUES (1, 0, 'https://download.example/file.zip');"_s);
+        makeDatabase(
+            kDefault + u"/History"_s, u"chromium156-History.sql"_s,
+            u"INSERT INTO urls (id, url, title, visit_count, last_visit_time) VALUES"
+            " (1, 'https://kept.example/bookmark', 'Kept', 1, 5), (2, 'https://gone.example/page', 'Seen', 1, 5);"
+            "INSERT INTO visits (id, url, visit_time) VALUES (1, 1, 5), (2, 2, 5);"
+            "INSERT INTO keyword_search_terms VALUES (1, 2, 'gone terms', 'gone terms');"
+            "INSERT INTO segments VALUES (1, 'gone.example/', 2);"
+            "INSERT INTO downloads (id, guid, current_path, target_path, start_time, received_bytes,"
+            " total_bytes, state, danger_type, interrupt_reason, hash, end_time, opened, last_access_time,"
+            " transient, referrer, site_url, embedder_download_data, tab_url, tab_referrer_url,"
+            " http_method, by_ext_id, by_ext_name, by_web_app_id, etag, last_modified, mime_type,"
+            " original_mime_type) VALUES (1, 'g', '/tmp/f', '/tmp/f', 5, 1, 1, 1, 0, 0, x'', 5, 0, 5, 0,"
+            " 'https://download.example/', '', '', '', '', '', '', '', '', '', '', '', '');"
+            "INSERT INTO downloads_url_chains VALUES (1, 0, 'https://download.example/file.zip');"_s);
         makeDatabase(kDefault + u"/Favicons"_s, u"chromium156-Favicons.sql"_s,
                      u"INSERT INTO favicons (id, url) VALUES (1, 'https://kept.example/icon.png'),"
                      " (2, 'https://gone.example/icon.png'), (3, 'https://orphan.example/icon.png');"
@@ -58,11 +59,12 @@ protected:
                      "INSERT INTO keywords (id, short_name, keyword, favicon_url, url) VALUES (1, 'Search', 's', '',"
                      " 'https://search.example/?q={searchTerms}');"_s);
         makeDatabase(kDefault + u"/Login Data"_s, u"chromium156-Login_Data.sql"_s);
-        home.write(kDefault + u"/Preferences"_s,
-                   R"({"dns_prefetching":{"host_referral_list":[2,["https://gone.example/"]]},)"
-                   R"("profile":{"content_settings":{"exceptions":{"site_engagement":{)"
-                   R"("https://kept.example:443,*":{"setting":{"rawScore":3}},)"
-                   R"("https://gone.example:443,*":{"setting":{"rawScore":3}}}}}},"homepage":"https://home.example/"})");
+        home.write(
+            kDefault + u"/Preferences"_s,
+            R"({"dns_prefetching":{"host_referral_list":[2,["https://gone.example/"]]},)"
+            R"("profile":{"content_settings":{"exceptions":{"site_engagement":{)"
+            R"("https://kept.example:443,*":{"setting":{"rawScore":3}},)"
+            R"("https://gone.example:443,*":{"setting":{"rawScore":3}}}}}},"homepage":"https://home.example/"})");
         home.write(u".config/chromium/Local State"_s, R"({"StartupDNSPrefetchList":["gone.example"],"x":1})");
         home.write(kDefault + u"/IndexedDB/https_kept.example_0.indexeddb.leveldb/000003.log"_s, "kept");
         home.write(kDefault + u"/IndexedDB/https_gone.example_0.indexeddb.leveldb/000003.log"_s, "gone");

@@ -51,9 +51,11 @@ const QList<ProfileFiles>& files()
     return rows;
 }
 
-// Site storage that cannot be split per site: erased whole unless a kept site has data in it.
+// Site storage that cannot be split per site: erased whole unless a kept site
+// has data in it. The quota database (WebStorage) lists every site that stored
+// anything; the browser builds it again from the storage that is left.
 const QStringList kSharedStorage{u"Local Storage/leveldb"_s, u"Session Storage"_s, u"File System"_s,
-                                 u"Service Worker"_s};
+                                 u"Service Worker"_s, u"WebStorage"_s};
 
 // Site data of a browser's own pages and extensions is not in question here: a
 // store is shared when any file of it names a kept site (the origins are keys).

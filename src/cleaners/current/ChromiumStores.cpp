@@ -3,7 +3,6 @@
 #include "cleaners/CleanerContext.h"
 #include "cleaners/JsonPreferenceEdit.h"
 #include "cleaners/current/StoreRecipes.h"
-#include "settings/HTML5Manager.h"
 #include "settings/PreferenceKeys.h"
 
 #include <QFile>
@@ -90,10 +89,6 @@ constexpr Row kWebDataKept[]{
     {When::Always, "SELECT guid FROM credit_cards ORDER BY guid"},
 };
 
-// The quota database lists each site that stored anything.
-constexpr Row kQuotaDeletes[]{{When::Always, "DELETE FROM buckets WHERE NOT kept_site(host)"}};
-constexpr Row kQuotaKept[]{{When::Always, "SELECT * FROM buckets WHERE kept_site(host) ORDER BY id"}};
-
 void collectUrls(const nlohmann::json& node, QSet<QString>& urls)
 {
     if (node.is_object()) {
@@ -135,17 +130,14 @@ SqliteRecipe::Function bookmarked(const QString& profileFolder)
 void cleanChromiumStores(CleanerContext& context, const QString& profileFolder)
 {
     const Settings settings = Settings::of(context);
-    const HTML5Manager* html5 = context.models.html5;
 
     SqliteRecipe favicons = recipe(settings, kFaviconsDeletes, kFaviconsKept);
     favicons.attachments = {{u"history"_s, profileFolder + u"/History"_s}};
     favicons.functions = {bookmarked(profileFolder)};
     SqliteRecipe cookies = recipe(settings, kCookiesDeletes, kCookiesKept);
-    cookies.functions = {keptSite(html5)};
+    cookies.functions = {keptSite(context.models.html5)};
     // Nothing of a site not kept may stay.
     cookies.eraseWholeWhen = u"SELECT NOT EXISTS (SELECT 1 FROM cookies WHERE kept_site(host_key))"_s;
-    SqliteRecipe quota = recipe(settings, kQuotaDeletes, kQuotaKept);
-    quota.functions = {keptSite(html5)};
 
     struct Store {
         const char* name;
@@ -158,7 +150,6 @@ void cleanChromiumStores(CleanerContext& context, const QString& profileFolder)
         {"Favicons", settings.history || settings.icons, favicons},
         {"Cookies", context.setting(PreferenceKey::ShredCookies), cookies},
         {"Web Data", settings.history, recipe(settings, kWebDataDeletes, kWebDataKept)},
-        {"WebStorage/QuotaManager", html5 && html5->getEnabledState() == 1, quota},
     };
     for (const Store& store : stores) {
         const QString path = profileFolder + u'/' + QLatin1StringView(store.name);
