@@ -134,6 +134,12 @@ const QList<ApplicationRow>& applicationRows()
               f.mozilla.Firefox30Flock25SeaMonkey20(u"SeaMonkey 2"_s,
                                                     u"~/Library/Application Support/SeaMonkey/Profiles"_s);
           }}},
+        // Today's browsers keep no plug-ins: while they run the plug-in cache is still taken.
+        {.application = u"Brave"_s, .gate = {brave}, .cleaners = {}, .counted = false},
+        {.application = u"Vivaldi"_s, .gate = {vivaldi}, .cleaners = {}, .counted = false},
+        {.application = u"Microsoft Edge"_s, .gate = {edge}, .cleaners = {}, .counted = false},
+        // On macOS today's Opera.app is seen as the older Opera.
+        {.application = u"Opera (current versions)"_s, .gate = {opera, currentOpera}, .cleaners = {}, .counted = false},
     };
     return rows;
 }

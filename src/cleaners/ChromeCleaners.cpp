@@ -3,6 +3,7 @@
 #include "cleaners/CleanerContext.h"
 #include "cleaners/Html5Storage.h"
 #include "cleaners/JsonPreferenceEdit.h"
+#include "cleaners/PreferenceFileEdit.h"
 #include "cleaners/WebStorageScrub.h"
 #include "erase/EraseQueue.h"
 #include "log/FailureLog.h"
@@ -50,15 +51,10 @@ void ChromeCleaners::historyEntries(const QString& profile)
 
 void ChromeCleaners::editJsonWithDetails(const QString& file, const QString& key, bool requireKey)
 {
-    mContext.queueLeftover(JsonPreferenceEdit::oldCopyPath(file));
-    const Error error = JsonPreferenceEdit::removeKey(file, key, requireKey, mContext.dryRun);
-    if (!error.ok()) {
+    const Error error = runPreferenceEdit(
+        mContext, file, [&](bool dryRun) { return JsonPreferenceEdit::removeKey(file, key, requireKey, dryRun); });
+    if (!error.ok())
         FailureLog::write(error);
-        return;
-    }
-    mContext.log(u"Shred: "_s + file);
-    mContext.eraseQueue().rewrite(file, JsonPreferenceEdit::oldCopyPath(file));
-    mContext.queue(JsonPreferenceEdit::oldCopyPath(file));
 }
 
 void ChromeCleaners::Chrome40()

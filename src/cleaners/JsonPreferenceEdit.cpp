@@ -41,28 +41,14 @@ std::optional<Json> readObject(const QString& file)
     return parsed;
 }
 
-} // namespace
-
-QString oldCopyPath(const QString& file)
-{
-    return file + u".vantlex"_s;
-}
-
-Error removeKey(const QString& file, const QString& key, bool requireKey, bool dryRun)
+// The object in the file's place, the old copy kept beside it.
+Error write(const QString& file, const Json& object, bool dryRun)
 {
     using Code = Error::Code;
     const QByteArray nativeFile = QFile::encodeName(file);
-    std::optional<Json> object = readObject(file);
-    if (!object)
-        return {Code::Unreadable, 0, nativeFile};
-    const std::string name = key.toStdString();
-    if (requireKey && !object->contains(name))
-        return {Code::KeyNotFound, 0, nativeFile, {key.toUtf8()}};
-    object->erase(name);
-
     QByteArray text;
     try {
-        text = QByteArray::fromStdString(object->dump());
+        text = QByteArray::fromStdString(object.dump());
     } catch (const Json::exception&) {
         return {Code::EncodeFailed, 0, nativeFile};
     }
@@ -75,6 +61,55 @@ Error removeKey(const QString& file, const QString& key, bool requireKey, bool d
         return {};
     return FileReplace::withBytes(nativeFile, text, status.st_mode & 07777, FileReplace::Strategy::KeepOld,
                                   QFile::encodeName(oldCopyPath(file)));
+}
+
+} // namespace
+
+QString oldCopyPath(const QString& file)
+{
+    return file + u".vantlex"_s;
+}
+
+Error removeKey(const QString& file, const QString& key, bool requireKey, bool dryRun)
+{
+    std::optional<Json> object = readObject(file);
+    if (!object)
+        return {Error::Code::Unreadable, 0, QFile::encodeName(file)};
+    const std::string name = key.toStdString();
+    if (requireKey && !object->contains(name))
+        return {Error::Code::KeyNotFound, 0, QFile::encodeName(file), {key.toUtf8()}};
+    object->erase(name);
+    return write(file, *object, dryRun);
+}
+
+Error removeMembers(const QString& file, const QList<Members>& members, bool dryRun)
+{
+    std::optional<Json> object = readObject(file);
+    if (!object)
+        return {Error::Code::Unreadable, 0, QFile::encodeName(file)};
+    bool removed = false;
+    for (const Members& list : members) {
+        Json* parent = &*object;
+        for (const QString& step : list.objectPath) {
+            const auto found = parent->find(step.toStdString());
+            parent = found != parent->end() && found->is_object() ? &*found : nullptr;
+            if (!parent)
+                break;
+        }
+        if (!parent)
+            continue;
+        for (auto it = parent->begin(); it != parent->end();) {
+            if (list.matches(QString::fromStdString(it.key()))) {
+                it = parent->erase(it);
+                removed = true;
+            } else {
+                ++it;
+            }
+        }
+    }
+    if (!removed)
+        return {Error::Code::KeyNotFound, 0, QFile::encodeName(file)};
+    return write(file, *object, dryRun);
 }
 
 } // namespace JsonPreferenceEdit

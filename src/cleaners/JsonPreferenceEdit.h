@@ -3,6 +3,9 @@
 #include "core/Error.h"
 
 #include <QString>
+#include <QStringList>
+
+#include <functional>
 
 // Removes one top-level key from a browser's JSON preference file and keeps the
 // old file beside it under the name "<file>.vantlex", to be erased: the browser
@@ -27,5 +30,16 @@ QString oldCopyPath(const QString& file);
 
 // In a dry run every check is made but no file is changed or created.
 Error removeKey(const QString& file, const QString& key, bool requireKey, bool dryRun);
+
+// Members of one object of the file: the keys leading to it from the top
+// (none: the top itself), and which of its members go by their names.
+struct Members {
+    QStringList objectPath;
+    std::function<bool(const QString& name)> matches;
+};
+
+// Removes every member the lists name, in one replacement of the file; the
+// other errors as removeKey's. KeyNotFound, and no change, when none is there.
+Error removeMembers(const QString& file, const QList<Members>& members, bool dryRun);
 
 } // namespace JsonPreferenceEdit

@@ -5,6 +5,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -12,9 +14,12 @@ namespace {
 int listApplications()
 {
     Preferences& preferences = Preferences::sharedInstance();
-    for (const QString& name : ApplicationList::allNames())
-        printLine(u"%1 %2"_s.arg(name, -17).arg(preferences.browserIsEnabled(name) ? Cli::tr("enabled")
-                                                                                   : Cli::tr("disabled")));
+    const QStringList& names = ApplicationList::allNames();
+    const auto longest = std::max_element(names.cbegin(), names.cend(),
+                                          [](const QString& a, const QString& b) { return a.size() < b.size(); });
+    for (const QString& name : names)
+        printLine(u"%1 %2"_s.arg(name, -int(longest->size()))
+                      .arg(preferences.browserIsEnabled(name) ? Cli::tr("enabled") : Cli::tr("disabled")));
     return 0;
 }
 

@@ -25,8 +25,13 @@ enum class WatchedApp : std::size_t {
     flock,
     chrome,
     seamonkey,
+    // Today's Chromium-based browsers after the original seventeen.
+    brave,
+    vivaldi,
+    edge,
+    currentOpera,
 };
-inline constexpr std::size_t kWatchedAppCount = 17;
+inline constexpr std::size_t kWatchedAppCount = 21;
 
 // One byte per watched application (running, was running, enabled). Written by
 // the watch on the main thread and read by a run's finding thread, hence atomic.

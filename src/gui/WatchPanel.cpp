@@ -38,6 +38,10 @@ constexpr std::array<ApplicationLabel, kWatchedAppCount> kLabels{{
     {WatchedApp::flock, "mTHFlock", u"Flock"},
     {WatchedApp::chrome, "mTHChrome", u"Chrome"},
     {WatchedApp::seamonkey, "mTHSeaMonkey", u"SeaMonkey"},
+    {WatchedApp::brave, "mTHBrave", u"Brave"},
+    {WatchedApp::vivaldi, "mTHVivaldi", u"Vivaldi"},
+    {WatchedApp::edge, "mTHEdge", u"Edge"},
+    {WatchedApp::currentOpera, "mTHCurrentOpera", u"Opera (current)"},
 }};
 constexpr int kColumns = 6;
 

@@ -3,8 +3,9 @@
 #include <QList>
 #include <QString>
 
-// The creator signatures of the applications a session-ending run asks to quit,
-// each with the application bundles that carry it.
+// The creator signatures (or bundle identifiers, for applications without one)
+// of the applications a session-ending run asks to quit, each with the
+// application bundles that carry it.
 namespace QuitList {
 
 struct Entry {

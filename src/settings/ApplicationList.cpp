@@ -7,15 +7,27 @@ namespace ApplicationList {
 const QStringList& allNames()
 {
     static const QStringList names{
-        u"Safari"_s,     u"Internet Explorer"_s,
-        u"Mozilla"_s,    u"Netscape"_s,
-        u"iCab"_s,       u"Omniweb"_s,
-        u"Opera"_s,      u"Camino"_s,
-        u"Firefox"_s,    u"Flock"_s,
-        u"Chrome"_s,     u"SeaMonkey 2"_s,
-        u"Apple Mail"_s, u"Eudora"_s,
-        u"Postbox"_s,    u"Thunderbird"_s,
+        u"Safari"_s,
+        u"Internet Explorer"_s,
+        u"Mozilla"_s,
+        u"Netscape"_s,
+        u"iCab"_s,
+        u"Omniweb"_s,
+        u"Opera"_s,
+        u"Camino"_s,
+        u"Firefox"_s,
+        u"Flock"_s,
+        u"Chrome"_s,
+        u"SeaMonkey 2"_s,
+        u"Apple Mail"_s,
+        u"Eudora"_s,
+        u"Postbox"_s,
+        u"Thunderbird"_s,
         u"Shiira"_s,
+        u"Brave"_s,
+        u"Vivaldi"_s,
+        u"Microsoft Edge"_s,
+        u"Opera (current versions)"_s,
     };
     return names;
 }

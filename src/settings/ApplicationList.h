@@ -6,8 +6,8 @@
 // The applications that can be enabled for erasing and for the watch.
 namespace ApplicationList {
 
-// The 17 application names in their fixed order; also the list used when the
-// user has never changed it.
+// The application names in their fixed order, the original 17 before today's
+// Chromium-based browsers; also the list used when the user has never changed it.
 const QStringList& allNames();
 
 // The name of allNames() that equals name ignoring case, or a null string.

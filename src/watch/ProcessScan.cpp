@@ -27,17 +27,34 @@ const std::array<WatchedPattern, kWatchedAppCount>& watchedPatterns()
         {"/SeaMonkey.app", WatchedApp::seamonkey, u"SeaMonkey 2"},
         {"/Flock.app", WatchedApp::flock, u"Flock"},
         {"/Google Chrome.app", WatchedApp::chrome, u"Chrome"},
+        {"/Brave Browser.app", WatchedApp::brave, u"Brave"},
+        {"/Vivaldi.app", WatchedApp::vivaldi, u"Vivaldi"},
+        {"/Microsoft Edge.app", WatchedApp::edge, u"Microsoft Edge"},
+        // Today's Opera.app is matched by the older Opera's pattern, which also
+        // passes over this application's profiles.
+        {nullptr, WatchedApp::currentOpera, u"Opera (current versions)"},
     }};
     return patterns;
 }
 
-const std::array<LinuxProgram, 4>& linuxPrograms()
+const std::array<LinuxProgram, 13>& linuxPrograms()
 {
-    static const std::array<LinuxProgram, 4> programs{{
+    static const std::array<LinuxProgram, 13> programs{{
         {"firefox", WatchedApp::firefox},
         {"firefox-esr", WatchedApp::firefox},
         {"firefox-bin", WatchedApp::firefox},
         {"thunderbird", WatchedApp::thunderbird},
+        // Google Chrome runs /opt/google/chrome/chrome; distributions' Chromium
+        // runs one of the other names.
+        {"chrome", WatchedApp::chrome},
+        {"chromium", WatchedApp::chrome},
+        {"chromium-browser", WatchedApp::chrome},
+        {"google-chrome", WatchedApp::chrome},
+        {"brave", WatchedApp::brave},
+        {"vivaldi-bin", WatchedApp::vivaldi},
+        {"msedge", WatchedApp::edge},
+        {"opera", WatchedApp::currentOpera},
+        {"opera-beta", WatchedApp::currentOpera},
     }};
     return programs;
 }
@@ -70,7 +87,7 @@ int matchApplication(const QByteArray& line)
         return -1;
     const auto& patterns = watchedPatterns();
     for (std::size_t i = 0; i < patterns.size(); ++i) {
-        if (line.contains(patterns[i].pattern))
+        if (patterns[i].pattern && line.contains(patterns[i].pattern))
             return int(i);
     }
     const qsizetype space = line.indexOf(' ');

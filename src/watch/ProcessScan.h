@@ -13,7 +13,9 @@
 namespace ProcessScan {
 
 struct WatchedPattern {
-    const char* pattern; // a substring of the command line
+    // A substring of the command line; null for an application that only its
+    // Linux program names.
+    const char* pattern;
     WatchedApp flag;
     const char16_t* enabledName; // as the enabled-application list names it
 };
@@ -26,7 +28,7 @@ struct LinuxProgram {
     const char* name;
     WatchedApp flag;
 };
-const std::array<LinuxProgram, 4>& linuxPrograms();
+const std::array<LinuxProgram, 13>& linuxPrograms();
 
 // The lines after the header, each cut at 2,046 bytes and without its last
 // character, exactly as reading the listing through a fixed buffer gives them.

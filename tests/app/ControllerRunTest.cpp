@@ -107,25 +107,37 @@ TEST_F(ControllerRunTest, TheConfirmationNamesTheCategoriesAndCancelReturnsToIdl
 TEST_F(ControllerRunTest, EachRunningApplicationHasItsOwnCleanersPassedOverAndAllButThunderbirdThePlugins)
 {
     // The groups passed over while the application alone runs; Mozilla and SeaMonkey count for each other.
-    const QHash<QByteArray, QStringList> passedOver{
-        {"/Safari.app", {u"Safari"_s}},       {"/Internet Explorer.app", {u"Internet Explorer"_s}},
-        {"/iCab.app", {u"iCab"_s}},           {"/Mozilla.app", {u"Mozilla"_s, u"SeaMonkey"_s}},
-        {"/Netscape.app", {u"Mozilla"_s}},    {"/SeaMonkey.app", {u"Mozilla"_s, u"SeaMonkey"_s}},
-        {"/Opera.app", {u"Opera"_s}},         {"/OmniWeb.app", {u"OmniWeb"_s}},
-        {"/Mail.app", {u"Mail"_s}},           {"/Eudora.app", {u"Eudora"_s}},
-        {"/Postbox.app", {u"Postbox"_s}},     {"/Camino.app", {u"Camino"_s}},
-        {"/Firefox.app", {u"Firefox"_s}},     {"/Thunderbird.app", {u"Thunderbird"_s}},
-        {"/Shiira.app", {u"Shiira"_s}},       {"/Flock.app", {u"Flock"_s}},
-        {"/Google Chrome.app", {u"Chrome"_s}}};
+    const QHash<QByteArray, QStringList> passedOver{{"/Safari.app", {u"Safari"_s}},
+                                                    {"/Internet Explorer.app", {u"Internet Explorer"_s}},
+                                                    {"/iCab.app", {u"iCab"_s}},
+                                                    {"/Mozilla.app", {u"Mozilla"_s, u"SeaMonkey"_s}},
+                                                    {"/Netscape.app", {u"Mozilla"_s}},
+                                                    {"/SeaMonkey.app", {u"Mozilla"_s, u"SeaMonkey"_s}},
+                                                    {"/Opera.app", {u"Opera"_s, u"Opera (current versions)"_s}},
+                                                    {"/OmniWeb.app", {u"OmniWeb"_s}},
+                                                    {"/Mail.app", {u"Mail"_s}},
+                                                    {"/Eudora.app", {u"Eudora"_s}},
+                                                    {"/Postbox.app", {u"Postbox"_s}},
+                                                    {"/Camino.app", {u"Camino"_s}},
+                                                    {"/Firefox.app", {u"Firefox"_s}},
+                                                    {"/Thunderbird.app", {u"Thunderbird"_s}},
+                                                    {"/Shiira.app", {u"Shiira"_s}},
+                                                    {"/Flock.app", {u"Flock"_s}},
+                                                    {"/Google Chrome.app", {u"Chrome"_s}},
+                                                    {"/Brave Browser.app", {u"Brave"_s}},
+                                                    {"/Vivaldi.app", {u"Vivaldi"_s}},
+                                                    {"/Microsoft Edge.app", {u"Microsoft Edge"_s}},
+                                                    {"/usr/bin/opera", {u"Opera (current versions)"_s}}};
     controller().applicationDidFinishLaunching();
     QList<QByteArray> all;
     for (const ProcessScan::WatchedPattern& application : ProcessScan::watchedPatterns()) {
-        commands.processes = {QByteArray("/Applications") + application.pattern + "/Contents/MacOS/x"};
+        const QByteArray pattern = application.pattern ? application.pattern : "/usr/bin/opera";
+        commands.processes = {application.pattern ? "/Applications" + pattern + "/Contents/MacOS/x" : pattern};
         all += commands.processes;
         ASSERT_TRUE(runAndWait([](Controller& c) { c.shred(); }));
-        EXPECT_EQ(controller().lastPlan().passedOver, passedOver.value(application.pattern)) << application.pattern;
-        EXPECT_EQ(logLines().contains(u"Plugin Cache"_s), application.flag == WatchedApp::thunderbird)
-            << application.pattern;
+        EXPECT_EQ(controller().lastPlan().passedOver, passedOver.value(pattern)) << pattern.constData();
+        const bool takesPlugins = application.flag == WatchedApp::thunderbird || application.flag >= WatchedApp::brave;
+        EXPECT_EQ(logLines().contains(u"Plugin Cache"_s), takesPlugins) << pattern.constData();
     }
 
     // With every one of them running only the custom processes are asked.

@@ -21,7 +21,8 @@ void checkApplicationMatch(const QByteArray& line)
     }
     // The first pattern the line contains, and only that one.
     for (int i = 0; i < int(patterns.size()); ++i) {
-        if (line.contains(patterns[std::size_t(i)].pattern)) {
+        const char* pattern = patterns[std::size_t(i)].pattern;
+        if (pattern && line.contains(pattern)) {
             FUZZ_CHECK(match == i);
             return;
         }

@@ -199,10 +199,12 @@ TEST_F(MainWindowTest, EveryStateReadsBySymbolNameAndContrastOnLightAndDarkPalet
     QStringList names;
     for (int i = 0; i < grid->count(); ++i)
         names.append(grid->itemAt(i)->widget()->objectName());
-    EXPECT_EQ(names, (QStringList{u"mTHSafari"_s, u"mTHExplorer"_s, u"mTHMozilla"_s, u"mTHNetscape"_s, u"mTHiCab"_s,
-                                  u"mTHOmniweb"_s, u"mTHOpera"_s, u"mTHMail"_s, u"mTHEudora"_s, u"mTHPostbox"_s,
-                                  u"mTHCamino"_s, u"mTHFirefox"_s, u"mTHThunderbird"_s, u"mTHShiira"_s, u"mTHFlock"_s,
-                                  u"mTHChrome"_s, u"mTHSeaMonkey"_s}));
+    EXPECT_EQ(names, (QStringList{u"mTHSafari"_s,      u"mTHExplorer"_s, u"mTHMozilla"_s, u"mTHNetscape"_s,
+                                  u"mTHiCab"_s,        u"mTHOmniweb"_s,  u"mTHOpera"_s,   u"mTHMail"_s,
+                                  u"mTHEudora"_s,      u"mTHPostbox"_s,  u"mTHCamino"_s,  u"mTHFirefox"_s,
+                                  u"mTHThunderbird"_s, u"mTHShiira"_s,   u"mTHFlock"_s,   u"mTHChrome"_s,
+                                  u"mTHSeaMonkey"_s,   u"mTHBrave"_s,    u"mTHVivaldi"_s, u"mTHEdge"_s,
+                                  u"mTHCurrentOpera"_s}));
 }
 
 // Started with the watch off, the window says so and greys every label.

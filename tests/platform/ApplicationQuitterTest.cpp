@@ -66,7 +66,8 @@ TEST(QuitList, FindsTheListedBundleAnExecutableRunsFrom)
     EXPECT_EQ(QuitList::signatureForExecutable(u"/usr/lib/firefox-esr/firefox-esr"_s), u"MOZB"_s);
     EXPECT_EQ(QuitList::signatureForExecutable(u"thunderbird"_s), u"MOZM"_s);
     EXPECT_TRUE(QuitList::signatureForExecutable(u"/usr/bin/firefox-esr-helper"_s).isNull());
-    EXPECT_EQ(QuitList::entries().size(), 14);
+    EXPECT_EQ(QuitList::signatureForExecutable(u"/usr/lib/chromium/chromium"_s), u"rimZ"_s);
+    EXPECT_EQ(QuitList::signatureForExecutable(u"/opt/brave.com/brave/brave"_s), u"com.brave.Browser"_s);
 }
 
 TEST(ProcApplicationQuitter, CountsAndStopsTheUsersListedApplications)

@@ -7,17 +7,18 @@ using namespace Qt::StringLiterals;
 TEST(ApplicationList, CoupledApplicationsChangeTogetherAndNamesMatchIgnoringCase)
 {
     QStringList list = ApplicationList::allNames();
+    const qsizetype all = list.size();
     ApplicationList::toggle(list, u"Safari"_s);
     EXPECT_FALSE(list.contains(u"Safari"_s));
     EXPECT_FALSE(list.contains(u"Shiira"_s));
-    EXPECT_EQ(list.size(), 15);
+    EXPECT_EQ(list.size(), all - 2);
 
     ApplicationList::toggle(list, u"Shiira"_s);
-    EXPECT_EQ(list.mid(15), (QStringList{u"Shiira"_s, u"Safari"_s}));
+    EXPECT_EQ(list.mid(all - 2), (QStringList{u"Shiira"_s, u"Safari"_s}));
 
     ApplicationList::toggle(list, u"Chrome"_s); // no partner
     EXPECT_FALSE(list.contains(u"Chrome"_s));
-    EXPECT_EQ(list.size(), 16);
+    EXPECT_EQ(list.size(), all - 1);
 
     // Adding beside a present partner duplicates it; removal takes every copy.
     list = {u"Mozilla"_s};

@@ -11,6 +11,7 @@ struct ChromiumProfile;
 // preference file's host lists. Writes the profile's "Shred: "/"Skip: " lines.
 void cleanChromiumProfile(CleanerContext& context, const ChromiumProfile& profile);
 
-// The user-data folder's Local State without its host lists; once per folder,
-// after its profiles.
+// The user-data folder's Local State without its host lists, and its store of
+// visited pages' metrics (segmentation_platform/ukm_db) under the history
+// setting; once per folder, after its profiles.
 void cleanChromiumLocalState(CleanerContext& context, const QString& userDataFolder);

@@ -1,7 +1,7 @@
 #include "cleaners/current/FirefoxStores.h"
 
 #include "cleaners/CleanerContext.h"
-#include "cleaners/SqliteRewrite.h"
+#include "cleaners/current/StoreRecipes.h"
 #include "settings/HTML5Manager.h"
 #include "settings/PreferenceKeys.h"
 
@@ -13,41 +13,9 @@
 #include <span>
 
 using namespace Qt::StringLiterals;
+using namespace StoreRecipes;
 
 namespace {
-
-// The settings a statement or kept query belongs to.
-enum class When { Always, History, NoHistory, Downloads, NoDownloads, Icons, NoIcons };
-
-struct Settings {
-    bool history = false;
-    bool downloads = false;
-    bool icons = false;
-
-    bool has(When when) const
-    {
-        switch (when) {
-        case When::Always:
-            return true;
-        case When::History:
-        case When::NoHistory:
-            return history == (when == When::History);
-        case When::Downloads:
-        case When::NoDownloads:
-            return downloads == (when == When::Downloads);
-        case When::Icons:
-        case When::NoIcons:
-            return icons == (when == When::Icons);
-        }
-        return false;
-    }
-};
-
-struct Row {
-    When when;
-    const char* sql;
-    bool optional = false; // a table or column older versions lack
-};
 
 // Pages go once no visit, bookmark, keyword, annotation or history record needs
 // them, as Firefox's own expiration lets orphaned pages go.
@@ -131,28 +99,6 @@ constexpr Row kWebStorageKept[]{{When::Always, "SELECT * FROM webappsstore2 WHER
 // The mailboxes whose messages the mail cleaners erase, as folder names begin.
 const QStringList kErasedMailboxes{u"Trash"_s, u"Deleted Messages"_s, u"Deleted Items"_s, u"Junk"_s, u"Spam"_s};
 
-SqliteRecipe recipe(const Settings& settings, std::span<const Row> deletes, std::span<const Row> kept)
-{
-    SqliteRecipe result;
-    for (const Row& row : deletes) {
-        if (settings.has(row.when))
-            result.deletes.append({QString::fromLatin1(row.sql), row.optional});
-    }
-    for (const Row& row : kept) {
-        if (settings.has(row.when))
-            result.keptQueries.append(QString::fromLatin1(row.sql));
-    }
-    return result;
-}
-
-// The keep list's substring rule, as the HTML5 storage cleaners apply it.
-SqliteRecipe::Function keptSite(const HTML5Manager* manager)
-{
-    return {u"kept_site"_s, [manager](const QString& name) {
-                return QVariant(manager && !name.isEmpty() && manager->keepThisDomain(name) ? 1 : 0);
-            }};
-}
-
 SqliteRecipe::Function reversed()
 {
     return {u"reversed"_s, [](const QString& text) { return QVariant(HTML5Manager::reverseString(text)); }};
@@ -176,33 +122,11 @@ SqliteRecipe::Function erasedMailbox()
             }};
 }
 
-// The store with the companions SQLite keeps beside it.
-void eraseWhole(CleanerContext& context, const QString& path)
-{
-    context.queue(path);
-    for (const QString& companion : {path + u"-wal"_s, path + u"-shm"_s, path + u"-journal"_s}) {
-        if (QFileInfo::exists(companion))
-            context.queue(companion);
-    }
-}
-
-void rewrite(CleanerContext& context, const QString& path, const SqliteRecipe& recipe)
-{
-    const SqliteRewrite::Result result = SqliteRewrite::run(context, path, recipe);
-    if (result.status == SqliteRewrite::Status::EraseWhole)
-        eraseWhole(context, path);
-    const QString line = SqliteRewrite::logLine(result, path);
-    if (!line.isEmpty())
-        context.log(line);
-}
-
 } // namespace
 
 void cleanFirefoxStores(CleanerContext& context, const QString& profileFolder)
 {
-    const Settings settings{context.setting(PreferenceKey::ShredHistory),
-                            context.setting(PreferenceKey::ShredIEDownloadCache),
-                            context.setting(PreferenceKey::shredSafariFavicon)};
+    const Settings settings = Settings::of(context);
     const HTML5Manager* html5 = context.models.html5;
     const QString places = profileFolder + u"/places.sqlite"_s;
 
