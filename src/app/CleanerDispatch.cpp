@@ -6,6 +6,7 @@
 #include "cleaners/MozillaCleaners.h"
 #include "cleaners/SafariCleaners.h"
 #include "cleaners/SimpleCleaners.h"
+#include "cleaners/current/CurrentChromium.h"
 #include "cleaners/current/CurrentFirefox.h"
 #include "cleaners/current/CurrentThunderbird.h"
 #include "core/ApplicationFlags.h"
@@ -30,6 +31,7 @@ struct Families {
         , mail(context, defaults)
         , currentFirefox(context, defaults)
         , currentThunderbird(context, defaults)
+        , currentChromium(context, defaults)
     {
     }
 
@@ -40,6 +42,7 @@ struct Families {
     MailCleaners mail;
     CurrentFirefox currentFirefox;
     CurrentThunderbird currentThunderbird;
+    CurrentChromium currentChromium;
 };
 
 using Cleaner = void (*)(Families&);
@@ -126,7 +129,8 @@ const QList<ApplicationRow>& applicationRows()
         {u"Chrome"_s,
          {chrome},
          {[](Families& f) { f.chrome.Chrome40(); }, [](Families& f) { f.chrome.Chrome50(); },
-          [](Families& f) { f.chrome.Chrome170(); }, [](Families& f) { f.chrome.Chrome300(); }}},
+          [](Families& f) { f.chrome.Chrome170(); }, [](Families& f) { f.chrome.Chrome300(); },
+          [](Families& f) { f.currentChromium.run(chrome); }}},
         {u"SeaMonkey"_s,
          {seamonkey},
          {[](Families& f) { f.mozilla.SeaMonkey20cache(); }, [](Families& f) { f.mozilla.SeaMonkey20(); },
@@ -135,11 +139,23 @@ const QList<ApplicationRow>& applicationRows()
                                                     u"~/Library/Application Support/SeaMonkey/Profiles"_s);
           }}},
         // Today's browsers keep no plug-ins: while they run the plug-in cache is still taken.
-        {.application = u"Brave"_s, .gate = {brave}, .cleaners = {}, .counted = false},
-        {.application = u"Vivaldi"_s, .gate = {vivaldi}, .cleaners = {}, .counted = false},
-        {.application = u"Microsoft Edge"_s, .gate = {edge}, .cleaners = {}, .counted = false},
+        {.application = u"Brave"_s,
+         .gate = {brave},
+         .cleaners = {[](Families& f) { f.currentChromium.run(brave); }},
+         .counted = false},
+        {.application = u"Vivaldi"_s,
+         .gate = {vivaldi},
+         .cleaners = {[](Families& f) { f.currentChromium.run(vivaldi); }},
+         .counted = false},
+        {.application = u"Microsoft Edge"_s,
+         .gate = {edge},
+         .cleaners = {[](Families& f) { f.currentChromium.run(edge); }},
+         .counted = false},
         // On macOS today's Opera.app is seen as the older Opera.
-        {.application = u"Opera (current versions)"_s, .gate = {opera, currentOpera}, .cleaners = {}, .counted = false},
+        {.application = u"Opera (current versions)"_s,
+         .gate = {opera, currentOpera},
+         .cleaners = {[](Families& f) { f.currentChromium.run(currentOpera); }},
+         .counted = false},
     };
     return rows;
 }
