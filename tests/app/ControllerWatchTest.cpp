@@ -49,7 +49,8 @@ TEST_F(ControllerWatchTest, AnEnabledApplicationThatQuitsStartsExactlyOneRunADis
     EXPECT_EQ(view.statusTexts.last(), u"No supported applications are running..."_s);
 }
 
-TEST_F(ControllerWatchTest, ProgramsAreWatchedByTheirFileNameNotTheirHelpersAndARefreshStartsNoRun)
+TEST_F(ControllerWatchTest,
+       ProgramsAreWatchedByTheirFileNameNotTheirHelpersAndARefreshStartsNoRunAndMozillaStandsForSeaMonkey)
 {
     controller().applicationDidFinishLaunching();
     commands.processes = {
@@ -79,11 +80,8 @@ TEST_F(ControllerWatchTest, ProgramsAreWatchedByTheirFileNameNotTheirHelpersAndA
     controller().HandleTarnholdTimer(false); // a refresh: never a run
     EXPECT_EQ(runsStarted(), 1);
     EXPECT_EQ(controller().isRunning()[WatchedApp::opera], 0);
-}
 
-TEST_F(ControllerWatchTest, MozillaAndSeaMonkeyCountForEachOtherOnlyWhenMozillaIsEnabled)
-{
-    controller().applicationDidFinishLaunching();
+    // Mozilla and SeaMonkey count for each other only while Mozilla is enabled.
     commands.processes = {"/Applications/SeaMonkey.app/Contents/MacOS/seamonkey"};
     poll();
     EXPECT_EQ(controller().isRunning()[WatchedApp::mozilla], 1);
