@@ -42,11 +42,9 @@ TEST_F(ControllerRunTest, ARunErasesWhatTheCleanersFoundAndLogsEveryStageInTheDi
     EXPECT_FALSE(controller().isRunInProgress());
 
     const QStringList log = logLines();
-    ASSERT_GE(log.size(), 8);
-    EXPECT_EQ(log[0], u"Vantle v%1 (%2) Initiated"_s.arg(QStringLiteral(VANTLE_TEST_VERSION), u"1"_s));
-    EXPECT_EQ(log[1], QString());
-    EXPECT_EQ(log[2], u"User selected YES in Confirm dialog"_s);
-    EXPECT_EQ(log[3], QString());
+    EXPECT_EQ(log.mid(0, 4),
+              (QStringList{u"Vantle v%1 (%2) Initiated"_s.arg(QStringLiteral(VANTLE_TEST_VERSION), u"1"_s), QString(),
+                           u"User selected YES in Confirm dialog"_s, QString()}));
     EXPECT_TRUE(log.contains(u"Shred: ~/Library/Caches/Safari"_s));
     const qsizetype start = log.indexOf(u"Start Shredding Now"_s);
     ASSERT_GT(start, 0);
