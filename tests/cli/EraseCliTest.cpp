@@ -1,4 +1,5 @@
 #include "cli/CliFixture.h"
+#include "cli/RunAccounting.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -8,19 +9,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-class EraseCliTest : public CliFixture {
-protected:
-    QStringList homeListing() const
-    {
-        QStringList names = QDir(home.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
-        names.removeAll(u".config"_s);
-        return names;
-    }
-};
-
-} // namespace
+using EraseCliTest = CliFixture;
 
 TEST_F(EraseCliTest, ErasesWhatItIsGivenAsTheLinksOnItsWayLeadAndWarnsAboutWhatIsMissing)
 {
@@ -70,7 +59,7 @@ TEST_F(EraseCliTest, RefusesTheRootTheHomeAndWhatHoldsItWithoutTouchingAnything)
 {
     home.write(u"Library/Caches/x"_s, "x");
     ASSERT_TRUE(QFile::link(home.path(), home.file(u"Library/Caches/link to home"_s)));
-    const QStringList before = homeListing();
+    const HomeSnapshot before(home.path(), {});
 
     for (const QString& target : {u"/"_s, home.path(), home.path() + u"/"_s, home.file(u"Library/.."_s),
                                   QFileInfo(home.path()).absolutePath(), home.file(u"Library/Caches/link to home"_s)}) {
@@ -78,8 +67,8 @@ TEST_F(EraseCliTest, RefusesTheRootTheHomeAndWhatHoldsItWithoutTouchingAnything)
         EXPECT_EQ(run.exitCode, 2) << qPrintable(target);
         EXPECT_EQ(run.err.count(u'\n'), 2) << qPrintable(run.err);
     }
-    EXPECT_EQ(homeListing(), before);
-    EXPECT_EQ(home.read(u"Library/Caches/x"_s), "x");
+    EXPECT_EQ(before.goneOutside({}), QStringList());
+    EXPECT_EQ(before.changedOutside({}, {u".config/"_s}), QStringList());
 }
 
 TEST_F(EraseCliTest, UsesTheStoredSettingsAndTimesTheOverwritingOnlyWhenAsked)
