@@ -20,6 +20,8 @@ protected:
     {
         QDir().mkpath(profile);
         context.models.html5 = html5 = &HTML5Manager::createSharedInstance();
+        html5->addDomain();
+        html5->setDomain(0, u"kept.example"_s);
     }
 
     // A store made from the browser's schema in write-ahead-log mode, with an
@@ -58,12 +60,6 @@ protected:
                 found.append(QFileInfo(file).fileName());
         }
         return found;
-    }
-
-    void keep(const QString& domain)
-    {
-        html5->addDomain();
-        html5->setDomain(int(html5->domains().size()) - 1, domain);
     }
 
     const QString profile;
@@ -172,7 +168,6 @@ TEST_F(FirefoxStoresTest, FaviconsLoseTheIconsOfPagesThatAreGone)
 TEST_F(FirefoxStoresTest, CookiesKeepOnlyKeptSitesOrGoWhole)
 {
     setKey(PreferenceKey::ShredCookies, true);
-    keep(u"kept.example"_s);
     const QString cookies = makeStore(
         u"cookies.sqlite"_s, u"firefox153-cookies.sql"_s,
         u"INSERT INTO moz_cookies (id, name, value, host, path) VALUES (1, 'a', 'kept', '.kept.example', '/'),"
@@ -199,7 +194,6 @@ TEST_F(FirefoxStoresTest, CookiesKeepOnlyKeptSitesOrGoWhole)
 TEST_F(FirefoxStoresTest, WebStorageKeepsOnlyKeptSitesRows)
 {
     html5->setEnabled();
-    keep(u"kept.example"_s);
     const QString store =
         makeStore(u"webappsstore.sqlite"_s, u"firefox153-webappsstore.sql"_s,
                   u"INSERT INTO webappsstore2 VALUES ('', 'elpmaxe.tpek.:https:443', '', 'k', 'kept'),"
