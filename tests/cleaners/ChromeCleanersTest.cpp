@@ -149,22 +149,13 @@ TEST_F(ChromeCleanersTest, OldSettingsAnInterruptedEditLeftAreErasedNotUnlinked)
                              [](const QString& path) { return path.contains(u"Vantle X Items"_s); }));
 }
 
-TEST_F(ChromeCleanersTest, ChromeThirtyAndTheGate)
+TEST_F(ChromeCleanersTest, ChromeThirtyTakesTheCachesAndTheWindowState)
 {
     setAllKeys(true);
     EXPECT_EQ(run([&] { cleaners.Chrome300(); }),
               (QStringList{u"Chrome 30.0"_s, u"Shred: "_s + home.file(u"Library/Caches/Google/Chrome"_s),
                            u"Shred: "_s + home.file(u"Library/Saved Application State/com.google.Chrome.savedState"_s),
                            u""_s}));
-    queue.takePaths();
-    disable(u"Chrome"_s);
-    EXPECT_EQ(run([&] {
-                  cleaners.Chrome40();
-                  cleaners.Chrome50();
-              }),
-              (QStringList{u"Chrome 4"_s, u"Not enabled - check preferences to enable."_s, u""_s, u"Chrome 5.0"_s,
-                           u"Not enabled - check preferences to enable."_s, u""_s}));
-    EXPECT_TRUE(paths.isEmpty());
 }
 
 TEST_F(ChromeCleanersTest, FlockUserDataFolder)

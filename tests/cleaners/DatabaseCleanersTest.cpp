@@ -104,10 +104,6 @@ TEST_F(DatabaseCleanersTest, FirefoxProfilesRebuildPlacesAndWebStorage)
     EXPECT_EQ(
         run([&] { mozilla.Firefox30Flock25SeaMonkey20(u"Flock"_s, u"~/"_s + kProfiles); }),
         (QStringList{u"Firefox 3.0-12.0, Flock 2.5, and SeaMonkey 1.0"_s, u"No profiles selected."_s, QString()}));
-    disable(u"SeaMonkey 2"_s);
-    EXPECT_EQ(run([&] { mozilla.Firefox30Flock25SeaMonkey20(u"SeaMonkey 2"_s, u"~/"_s + kProfiles); }),
-              (QStringList{u"Firefox 3.0-12.0, Flock 2.5, and SeaMonkey 1.0"_s,
-                           u"Not enabled - check preferences to enable."_s, QString()}));
 }
 
 TEST_F(DatabaseCleanersTest, CaminoTwoOneRebuildsPlacesAndTakesTheJournal)

@@ -36,28 +36,6 @@ protected:
 
 } // namespace
 
-TEST_F(MailCleanersTest, ADisabledClientQueuesNothingWhateverTheKeys)
-{
-    makeAccounts();
-    makeFolder(u"Library/Thunderbird/Profiles/a1.default"_s);
-    select(u"Library/Thunderbird/Profiles"_s, {u"a1.default"_s});
-    setAllKeys(true);
-    for (const QString& name : {u"Apple Mail"_s, u"Postbox"_s, u"Thunderbird"_s})
-        disable(name);
-    const QString notEnabled = u"Not enabled - check preferences to enable."_s;
-    EXPECT_EQ(
-        run([&] {
-            cleaners.AppleMail12();
-            cleaners.AppleMail20to50();
-            cleaners.Postbox21();
-            cleaners.Thunderbird15();
-        }),
-        (QStringList{u"Apple Mail 1.2 (Jaguar)"_s, notEnabled, u""_s, u"Apple Mail 2.x - 5.x"_s, u""_s, notEnabled,
-                     u""_s, u"Postbox 2"_s, notEnabled, u""_s, u"Thunderbird 1.5"_s, notEnabled, u""_s}));
-    EXPECT_TRUE(paths.isEmpty());
-    EXPECT_TRUE(touches.isEmpty());
-}
-
 TEST_F(MailCleanersTest, AppleMailOneTwoTakesTheTrashAndJunkOfEveryAccountByTheirOwnKeys)
 {
     makeAccounts();
