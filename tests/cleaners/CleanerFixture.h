@@ -144,13 +144,6 @@ protected:
     {
         return path.startsWith(QLatin1String("~/")) ? home.path() + path.mid(1) : path;
     }
-    QStringList expanded(const QStringList& tildePaths) const
-    {
-        QStringList full;
-        for (const QString& path : tildePaths)
-            full.append(expanded(path));
-        return full;
-    }
 
     TempHome home;
     FakeLoginItem loginItem;

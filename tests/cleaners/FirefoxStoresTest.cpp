@@ -165,46 +165,38 @@ TEST_F(FirefoxStoresTest, FaviconsLoseTheIconsOfPagesThatAreGone)
                                 cleaner);
 }
 
-TEST_F(FirefoxStoresTest, CookiesKeepOnlyKeptSitesOrGoWhole)
+TEST_F(FirefoxStoresTest, CookiesAndWebStorageKeepOnlyKeptSitesOrGoWhole)
 {
     setKey(PreferenceKey::ShredCookies, true);
+    html5->setEnabled();
     const QString cookies = makeStore(
         u"cookies.sqlite"_s, u"firefox153-cookies.sql"_s,
         u"INSERT INTO moz_cookies (id, name, value, host, path) VALUES (1, 'a', 'kept', '.kept.example', '/'),"
         " (2, 'b', 'gone', '.visited.example', '/'), (3, 'c', 'kept', 'www.kept.example', '/'),"
         " (4, 'd', 'gone', NULL, '/');"_s);
-
-    expectDryRunChangesNothing(profile, u"Shred: "_s + cookies, cleaner);
-    EXPECT_EQ(clean(), QStringList{u"Shred: "_s + cookies});
-
-    EXPECT_EQ(rows(cookies, u"SELECT id FROM moz_cookies ORDER BY id"_s), QStringList({u"1"_s, u"3"_s}));
-    EXPECT_EQ(rows(cookies, u"PRAGMA integrity_check"_s), QStringList{u"ok"_s});
-    EXPECT_EQ(holding("visited.example"), QStringList());
-    expectUnknownShapeLeftAlone(cookies, u"ALTER TABLE moz_cookies RENAME COLUMN host TO site"_s, cleaner);
-
-    // With no kept site's cookie in it, the file goes whole, as it is.
-    TestDatabase(cookies).exec(u"ALTER TABLE moz_cookies RENAME COLUMN site TO host"_s);
-    html5->deleteDomain(0);
-    const QByteArray before = home.read(cookies);
-    EXPECT_EQ(clean(), QStringList{u"Shred: "_s + cookies});
-    EXPECT_EQ(paths.last(), cookies);
-    EXPECT_EQ(home.read(cookies), before);
-}
-
-TEST_F(FirefoxStoresTest, WebStorageKeepsOnlyKeptSitesRows)
-{
-    html5->setEnabled();
     const QString store =
         makeStore(u"webappsstore.sqlite"_s, u"firefox153-webappsstore.sql"_s,
                   u"INSERT INTO webappsstore2 VALUES ('', 'elpmaxe.tpek.:https:443', '', 'k', 'kept'),"
                   " ('', 'elpmaxe.detisiv.:https:443', '', 'k', 'gone');"_s);
 
     expectDryRunChangesNothing(profile, u"Shred: "_s + store, cleaner);
-    EXPECT_EQ(clean(), QStringList{u"Shred: "_s + store});
+    EXPECT_EQ(clean(), QStringList({u"Shred: "_s + cookies, u"Shred: "_s + store}));
 
+    EXPECT_EQ(rows(cookies, u"SELECT id FROM moz_cookies ORDER BY id"_s), QStringList({u"1"_s, u"3"_s}));
+    EXPECT_EQ(rows(cookies, u"PRAGMA integrity_check"_s), QStringList{u"ok"_s});
     EXPECT_EQ(rows(store, u"SELECT value FROM webappsstore2"_s), QStringList{u"kept"_s});
-    EXPECT_EQ(holding("elpmaxe.detisiv"), QStringList());
+    EXPECT_EQ(holding("visited.example") + holding("elpmaxe.detisiv"), QStringList());
     expectUnknownShapeLeftAlone(store, u"ALTER TABLE webappsstore2 RENAME COLUMN originKey TO origin"_s, cleaner);
+    expectUnknownShapeLeftAlone(cookies, u"ALTER TABLE moz_cookies RENAME COLUMN host TO site"_s, cleaner);
+
+    // With no kept site's cookie in it, the file goes whole, as it is.
+    TestDatabase(cookies).exec(u"ALTER TABLE moz_cookies RENAME COLUMN site TO host"_s);
+    html5->deleteDomain(0);
+    html5->setEnabled();
+    const QByteArray before = home.read(cookies);
+    EXPECT_EQ(clean(), QStringList({u"Shred: "_s + cookies, u"Skip: "_s + store}));
+    EXPECT_EQ(paths.last(), cookies);
+    EXPECT_EQ(home.read(cookies), before);
 }
 
 TEST_F(FirefoxStoresTest, ThunderbirdIndexGoesWholeOnlyWhenItHoldsAnErasedMessage)

@@ -68,7 +68,7 @@ TEST_F(MailCleanersTest, AppleMailOneTwoTakesTheTrashAndJunkOfEveryAccountByThei
                                   imap + u"/Spam.imapmbox"_s, imap + u"/Trash"_s, imap + u"/[Gmail]/Trash.imapmbox"_s};
     EXPECT_EQ(sorted(v2), sorted(imapFolders));
 
-    EXPECT_EQ(sorted(paths), sorted(expanded({u"~/Library/Caches/Mail"_s, u"~/Library/Mail/Mailboxes/Junk.mbox"_s}) +
+    EXPECT_EQ(sorted(paths), sorted(QStringList{home.file(u"Library/Caches/Mail"_s), mail + u"/Mailboxes/Junk.mbox"_s} +
                                     oldPop + popLines + imapFolders));
 
     // Everything off: the same lines as skips, but a POP account's junk mailbox is named without "Skip: ".
