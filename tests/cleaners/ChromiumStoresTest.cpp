@@ -34,11 +34,7 @@ protected:
             "INSERT INTO visits (id, url, visit_time) VALUES (1, 1, 5), (2, 2, 5);"
             "INSERT INTO keyword_search_terms VALUES (1, 2, 'gone terms', 'gone terms');"
             "INSERT INTO segments VALUES (1, 'gone.example/', 2);"
-            "INSERT INTO downloads (id, guid, current_path, target_path, start_time, received_bytes,"
-            " total_bytes, state, danger_type, interrupt_reason, hash, end_time, opened, last_access_time,"
-            " transient, referrer, site_url, embedder_download_data, tab_url, tab_referrer_url,"
-            " http_method, by_ext_id, by_ext_name, by_web_app_id, etag, last_modified, mime_type,"
-            " original_mime_type) VALUES (1, 'g', '/tmp/f', '/tmp/f', 5, 1, 1, 1, 0, 0, x'', 5, 0, 5, 0,"
+            "INSERT INTO downloads VALUES (1, 'g', '/tmp/f', '/tmp/f', 5, 1, 1, 1, 0, 0, x'', 5, 0, 5, 0,"
             " 'https://download.example/', '', '', '', '', '', '', '', '', '', '', '', '');"
             "INSERT INTO downloads_url_chains VALUES (1, 0, 'https://download.example/file.zip');"_s);
         makeDatabase(kDefault + u"/Favicons"_s, u"chromium156-Favicons.sql"_s,
@@ -75,10 +71,9 @@ protected:
 
     static QString cookieRows(const QString& host)
     {
-        return u"INSERT INTO cookies (creation_utc, host_key, top_frame_site_key, name, value, encrypted_value, path,"
-               " expires_utc, is_secure, is_httponly, last_access_utc, has_expires, is_persistent, priority, samesite,"
-               " source_scheme, source_port, last_update_utc, source_type, has_cross_site_ancestor) VALUES"
-               " (1, '.%1', '', 'c', '', x'76313000', '/', 0, 1, 0, 0, 0, 1, 1, 0, 2, 443, 0, 0, 0);"_s.arg(host);
+        return u"INSERT INTO cookies VALUES (1, '.%1', '', 'c', '', x'76313000', '/', 0, 1, 0, 0, 0, 1, 1, 0, 2, 443, "
+               u"0,"
+               " 0, 0);"_s.arg(host);
     }
 
     QString profile() const { return home.file(kDefault); }

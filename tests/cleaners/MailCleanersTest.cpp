@@ -104,16 +104,9 @@ TEST_F(MailCleanersTest, PostboxAndThunderbirdCleanTheSelectedProfilesLocalFolde
     setAllKeys(true);
 
     const QString local = home.file(postbox + u"/a1.default/Mail/Local Folders"_s);
-    const QStringList shredded{u"Postbox 2"_s,
-                               home.file(postbox + u"/a1.default"_s),
-                               u"Shred:"_s,
-                               local + u"/Trash"_s,
-                               local + u"/Trash.msf"_s,
-                               u"Shred:"_s,
-                               local + u"/Junk"_s,
-                               local + u"/Junk.msf"_s,
-                               local + u"/junklog.html"_s,
-                               u""_s};
+    const QStringList shredded({u"Postbox 2"_s, home.file(postbox + u"/a1.default"_s), u"Shred:"_s, local + u"/Trash"_s,
+                                local + u"/Trash.msf"_s, u"Shred:"_s, local + u"/Junk"_s, local + u"/Junk.msf"_s,
+                                local + u"/junklog.html"_s, u""_s});
     EXPECT_EQ(run([&] { cleaners.Postbox21(); }), shredded);
     EXPECT_EQ(paths, (QStringList{local + u"/Trash"_s, local + u"/Trash.msf"_s, local + u"/Junk"_s,
                                   local + u"/Junk.msf"_s, local + u"/junklog.html"_s}));
