@@ -77,6 +77,7 @@ TEST_F(UserDefaultsTest, EveryTypeReadsBackIdenticallyAfterARestartAndAsOtherTyp
     EXPECT_EQ(stored.value(u"Flag"_s).typeId(), QMetaType::Bool);
     EXPECT_EQ(stored.value(u"Count"_s), qint64(16));
     EXPECT_EQ(stored.value(u"Empty"_s).typeId(), QMetaType::QVariantList);
+    EXPECT_EQ(stored.value(u"Dict"_s).toMap(), dictionary);
 
     const UserDefaults reopened(path);
     EXPECT_TRUE(reopened.boolForKey(u"Flag"_s));
