@@ -126,10 +126,9 @@ TEST_F(ChromiumStoresTest, HistoryDownloadsAndIconsGoBySetting)
         EXPECT_EQ(rows(u"History"_s, u"SELECT id FROM urls ORDER BY id"_s), c.urls);
         EXPECT_EQ(rows(u"History"_s, u"SELECT id FROM downloads UNION ALL SELECT id FROM downloads_url_chains"_s),
                   c.downloadIds + c.downloadIds);
-        EXPECT_EQ(rows(u"History"_s, u"SELECT count(*) FROM visits"_s), QStringList{c.history ? u"0"_s : u"2"_s});
-        EXPECT_EQ(rows(u"History"_s, u"SELECT (SELECT count(*) FROM keyword_search_terms) + (SELECT count(*) FROM"
-                                     " segments)"_s),
-                  QStringList{c.history ? u"0"_s : u"2"_s});
+        EXPECT_EQ(rows(u"History"_s, u"SELECT (SELECT count(*) FROM visits) + (SELECT count(*) FROM"
+                                     " keyword_search_terms) + (SELECT count(*) FROM segments)"_s),
+                  QStringList{c.history ? u"0"_s : u"4"_s});
         EXPECT_EQ(rows(u"Favicons"_s, u"SELECT id FROM icon_mapping ORDER BY id"_s), c.mappings);
         EXPECT_EQ(rows(u"Favicons"_s, u"SELECT id FROM favicons ORDER BY id"_s), c.icons_);
         EXPECT_EQ(rows(u"Favicons"_s, u"SELECT icon_id FROM favicon_bitmaps ORDER BY id"_s), c.icons_);
