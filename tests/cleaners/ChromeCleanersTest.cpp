@@ -7,8 +7,6 @@
 
 #include <unistd.h>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -57,20 +55,29 @@ TEST_F(ChromeCleanersTest, ChromeFourTakesHistoryEntriesWholeWithoutDescending)
     EXPECT_TRUE(paths.isEmpty());
 }
 
-TEST_F(ChromeCleanersTest, ChromeFiveEditsLocalStateAndSaysSoInItsOwnWords)
+TEST_F(ChromeCleanersTest, ChromeFiveEditsLocalStateSaysSoInItsOwnWordsAndErasesTheOldCopyALastEditLeft)
 {
     const QString localState = u"Library/Application Support/Google/Chrome/Local State"_s;
     home.write(localState, R"({"StartupDNSPrefetchList":["a.example"],"browser":{}})");
+    // Left by a run killed after the new settings were written, before the erase:
+    // the old ones, host list and all, wait under the old-copy name.
+    home.write(localState + u".vantlex"_s, R"({"StartupDNSPrefetchList":["old.example"]})");
     setAllKeys(true);
     EXPECT_EQ(run([&] { cleaners.Chrome50(); }),
               (QStringList{u"Chrome 5.0"_s, u"Shred: "_s + profile(u"Extension Cookies"_s),
+                           u"Shred (left by an interrupted run): "_s + home.file(localState + u".vantlex"_s),
                            u"Shred: ~/Library/Application Support/Google/Chrome/Local State"_s,
                            u"Shred: ~/Library/Application Support/Google/Chrome/Default/Visited Links"_s,
                            // Without the keep-list model the storage is left alone.
                            u"Could not get HTML5Manager sharedInstance.  HTML5 shredding skipped."_s, u""_s}));
     EXPECT_EQ(home.read(localState), R"({"browser":{}})");
-    EXPECT_EQ(paths, (QStringList{profile(u"Extension Cookies"_s), home.file(localState + u".vantlex"_s),
-                                  profile(u"Visited Links"_s)}));
+    // The old copy is set aside beside it and erased, so that the new one can take its name.
+    ASSERT_EQ(paths.size(), 4);
+    EXPECT_EQ(paths.mid(2), (QStringList{home.file(localState + u".vantlex"_s), profile(u"Visited Links"_s)}));
+    const QFileInfo holding(paths[1]);
+    EXPECT_TRUE(holding.fileName().startsWith(u"Vantle X Items ("_s)) << qPrintable(paths[1]);
+    EXPECT_EQ(holding.absolutePath(), QFileInfo(home.file(localState)).absolutePath());
+    EXPECT_EQ(home.read(paths[1] + u"/Local State.vantlex"_s), R"({"StartupDNSPrefetchList":["old.example"]})");
 
     // A damaged file gets the plain skip line and stays as it is. The old copy the
     // last edit left (never erased here) is erased first, and said so.
@@ -102,12 +109,18 @@ TEST_F(ChromeCleanersTest, ChromeSeventeenNeedsTheKeyAndKeepsTopSitesWhenAsked)
                      u"Skip: "_s + profile(u"Top Sites"_s), u"Skip: "_s + profile(u"Top Sites-journal"_s), u""_s}));
     EXPECT_EQ(home.read(kProfile + u"Preferences"_s), R"({"homepage":"x"})");
 
+    // Killed between the two steps of an edit: the old copy is a second name of
+    // the settings themselves, which are edited as usual.
     queue.takePaths();
     home.write(kProfile + u"Preferences"_s, kPreferences);
+    ASSERT_EQ(::link(QFile::encodeName(profile(u"Preferences"_s)).constData(),
+                     QFile::encodeName(profile(u"Preferences.vantlex"_s)).constData()),
+              0);
     setKey(PreferenceKey::KeepSafariTopSites, false);
     const QStringList lines = run([&] { cleaners.Chrome170(); });
     EXPECT_EQ(lines[5], u"Shred: "_s + profile(u"Preferences"_s));
     EXPECT_EQ(home.read(kProfile + u"Preferences"_s), R"({"homepage":"x"})");
+    EXPECT_EQ(home.read(kProfile + u"Preferences.vantlex"_s), kPreferences);
     EXPECT_EQ(paths.mid(4), (QStringList{profile(u"Preferences.vantlex"_s), profile(u"Top Sites"_s),
                                          profile(u"Top Sites-journal"_s)}));
 
@@ -116,55 +129,13 @@ TEST_F(ChromeCleanersTest, ChromeSeventeenNeedsTheKeyAndKeepsTopSitesWhenAsked)
     EXPECT_EQ(run([&] { cleaners.Chrome170(); }).size(), 8);
 }
 
-TEST_F(ChromeCleanersTest, OldSettingsAnInterruptedEditLeftAreErasedNotUnlinked)
-{
-    setAllKeys(true);
-    // Killed after the new settings were written, before the erase: the old ones,
-    // host list and all, wait under the old-copy name.
-    const QString localState = u"Library/Application Support/Google/Chrome/Local State"_s;
-    home.write(localState, R"({"StartupDNSPrefetchList":["new.example"]})");
-    home.write(localState + u".vantlex"_s, R"({"StartupDNSPrefetchList":["old.example"]})");
-    run([&] { cleaners.Chrome50(); });
-
-    ASSERT_EQ(paths.size(), 4);
-    const QFileInfo holding(paths[1]);
-    EXPECT_TRUE(holding.fileName().startsWith(u"Vantle X Items ("_s)) << qPrintable(paths[1]);
-    EXPECT_EQ(holding.absolutePath(), QFileInfo(home.file(localState)).absolutePath());
-    EXPECT_EQ(home.read(QDir(home.path()).relativeFilePath(paths[1]) + u"/Local State.vantlex"_s),
-              R"({"StartupDNSPrefetchList":["old.example"]})");
-    EXPECT_EQ(paths[2], home.file(localState + u".vantlex"_s));
-    EXPECT_EQ(home.read(localState + u".vantlex"_s), R"({"StartupDNSPrefetchList":["new.example"]})");
-
-    // Killed between the two steps of the edit: the old copy is a second name of
-    // the settings themselves, which are edited as usual.
-    queue.takePaths();
-    home.write(kProfile + u"Preferences"_s, kPreferences);
-    ASSERT_EQ(::link(QFile::encodeName(profile(u"Preferences"_s)).constData(),
-                     QFile::encodeName(profile(u"Preferences.vantlex"_s)).constData()),
-              0);
-    run([&] { cleaners.Chrome170(); });
-    EXPECT_EQ(home.read(kProfile + u"Preferences"_s), R"({"homepage":"x"})");
-    EXPECT_EQ(home.read(kProfile + u"Preferences.vantlex"_s), kPreferences);
-    EXPECT_FALSE(std::any_of(paths.cbegin(), paths.cend(),
-                             [](const QString& path) { return path.contains(u"Vantle X Items"_s); }));
-}
-
-TEST_F(ChromeCleanersTest, ChromeThirtyAndTheGate)
+TEST_F(ChromeCleanersTest, ChromeThirtyTakesTheCachesAndTheWindowState)
 {
     setAllKeys(true);
     EXPECT_EQ(run([&] { cleaners.Chrome300(); }),
               (QStringList{u"Chrome 30.0"_s, u"Shred: "_s + home.file(u"Library/Caches/Google/Chrome"_s),
                            u"Shred: "_s + home.file(u"Library/Saved Application State/com.google.Chrome.savedState"_s),
                            u""_s}));
-    queue.takePaths();
-    disable(u"Chrome"_s);
-    EXPECT_EQ(run([&] {
-                  cleaners.Chrome40();
-                  cleaners.Chrome50();
-              }),
-              (QStringList{u"Chrome 4"_s, u"Not enabled - check preferences to enable."_s, u""_s, u"Chrome 5.0"_s,
-                           u"Not enabled - check preferences to enable."_s, u""_s}));
-    EXPECT_TRUE(paths.isEmpty());
 }
 
 TEST_F(ChromeCleanersTest, FlockUserDataFolder)

@@ -15,11 +15,14 @@
 #include "support/TestDatabase.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QStringList>
 
 #include <gtest/gtest.h>
+
+#include <functional>
 
 // A run's state over a temporary home: settings, path lists, flags and an
 // activity log whose lines (without their time stamps) each test can read back.
@@ -100,17 +103,46 @@ protected:
         return log.open(QIODevice::ReadOnly) ? logLinesOf(log.readAll()) : QStringList();
     }
 
+    using Clean = std::function<void(CleanerContext&)>;
+
+    // Every file below folder, with its bytes.
+    QMap<QString, QByteArray> filesBelow(const QString& folder) const
+    {
+        QMap<QString, QByteArray> files;
+        QDirIterator it(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            const QString file = it.next();
+            files.insert(file, home.read(file));
+        }
+        return files;
+    }
+
+    // A dry run of a rewrite says line and changes not a byte below folder.
+    void expectDryRunChangesNothing(const QString& folder, const QString& line, const Clean& clean)
+    {
+        const QMap<QString, QByteArray> before = filesBelow(folder);
+        EraseQueue dryQueue(preferences, true);
+        CleanerContext dry(dryQueue, isRunning, customStatus, preferences, true, context.models);
+        EXPECT_TRUE(run([&] { clean(dry); }).contains(line)) << qPrintable(line);
+        EXPECT_EQ(filesBelow(folder), before);
+    }
+
+    // A store that change gives a shape this version does not know is refused
+    // by the rewrite and left byte for byte.
+    void expectUnknownShapeLeftAlone(const QString& store, const QString& change, const Clean& clean)
+    {
+        TestDatabase(store).exec(change);
+        const QByteArray before = home.read(store);
+        const QString refusal =
+            QFileInfo(store).fileName() + QStringLiteral(" lacks the tables or columns this version needs (");
+        EXPECT_EQ(run([&] { clean(context); }).filter(refusal).size(), 1) << qPrintable(store);
+        EXPECT_EQ(home.read(store), before);
+    }
+
     // A path written with "~" below the home; any other as it stands.
     QString expanded(const QString& path) const
     {
         return path.startsWith(QLatin1String("~/")) ? home.path() + path.mid(1) : path;
-    }
-    QStringList expanded(const QStringList& tildePaths) const
-    {
-        QStringList full;
-        for (const QString& path : tildePaths)
-            full.append(expanded(path));
-        return full;
     }
 
     TempHome home;

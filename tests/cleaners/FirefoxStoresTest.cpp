@@ -5,7 +5,6 @@
 #include "support/TestDatabase.h"
 
 #include <QDir>
-#include <QDirIterator>
 #include <QFileInfo>
 
 #include <sqlite3.h>
@@ -21,6 +20,8 @@ protected:
     {
         QDir().mkpath(profile);
         context.models.html5 = html5 = &HTML5Manager::createSharedInstance();
+        html5->addDomain();
+        html5->setDomain(0, u"kept.example"_s);
     }
 
     // A store made from the browser's schema in write-ahead-log mode, with an
@@ -40,84 +41,29 @@ protected:
         return path;
     }
 
-    QStringList clean(CleanerContext& in)
+    QStringList clean()
     {
-        return run([&] { cleanFirefoxStores(in, profile); });
+        return run([&] { cleaner(context); });
     }
 
     static QStringList rows(const QString& path, const QString& query) { return TestDatabase(path).rows(query); }
-
-    static QByteArray bytes(const QString& path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
 
     // The profile's files that hold marker, leaving out those queued for the erase.
     QStringList holding(const QByteArray& marker) const
     {
         QStringList found;
-        QDirIterator it(profile, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-        while (it.hasNext()) {
-            const QString file = it.next();
+        for (const auto& [file, bytes] : filesBelow(profile).asKeyValueRange()) {
             const bool queued = std::any_of(paths.begin(), paths.end(), [&](const QString& path) {
                 return file == path || file.startsWith(path + u'/');
             });
-            if (!queued && bytes(file).contains(marker))
+            if (!queued && bytes.contains(marker))
                 found.append(QFileInfo(file).fileName());
         }
         return found;
     }
 
-    // A dry run reads the stores and changes not a byte of the profile.
-    void expectDryRunChangesNothing(const QString& path)
-    {
-        QMap<QString, QByteArray> before;
-        for (const QString& name : QDir(profile).entryList(QDir::Files))
-            before.insert(name, bytes(profile + u'/' + name));
-        EraseQueue dryQueue(preferences, true);
-        CleanerContext dry(dryQueue, isRunning, customStatus, preferences, true, context.models);
-        EXPECT_TRUE(clean(dry).contains(u"Shred: "_s + path));
-        for (const QString& name : QDir(profile).entryList(QDir::Files))
-            EXPECT_EQ(bytes(profile + u'/' + name), before.take(name)) << qPrintable(name);
-        EXPECT_EQ(before.keys(), QStringList());
-    }
-
-    // Another program writing the store, a run that fails before the rename and
-    // a shape this version does not know each leave it as it is.
-    void expectLeftAlone(const QString& path, const QString& unknownShape)
-    {
-        const QString name = QFileInfo(path).fileName();
-        const QByteArray before = bytes(path);
-        {
-            TestDatabase writer(path);
-            writer.exec(u"BEGIN IMMEDIATE"_s);
-            EXPECT_TRUE(clean(context).contains(name + u" is in use by another program - not rewritten."_s));
-            EXPECT_EQ(bytes(path), before);
-        }
-        ASSERT_TRUE(QDir().mkdir(path + u".vantlex-rewritten"_s));
-        const QStringList failed = clean(context);
-        EXPECT_EQ(failed.filter(name + u" could not be rewritten ("_s).size(), 1) << qPrintable(failed.join(u'\n'));
-        EXPECT_EQ(bytes(path), before);
-        QDir().rmdir(path + u".vantlex-rewritten"_s);
-
-        TestDatabase(path).exec(unknownShape);
-        const QByteArray unknown = bytes(path);
-        const QString refusal = name + u" lacks the tables or columns this version needs (no such column: "_s;
-        EXPECT_EQ(clean(context).filter(refusal).size(), 1);
-        EXPECT_EQ(bytes(path), unknown);
-        EXPECT_EQ(QDir(profile).entryList({u"*.vantlex-copy*"_s, u"*.vantlex-rewritten*"_s}, QDir::AllEntries),
-                  QStringList());
-        EXPECT_EQ(rows(path, u"PRAGMA integrity_check"_s), QStringList{u"ok"_s});
-    }
-
-    void keep(const QString& domain)
-    {
-        html5->addDomain();
-        html5->setDomain(int(html5->domains().size()) - 1, domain);
-    }
-
     const QString profile;
+    const Clean cleaner = [this](CleanerContext& in) { cleanFirefoxStores(in, profile); };
     HTML5Manager* html5 = nullptr;
 };
 
@@ -150,14 +96,14 @@ TEST_F(FirefoxStoresTest, PlacesKeepBookmarksAndKeywordsWhileHistoryAndDownloads
         true);
     ASSERT_GT(QFileInfo(places + u"-wal"_s).size(), 0);
     // Left by a run killed after its swap, and by one killed while it copied.
-    home.write(QDir(home.path()).relativeFilePath(places + u".vantlex-old"_s), "visited.example, the old rows");
-    home.write(QDir(home.path()).relativeFilePath(places + u".vantlex-copy"_s), "visited.example, half a copy");
+    home.write(places + u".vantlex-old"_s, "visited.example, the old rows");
+    home.write(places + u".vantlex-copy"_s, "visited.example, half a copy");
 
-    expectDryRunChangesNothing(places);
-    EXPECT_EQ(clean(context), QStringList({u"Shred: "_s + places,
-                                           u"Shred (left by an interrupted run): "_s + places + u".vantlex-old"_s}));
-
-    EXPECT_EQ(rows(places, u"SELECT id FROM moz_places ORDER BY id"_s), QStringList({u"1"_s, u"3"_s}));
+    expectDryRunChangesNothing(profile, u"Shred: "_s + places, cleaner);
+    EXPECT_EQ(clean(), QStringList({u"Shred: "_s + places,
+                                    u"Shred (left by an interrupted run): "_s + places + u".vantlex-old"_s}));
+    EXPECT_EQ(rows(places, u"SELECT id, visit_count, last_visit_date FROM moz_places ORDER BY id"_s),
+              QStringList({u"1|0|NULL"_s, u"3|0|NULL"_s}));
     EXPECT_EQ(rows(places, u"SELECT host FROM moz_origins ORDER BY id"_s),
               QStringList({u"kept.example"_s, u"keyword.example"_s}));
     EXPECT_EQ(rows(places, u"SELECT (SELECT count(*) FROM moz_historyvisits) + (SELECT count(*) FROM moz_inputhistory)"
@@ -167,15 +113,28 @@ TEST_F(FirefoxStoresTest, PlacesKeepBookmarksAndKeywordsWhileHistoryAndDownloads
     EXPECT_EQ(rows(places, u"SELECT title, guid FROM moz_bookmarks ORDER BY id"_s),
               QStringList({u"|root________"_s, u"Kept|bookmark1"_s}));
     EXPECT_EQ(rows(places, u"SELECT keyword, place_id FROM moz_keywords"_s), QStringList{u"k|3"_s});
-    EXPECT_EQ(rows(places, u"SELECT visit_count, last_visit_date FROM moz_places WHERE id = 1"_s),
-              QStringList{u"0|NULL"_s});
     EXPECT_EQ(rows(places, u"PRAGMA integrity_check"_s), QStringList{u"ok"_s});
     // The old file and its log wait for the erase; not a byte of them is left anywhere else.
     EXPECT_TRUE(paths.contains(places + u".vantlex-old"_s) && paths.contains(places + u".vantlex-old-wal"_s));
     EXPECT_EQ(holding("visited.example") + holding("download.example"), QStringList());
     EXPECT_FALSE(QFileInfo::exists(places + u".vantlex-copy"_s));
 
-    expectLeftAlone(places, u"ALTER TABLE moz_places RENAME COLUMN url TO address"_s);
+    // Another program writing the store and a run that fails before the rename leave it as it is.
+    const QByteArray before = home.read(places);
+    {
+        TestDatabase writer(places);
+        writer.exec(u"BEGIN IMMEDIATE"_s);
+        EXPECT_TRUE(clean().contains(u"places.sqlite is in use by another program - not rewritten."_s));
+        EXPECT_EQ(home.read(places), before);
+    }
+    ASSERT_TRUE(QDir().mkdir(places + u".vantlex-rewritten"_s));
+    const QStringList failed = clean();
+    EXPECT_EQ(failed.filter(u"places.sqlite could not be rewritten ("_s).size(), 1) << qPrintable(failed.join(u'\n'));
+    EXPECT_EQ(home.read(places), before);
+    QDir().rmdir(places + u".vantlex-rewritten"_s);
+    expectUnknownShapeLeftAlone(places, u"ALTER TABLE moz_places RENAME COLUMN url TO address"_s, cleaner);
+    EXPECT_EQ(QDir(profile).entryList({u"*.vantlex-copy*"_s, u"*.vantlex-rewritten*"_s}, QDir::AllEntries),
+              QStringList());
 }
 
 TEST_F(FirefoxStoresTest, FaviconsLoseTheIconsOfPagesThatAreGone)
@@ -191,8 +150,8 @@ TEST_F(FirefoxStoresTest, FaviconsLoseTheIconsOfPagesThatAreGone)
         " (3, 'https://kept.example/favicon.ico', 3, 1, x'00ff'), (4, 'https://gone.example/favicon.ico', 4, 1, x'00');"
         "INSERT INTO moz_icons_to_pages (page_id, icon_id) VALUES (1, 1), (2, 2);"_s);
 
-    expectDryRunChangesNothing(favicons);
-    EXPECT_EQ(clean(context), QStringList({u"Skip: "_s + places, u"Shred: "_s + favicons}));
+    expectDryRunChangesNothing(profile, u"Shred: "_s + favicons, cleaner);
+    EXPECT_EQ(clean(), QStringList({u"Skip: "_s + places, u"Shred: "_s + favicons}));
 
     EXPECT_EQ(rows(favicons, u"SELECT id FROM moz_pages_w_icons"_s), QStringList{u"1"_s});
     // The root icon of a kept page's site stays with the page's own.
@@ -202,51 +161,42 @@ TEST_F(FirefoxStoresTest, FaviconsLoseTheIconsOfPagesThatAreGone)
     EXPECT_EQ(rows(favicons, u"PRAGMA integrity_check"_s), QStringList{u"ok"_s});
     EXPECT_EQ(holding("gone.example"), QStringList());
 
-    expectLeftAlone(favicons, u"ALTER TABLE moz_pages_w_icons RENAME COLUMN page_url TO address"_s);
+    expectUnknownShapeLeftAlone(favicons, u"ALTER TABLE moz_pages_w_icons RENAME COLUMN page_url TO address"_s,
+                                cleaner);
 }
 
-TEST_F(FirefoxStoresTest, CookiesKeepOnlyKeptSitesOrGoWhole)
+TEST_F(FirefoxStoresTest, CookiesAndWebStorageKeepOnlyKeptSitesOrGoWhole)
 {
     setKey(PreferenceKey::ShredCookies, true);
-    keep(u"kept.example"_s);
+    html5->setEnabled();
     const QString cookies = makeStore(
         u"cookies.sqlite"_s, u"firefox153-cookies.sql"_s,
         u"INSERT INTO moz_cookies (id, name, value, host, path) VALUES (1, 'a', 'kept', '.kept.example', '/'),"
         " (2, 'b', 'gone', '.visited.example', '/'), (3, 'c', 'kept', 'www.kept.example', '/'),"
         " (4, 'd', 'gone', NULL, '/');"_s);
-
-    expectDryRunChangesNothing(cookies);
-    EXPECT_EQ(clean(context), QStringList{u"Shred: "_s + cookies});
-
-    EXPECT_EQ(rows(cookies, u"SELECT id FROM moz_cookies ORDER BY id"_s), QStringList({u"1"_s, u"3"_s}));
-    EXPECT_EQ(rows(cookies, u"PRAGMA integrity_check"_s), QStringList{u"ok"_s});
-    EXPECT_EQ(holding("visited.example"), QStringList());
-    expectLeftAlone(cookies, u"ALTER TABLE moz_cookies RENAME COLUMN host TO site"_s);
-
-    // With no kept site's cookie in it, the file goes whole, as it is.
-    TestDatabase(cookies).exec(u"ALTER TABLE moz_cookies RENAME COLUMN site TO host"_s);
-    html5->deleteDomain(0);
-    const QByteArray before = bytes(cookies);
-    EXPECT_EQ(clean(context), QStringList{u"Shred: "_s + cookies});
-    EXPECT_EQ(paths.last(), cookies);
-    EXPECT_EQ(bytes(cookies), before);
-}
-
-TEST_F(FirefoxStoresTest, WebStorageKeepsOnlyKeptSitesRows)
-{
-    html5->setEnabled();
-    keep(u"kept.example"_s);
     const QString store =
         makeStore(u"webappsstore.sqlite"_s, u"firefox153-webappsstore.sql"_s,
                   u"INSERT INTO webappsstore2 VALUES ('', 'elpmaxe.tpek.:https:443', '', 'k', 'kept'),"
                   " ('', 'elpmaxe.detisiv.:https:443', '', 'k', 'gone');"_s);
 
-    expectDryRunChangesNothing(store);
-    EXPECT_EQ(clean(context), QStringList{u"Shred: "_s + store});
+    expectDryRunChangesNothing(profile, u"Shred: "_s + store, cleaner);
+    EXPECT_EQ(clean(), QStringList({u"Shred: "_s + cookies, u"Shred: "_s + store}));
 
+    EXPECT_EQ(rows(cookies, u"SELECT id FROM moz_cookies ORDER BY id"_s), QStringList({u"1"_s, u"3"_s}));
+    EXPECT_EQ(rows(cookies, u"PRAGMA integrity_check"_s), QStringList{u"ok"_s});
     EXPECT_EQ(rows(store, u"SELECT value FROM webappsstore2"_s), QStringList{u"kept"_s});
-    EXPECT_EQ(holding("elpmaxe.detisiv"), QStringList());
-    expectLeftAlone(store, u"ALTER TABLE webappsstore2 RENAME COLUMN originKey TO origin"_s);
+    EXPECT_EQ(holding("visited.example") + holding("elpmaxe.detisiv"), QStringList());
+    expectUnknownShapeLeftAlone(store, u"ALTER TABLE webappsstore2 RENAME COLUMN originKey TO origin"_s, cleaner);
+    expectUnknownShapeLeftAlone(cookies, u"ALTER TABLE moz_cookies RENAME COLUMN host TO site"_s, cleaner);
+
+    // With no kept site's cookie in it, the file goes whole, as it is.
+    TestDatabase(cookies).exec(u"ALTER TABLE moz_cookies RENAME COLUMN site TO host"_s);
+    html5->deleteDomain(0);
+    html5->setEnabled();
+    const QByteArray before = home.read(cookies);
+    EXPECT_EQ(clean(), QStringList({u"Shred: "_s + cookies, u"Skip: "_s + store}));
+    EXPECT_EQ(paths.last(), cookies);
+    EXPECT_EQ(home.read(cookies), before);
 }
 
 TEST_F(FirefoxStoresTest, ThunderbirdIndexGoesWholeOnlyWhenItHoldsAnErasedMessage)

@@ -48,6 +48,12 @@ protected:
         return run([&] { mail.AppleMail20to50(); });
     }
 
+    // The lines of the index cleaner over one index of the mail folder below the home.
+    QStringList handle(const QString& folder, const QString& index)
+    {
+        return run([&] { cleaners.handleMailAtPath(home.file(folder), home.file(index)); });
+    }
+
     QStringList remainingAfterRun(bool trash, bool junk)
     {
         QFile::remove(home.file(kIndex));
@@ -159,7 +165,7 @@ TEST_F(MailIndexTest, ABrokenIndexIsReportedAndTheRunGoesOn)
     sql(kIndex, "CREATE TABLE messages (ROWID INTEGER PRIMARY KEY, mailbox INTEGER); INSERT INTO messages "
                 "VALUES (1, 1);");
     EXPECT_EQ(
-        run([&] { cleaners.handleMailAtPath(home.file(u"Library/Mail/V2"_s), home.file(kIndex)); }),
+        handle(u"Library/Mail/V2"_s, kIndex),
         (QStringList{u"Could not obtain a list of Mailboxes - launch Mail to repair the Envelope Index database"_s,
                      u"no such table: mailboxes"_s, u""_s}));
     EXPECT_EQ(mailboxesWithMessages(kIndex), QList<int>{1});
@@ -168,10 +174,10 @@ TEST_F(MailIndexTest, ABrokenIndexIsReportedAndTheRunGoesOn)
     QFile::remove(home.file(kIndex));
     makeFolder(kIndex);
     EXPECT_EQ(
-        run([&] { cleaners.handleMailAtPath(home.file(u"Library/Mail/V2"_s), home.file(kIndex)); }),
+        handle(u"Library/Mail/V2"_s, kIndex),
         (QStringList{u"Could not open Envelope Index - launch Mail to repair the Envelope Index database"_s, u""_s}));
     const QString missing = home.file(u"Library/Mail/Envelope Index"_s + u" 2"_s);
-    EXPECT_EQ(run([&] { cleaners.handleMailAtPath(home.file(u"Library/Mail"_s), missing); }),
+    EXPECT_EQ(handle(u"Library/Mail"_s, missing),
               (QStringList{u"Envelope Index does not exist - launch Mail to create an Envelope Index database"_s,
                            missing, u""_s}));
 }
@@ -181,8 +187,8 @@ TEST_F(MailIndexTest, ALockedIndexFailsCleanlyInsteadOfWaiting)
     setAllKeys(true);
     const QByteArray before = home.read(kIndex);
     {
-        DatabaseLock lock(home.file(kIndex), "BEGIN EXCLUSIVE");
-        ASSERT_TRUE(lock.locked);
+        TestDatabase lock(home.file(kIndex));
+        lock.exec(u"BEGIN EXCLUSIVE"_s);
         const QStringList lines = runMail(cleaners);
         EXPECT_EQ(lines.mid(3), (QStringList{u"Apple Mail 5.x"_s,
                                              u"Could not obtain a list of Mailboxes - launch Mail to repair the "
@@ -194,9 +200,9 @@ TEST_F(MailIndexTest, ALockedIndexFailsCleanlyInsteadOfWaiting)
     // Readable but not writable: each failed statement is reported and the next row still handled.
     const QString index = u"Library/Mail/Envelope Index"_s;
     makeIndex(index, {{1, u"local:///Trash"_s}, {2, u"local:///Deleted%20Items"_s}});
-    DatabaseLock writer(home.file(index), "BEGIN IMMEDIATE");
-    ASSERT_TRUE(writer.locked);
-    const QStringList lines = run([&] { cleaners.handleMailAtPath(home.file(u"Library/Mail"_s), home.file(index)); });
+    TestDatabase writer(home.file(index));
+    writer.exec(u"BEGIN IMMEDIATE"_s);
+    const QStringList lines = handle(u"Library/Mail"_s, index);
     const qsizetype first = lines.indexOf(u"delete from messages where mailbox == 1"_s);
     ASSERT_GE(first, 0);
     EXPECT_EQ(lines.mid(first + 1, 4), (QStringList{u"Could not remove messages from index database"_s,
@@ -215,7 +221,7 @@ TEST_F(MailIndexTest, ARowidThatIsNotANumberNeverReachesTheStatement)
                "INSERT INTO mailboxes VALUES ('1 or 1=1', 'local:///Trash'), ('2', 'local:///Deleted%20Items'),"
                " (NULL, 'local:///Junk');"
                "INSERT INTO messages VALUES (1, 'a'), (2, 'b'), (3, 'c');");
-    const QStringList lines = run([&] { cleaners.handleMailAtPath(home.file(u"Library/Mail"_s), home.file(index)); });
+    const QStringList lines = handle(u"Library/Mail"_s, index);
     EXPECT_EQ(lines.filter(u"delete from messages"_s), QStringList{u"delete from messages where mailbox == 2"_s});
     EXPECT_TRUE(lines.contains(u"Mailbox ROWID is not a number, its messages stay in the index: 1 or 1=1"_s));
     EXPECT_TRUE(lines.contains(u"Mailbox ROWID is not a number, its messages stay in the index: NULL"_s));

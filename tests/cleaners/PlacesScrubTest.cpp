@@ -8,7 +8,6 @@
 #include <QFileInfo>
 
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -94,113 +93,64 @@ protected:
 
     QStringList placeIds() { return table(places, u"select id from moz_places order by id"_s); }
 
-    // A shell for the rebuild: a script of the test's that runs the bundled one.
-    void useShell(const QByteArray& script)
-    {
-        home.write(u"sqlite3"_s, "#!/bin/sh\n" + script + "\n");
-        ::chmod(QFile::encodeName(home.file(u"sqlite3"_s)).constData(), 0755);
-        context.setSqliteShellForTesting(home.file(u"sqlite3"_s));
-    }
-
     QString scrub() { return PlacesScrub(context, context.sqliteShell()).firefox3sqlite(places); }
 
-    QStringList leftOvers() const
-    {
-        QStringList found;
-        for (const QString& name : kWorkFiles) {
-            if (QFileInfo::exists(profile + u'/' + name))
-                found.append(name);
-        }
-        return found;
-    }
+    // The work files a rebuild makes beside the database.
+    QStringList leftOvers() const { return QDir(profile).entryList({u"places.vantlex*"_s}, QDir::Files); }
 
     const QString profile;
     const QString places;
 };
 
-struct Kept {
-    QString table;
-    QString query;
-};
-
-const QList<Kept> kAlwaysKept{
-    {u"moz_bookmarks"_s, u"select * from moz_bookmarks order by id"_s},
-    {u"moz_bookmarks_roots"_s, u"select * from moz_bookmarks_roots order by root_name"_s},
-    {u"moz_keywords"_s, u"select * from moz_keywords order by id"_s},
-    {u"moz_anno_attributes"_s, u"select * from moz_anno_attributes order by id"_s},
-    {u"moz_annos"_s, u"select * from moz_annos order by id"_s},
-    {u"moz_items_annos"_s, u"select * from moz_items_annos order by id"_s},
-};
-
 } // namespace
 
-TEST_F(PlacesScrubTest, KeepsBookmarksAndDropsHistoryAndUnusedIcons)
+TEST_F(PlacesScrubTest, KeepsBookmarksAndDropsOnlyTheHistoryAndIconsAskedFor)
 {
-    makePlaces();
-    setKey(PreferenceKey::ShredHistory, true);
-    setKey(PreferenceKey::shredSafariFavicon, true);
-    const QByteArray before = home.read(places);
-    QMap<QString, QStringList> kept;
-    for (const Kept& k : kAlwaysKept)
-        kept.insert(k.table, table(places, k.query));
+    const QStringList tables{u"moz_places"_s,     u"moz_historyvisits"_s,   u"moz_inputhistory"_s,
+                             u"moz_favicons"_s,   u"moz_bookmarks"_s,       u"moz_bookmarks_roots"_s,
+                             u"moz_keywords"_s,   u"moz_anno_attributes"_s, u"moz_annos"_s,
+                             u"moz_items_annos"_s};
+    const auto snapshot = [&] {
+        QMap<QString, QStringList> rows;
+        for (const QString& name : tables)
+            rows.insert(name, table(places, u"select * from %1 order by 1, 2"_s.arg(name)));
+        return rows;
+    };
+    for (const auto& [history, icons] : {std::pair{true, true}, {false, true}, {true, false}}) {
+        SCOPED_TRACE(testing::Message() << "history " << history << ", icons " << icons);
+        QFile::remove(places);
+        QFile::remove(profile + u"/places.renamed.sqlite"_s);
+        makePlaces();
+        setKey(PreferenceKey::ShredHistory, history);
+        setKey(PreferenceKey::shredSafariFavicon, icons);
+        const QByteArray before = home.read(places);
+        QMap<QString, QStringList> expected = snapshot();
+        if (history) {
+            expected[u"moz_places"_s].removeIf(
+                [](const QString& row) { return !kPlacesWithoutHistory.contains(row.section(u'|', 0, 0)); });
+            expected[u"moz_historyvisits"_s].clear();
+            expected[u"moz_inputhistory"_s].clear();
+        }
+        // Only the icons some place of the old database used, with their bytes.
+        if (icons)
+            expected[u"moz_favicons"_s] = expected[u"moz_favicons"_s].mid(0, 2);
 
-    const QString renamed = scrub();
+        const QString renamed = scrub();
 
-    EXPECT_EQ(renamed, profile + u"/places.renamed.sqlite"_s);
-    // The old contents wait, unchanged, under the returned name for the erase.
-    QFile old(renamed);
-    ASSERT_TRUE(old.open(QIODevice::ReadOnly));
-    EXPECT_EQ(old.readAll(), before);
-    EXPECT_EQ(leftOvers(), QStringList());
-
-    EXPECT_EQ(placeIds(), kPlacesWithoutHistory);
-    EXPECT_EQ(table(places, u"select count(*) from moz_historyvisits"_s), QStringList{u"0"_s});
-    EXPECT_EQ(table(places, u"select count(*) from moz_inputhistory"_s), QStringList{u"0"_s});
-    for (const Kept& k : kAlwaysKept)
-        EXPECT_EQ(table(places, k.query), kept.value(k.table)) << k.table.toStdString();
-    // The icons some place of the old database used, as blobs with their bytes.
-    EXPECT_EQ(table(places, u"select id, typeof(data), data from moz_favicons order by id"_s),
-              QStringList({u"1|blob|"_s + QString::fromLatin1(kIconA.toHex()),
-                           u"2|blob|"_s + QString::fromLatin1(kIconB.toHex())}));
-    EXPECT_EQ(table(places, u"PRAGMA integrity_check"_s), QStringList{u"ok"_s});
-}
-
-TEST_F(PlacesScrubTest, KeptHistoryAndIconsSurviveWhole)
-{
-    makePlaces();
-    setKey(PreferenceKey::ShredHistory, false);
-    setKey(PreferenceKey::shredSafariFavicon, true);
-    const QStringList tables{u"moz_places"_s, u"moz_historyvisits"_s, u"moz_inputhistory"_s, u"moz_favicons"_s};
-    QMap<QString, QStringList> before;
-    for (const QString& name : tables)
-        before.insert(name, table(places, u"select * from %1 order by 1, 2"_s.arg(name)));
-
-    ASSERT_FALSE(scrub().isNull());
-
-    // History kept: every visit and place, with the counts as they were.
-    for (const QString& name : {u"moz_places"_s, u"moz_historyvisits"_s, u"moz_inputhistory"_s})
-        EXPECT_EQ(table(places, u"select * from %1 order by 1, 2"_s.arg(name)), before.value(name))
-            << name.toStdString();
-    EXPECT_EQ(table(places, u"select id from moz_favicons order by id"_s), QStringList({u"1"_s, u"2"_s}));
-
-    // Icons kept as well: the icon table comes back whole.
-    setKey(PreferenceKey::shredSafariFavicon, false);
-    setKey(PreferenceKey::ShredHistory, true);
-    const QStringList icons = table(places, u"select * from moz_favicons order by id"_s);
-    ASSERT_FALSE(scrub().isNull());
-    EXPECT_EQ(table(places, u"select * from moz_favicons order by id"_s), icons);
-    EXPECT_EQ(placeIds(), kPlacesWithoutHistory);
+        // The old contents wait, unchanged, under the returned name for the erase.
+        EXPECT_EQ(renamed, profile + u"/places.renamed.sqlite"_s);
+        EXPECT_EQ(home.read(renamed), before);
+        EXPECT_EQ(leftOvers(), QStringList());
+        EXPECT_EQ(snapshot(), expected);
+        EXPECT_EQ(table(places, u"PRAGMA integrity_check"_s), QStringList{u"ok"_s});
+    }
 }
 
 TEST_F(PlacesScrubTest, FilesThatAreNoDatabaseOrOfAnotherSchemaStayAsTheyWere)
 {
     makePlaces();
-    QFile real(places);
-    ASSERT_TRUE(real.open(QIODevice::ReadOnly));
-    const QByteArray truncated = real.read(3000);
-    real.close();
-
-    const QList<QByteArray> contents{QByteArray(), QByteArray("\x01\x02garbage\xff\xfe", 12), truncated};
+    const QList<QByteArray> contents{QByteArray(), QByteArray("\x01\x02garbage\xff\xfe", 12),
+                                     home.read(places).left(3000)};
     for (const QByteArray& bytes : contents) {
         home.write(places, bytes);
         QString renamed;
@@ -220,10 +170,8 @@ TEST_F(PlacesScrubTest, FilesThatAreNoDatabaseOrOfAnotherSchemaStayAsTheyWere)
     EXPECT_EQ(run([&] { scrub(); }), QStringList({u"Places Database does not exist."_s, QString()}));
 
     // A database of another schema: both digests of its listing are said.
-    {
-        TestDatabase db(places);
-        db.exec(u"CREATE TABLE moz_places (id INTEGER PRIMARY KEY); INSERT INTO moz_places VALUES (1);"_s);
-    }
+    TestDatabase(places).exec(
+        u"CREATE TABLE moz_places (id INTEGER PRIMARY KEY); INSERT INTO moz_places VALUES (1);"_s);
     const QByteArray before = home.read(places);
     const QByteArray listing = "CREATE TABLE moz_places (id INTEGER PRIMARY KEY);\n";
     QString renamed = u"not run"_s;
@@ -235,12 +183,27 @@ TEST_F(PlacesScrubTest, FilesThatAreNoDatabaseOrOfAnotherSchemaStayAsTheyWere)
     EXPECT_EQ(leftOvers(), QStringList());
 }
 
-TEST_F(PlacesScrubTest, LeftOversOfAnInterruptedRunAreRemovedUnlessDry)
+TEST_F(PlacesScrubTest, WhatAnInterruptedRunLeftIsRemovedUnlessDryAndNeverPlayedIntoTheRebuild)
 {
     makePlaces();
     setKey(PreferenceKey::ShredHistory, true);
-    for (const QString& name : kWorkFiles)
+    // Every work file but the work database and its journal, which come below.
+    for (const QString& name : kWorkFiles.mid(2))
         home.write(profile + u'/' + name, "left over");
+    // Killed while a shell was changing rows of its work database: the rollback
+    // journal holds the pages as they were, here full of history.
+    const QString work = profile + u'/' + kWorkFiles[0];
+    const QString interrupted = profile + u"/interrupted.sqlite"_s;
+    ASSERT_TRUE(QFile::copy(places, interrupted));
+    {
+        TestDatabase db(interrupted);
+        db.exec(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<2000)"
+                " INSERT INTO moz_places (url) SELECT 'http://erased.example/' || i FROM n;"_s);
+        db.exec(u"PRAGMA cache_size=1; BEGIN; DELETE FROM moz_places WHERE id > 10;"_s);
+        ASSERT_TRUE(QFile::copy(interrupted, work));
+        ASSERT_TRUE(QFile::copy(interrupted + u"-journal"_s, work + u"-journal"_s));
+    }
+    QFile::remove(interrupted);
     // Cut off inside the swap: the live database's second name must go without
     // touching the live file's permissions.
     ::chmod(QFile::encodeName(places).constData(), 0600);
@@ -256,11 +219,15 @@ TEST_F(PlacesScrubTest, LeftOversOfAnInterruptedRunAreRemovedUnlessDry)
     EXPECT_EQ(QDir(profile).entryList(QDir::Files), before);
     EXPECT_EQ(home.read(places), bytes);
 
-    const QString renamed = scrub();
+    QString renamed;
+    EXPECT_EQ(run([&] { renamed = scrub(); }), QStringList());
 
-    ASSERT_FALSE(renamed.isNull());
+    EXPECT_EQ(renamed, profile + u"/places.renamed.sqlite"_s);
     EXPECT_EQ(leftOvers(), QStringList());
+    EXPECT_EQ(placeIds(), kPlacesWithoutHistory);
     EXPECT_EQ(table(places, u"select count(*) from moz_bookmarks"_s), QStringList{u"5"_s});
+    // Not even in free pages: the new database starts from the empty template.
+    EXPECT_FALSE(home.read(places).contains("erased.example"));
     EXPECT_EQ(modeOf(places), mode_t(0600));
     EXPECT_EQ(modeOf(renamed), mode_t(0600));
 }
@@ -270,78 +237,24 @@ TEST_F(PlacesScrubTest, ADatabaseAnotherProgramWritesIsLeftAsItWasAndItsCommitKe
     makePlaces();
     setKey(PreferenceKey::ShredHistory, true);
     const QByteArray before = home.read(places);
-
-    // Another process inside a write transaction: it adds a bookmark, waits for
-    // the rebuild to be over, then commits.
-    int ready[2];
-    int go[2];
-    ASSERT_EQ(::pipe(ready), 0);
-    ASSERT_EQ(::pipe(go), 0);
-    const pid_t writer = ::fork();
-    ASSERT_GE(writer, 0);
-    if (writer == 0) {
-        TestDatabase db(places);
-        db.exec(u"BEGIN IMMEDIATE; INSERT INTO moz_bookmarks (id, type, fk, parent, position, title) "
-                "VALUES (9, 1, 7, 3, 1, 'Written meanwhile');"_s);
-        char byte = 1;
-        if (::write(ready[1], &byte, 1) != 1 || ::read(go[0], &byte, 1) != 1)
-            std::_Exit(2);
-        db.exec(u"COMMIT;"_s);
-        std::_Exit(0);
+    const QString inUse = u"Places Database is in use by another program - not rewritten."_s;
+    {
+        TestDatabase writer(places);
+        writer.exec(u"BEGIN IMMEDIATE; INSERT INTO moz_bookmarks (id, type, fk, parent, position, title) "
+                    "VALUES (9, 1, 7, 3, 1, 'Written meanwhile');"_s);
+        const QStringList lines = run([&] { EXPECT_TRUE(scrub().isNull()); });
+        EXPECT_TRUE(lines.contains(inUse)) << qPrintable(lines.join(u'\n'));
+        EXPECT_EQ(home.read(places), before);
+        writer.exec(u"COMMIT;"_s);
     }
-    char byte = 0;
-    ASSERT_EQ(::read(ready[0], &byte, 1), 1);
-    const QStringList lines = run([&] { EXPECT_TRUE(scrub().isNull()); });
-    EXPECT_EQ(home.read(places), before);
-    EXPECT_EQ(::write(go[1], &byte, 1), 1);
-    int status = -1;
-    ::waitpid(writer, &status, 0);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
-
-    EXPECT_TRUE(lines.contains(u"Places Database is in use by another program - not rewritten."_s))
-        << qPrintable(lines.join(u'\n'));
     EXPECT_EQ(table(places, u"select title from moz_bookmarks where id = 9"_s), QStringList{u"Written meanwhile"_s});
     EXPECT_EQ(leftOvers(), QStringList());
 
     // What a program that stopped mid-write left in its journal is not dropped either.
     home.write(places + u"-journal"_s, QByteArray(512, 'j'));
     const QByteArray committed = home.read(places);
-    EXPECT_TRUE(run([&] { scrub(); }).contains(u"Places Database is in use by another program - not rewritten."_s));
+    EXPECT_TRUE(run([&] { scrub(); }).contains(inUse));
     EXPECT_EQ(home.read(places), committed);
-}
-
-TEST_F(PlacesScrubTest, TheJournalOfAShellStoppedInsideATransactionIsNotPlayedIntoTheNextRebuild)
-{
-    makePlaces();
-    setKey(PreferenceKey::ShredHistory, true);
-    setKey(PreferenceKey::shredSafariFavicon, true);
-    // A run killed while a shell was changing rows of its work database: the
-    // rollback journal holds the pages as they were, here full of history.
-    const QString work = profile + u"/places.vantlex.sqlite"_s;
-    const QString interrupted = profile + u"/interrupted.sqlite"_s;
-    ASSERT_TRUE(QFile::copy(places, interrupted));
-    {
-        TestDatabase db(interrupted);
-        db.exec(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<2000)"
-                " INSERT INTO moz_places (url) SELECT 'http://erased.example/' || i FROM n;"_s);
-        db.exec(u"PRAGMA cache_size=1; BEGIN; DELETE FROM moz_places WHERE id > 10;"_s);
-        ASSERT_TRUE(QFile::copy(interrupted, work));
-        ASSERT_TRUE(QFile::copy(interrupted + u"-journal"_s, work + u"-journal"_s));
-    }
-    QFile::remove(interrupted);
-
-    QString renamed;
-    const QStringList lines = run([&] { renamed = scrub(); });
-
-    EXPECT_EQ(renamed, profile + u"/places.renamed.sqlite"_s);
-    EXPECT_EQ(lines, QStringList());
-    EXPECT_EQ(placeIds(), kPlacesWithoutHistory);
-    EXPECT_EQ(table(places, u"select count(*) from moz_historyvisits"_s), QStringList{u"0"_s});
-    EXPECT_EQ(table(places, u"select count(*) from moz_bookmarks"_s), QStringList{u"5"_s});
-    // Not even in free pages: the new database starts from the empty template.
-    EXPECT_FALSE(home.read(places).contains("erased.example"));
-    EXPECT_FALSE(QFileInfo::exists(work + u"-journal"_s));
-    EXPECT_EQ(leftOvers(), QStringList());
 }
 
 TEST_F(PlacesScrubTest, TheOldDatabaseAnInterruptedRunLeftIsErasedNotUnlinked)
@@ -365,25 +278,18 @@ TEST_F(PlacesScrubTest, TheOldDatabaseAnInterruptedRunLeftIsErasedNotUnlinked)
 
 TEST_F(PlacesScrubTest, FolderNamesWithSpacesQuotesAndAccentsWorkOrAreRefused)
 {
+    makePlaces();
     setKey(PreferenceKey::ShredHistory, true);
     const QString accented = home.file(u"Library/Application Support/Firefox/Profiles/it's a \u00fc profile"_s);
-    QDir().mkpath(accented);
-    QFile::rename(profile, accented + u"/p"_s);
-    const QString accentedPlaces = accented + u"/p/places.sqlite"_s;
-    {
-        TestDatabase db(accentedPlaces);
-        db.exec(QString::fromUtf8(testData(u"places-firefox-3.0.sql"_s)));
-        db.exec(u"INSERT INTO moz_places (id, url) VALUES (9, 'http://nine/');"
-                "INSERT INTO moz_bookmarks (id, type, fk, parent, position, title) VALUES (4, 1, 9, 1, 0, 'Nine');"_s);
-    }
-    EXPECT_EQ(PlacesScrub(context, context.sqliteShell()).firefox3sqlite(accentedPlaces),
-              accented + u"/p/places.renamed.sqlite"_s);
-    EXPECT_EQ(table(accentedPlaces, u"select id from moz_places"_s), QStringList{u"9"_s});
+    ASSERT_TRUE(QFile::rename(profile, accented));
+    EXPECT_EQ(PlacesScrub(context, context.sqliteShell()).firefox3sqlite(accented + u"/places.sqlite"_s),
+              accented + u"/places.renamed.sqlite"_s);
+    EXPECT_EQ(table(accented + u"/places.sqlite"_s, u"select id from moz_places order by id"_s), kPlacesWithoutHistory);
 
     // The shell would end a quoted file name at the quote and write elsewhere.
     const QString quotedFolder = home.file(u"Library/Application Support/Firefox/Profiles/a\"b"_s);
-    QDir().mkpath(quotedFolder);
-    QFile::copy(accented + u"/p/places.renamed.sqlite"_s, quotedFolder + u"/places.sqlite"_s);
+    ASSERT_TRUE(QFile::rename(accented, quotedFolder));
+    QFile::remove(quotedFolder + u"/places.renamed.sqlite"_s);
     const QByteArray before = home.read(quotedFolder + u"/places.sqlite"_s);
     QString renamed;
     const QStringList lines = run([&] {
@@ -402,8 +308,10 @@ TEST_F(PlacesScrubTest, TheUsersShellSettingsChangeNothingAndAMissingShellLeaves
     setKey(PreferenceKey::ShredHistory, true);
     // A shell that loads settings like a user's ~/.sqliterc before every command.
     home.write(u"rc"_s, ".headers on\n.mode column\n.timer on\n.changes on\n.nullvalue (null)\n");
-    useShell("exec '" + QFile::encodeName(SqliteShell::resourcePath()) + "' -init '" +
-             QFile::encodeName(home.file(u"rc"_s)) + "' \"$@\"");
+    home.write(u"sqlite3"_s, "#!/bin/sh\nexec '" + QFile::encodeName(SqliteShell::resourcePath()) + "' -init '" +
+                                 QFile::encodeName(home.file(u"rc"_s)) + "' \"$@\"\n");
+    ::chmod(QFile::encodeName(home.file(u"sqlite3"_s)).constData(), 0755);
+    context.setSqliteShellForTesting(home.file(u"sqlite3"_s));
 
     ASSERT_FALSE(scrub().isNull());
     EXPECT_EQ(placeIds(), kPlacesWithoutHistory);

@@ -7,8 +7,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kNotEnabled = u"Not enabled - check preferences to enable."_s;
-
 class SafariCleanersTest : public CleanerFixture {
 protected:
     SafariCleanersTest() { qputenv("TMPDIR", QFile::encodeName(home.file(u"var/folders/ab/cd/T/"_s))); }
@@ -19,21 +17,6 @@ protected:
 };
 
 } // namespace
-
-TEST_F(SafariCleanersTest, DisabledBrowsersWriteOnlyTheirHeaderAndTheReason)
-{
-    setAllKeys(true);
-    disable(u"Safari"_s);
-    const QStringList lines = run([&] {
-        cleaners.Safari20Shiira12();
-        cleaners.Safari40();
-        cleaners.Safari51();
-    });
-    EXPECT_EQ(lines, (QStringList{u"Safari 2.0 and/or Shiira 1.2"_s, kNotEnabled, u""_s, u"Safari 4.0"_s, kNotEnabled,
-                                  u""_s, u"Safari 5.1-6"_s, kNotEnabled, u""_s}));
-    EXPECT_TRUE(paths.isEmpty());
-    EXPECT_TRUE(runner.calls.isEmpty());
-}
 
 TEST_F(SafariCleanersTest, TheSharedCookieFileWaitsForBothBrowsersToQuit)
 {

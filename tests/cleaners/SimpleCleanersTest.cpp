@@ -1,9 +1,16 @@
 #include "cleaners/SimpleCleaners.h"
 
+#include "cleaners/ChromeCleaners.h"
 #include "cleaners/CleanerFixture.h"
+#include "cleaners/MailCleaners.h"
+#include "cleaners/MozillaCleaners.h"
+#include "cleaners/SafariCleaners.h"
 #include "settings/PluginManager.h"
+#include "support/RecordingRunner.h"
 
 #include <QDir>
+
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -50,10 +57,44 @@ TEST_F(SimpleCleanersTest, OperaSeventeenScansOnlyTheTopLevel)
     setAllKeys(false);
     EXPECT_EQ(run([&] { cleaners.Opera170(); }).size(), 8);
     EXPECT_TRUE(paths.isEmpty());
+}
 
-    disable(u"Opera"_s);
-    EXPECT_EQ(run([&] { cleaners.Opera170(); }),
-              (QStringList{u"Opera 17.x"_s, u"Not enabled - check preferences to enable."_s, u""_s}));
+// Every cleaner of an application turned off in the preferences.
+TEST_F(SimpleCleanersTest, TheCleanersOfADisabledApplicationSayOnlyTheirHeaderAndWhyAndTakeNothing)
+{
+    RecordingRunner runner;
+    ChromeCleaners chrome{context};
+    MozillaCleaners mozilla{context, defaults, chrome};
+    SafariCleaners safari{context, &runner};
+    MailCleaners mail{context, defaults};
+    setAllKeys(true);
+    const struct {
+        QString application;
+        QStringList header;
+        std::function<void()> clean;
+    } cases[]{
+        {u"Opera"_s, {u"Opera 17.x"_s}, [&] { cleaners.Opera170(); }},
+        {u"Chrome"_s, {u"Chrome 4"_s}, [&] { chrome.Chrome40(); }},
+        {u"Chrome"_s, {u"Chrome 5.0"_s}, [&] { chrome.Chrome50(); }},
+        {u"SeaMonkey 2"_s,
+         {u"Firefox 3.0-12.0, Flock 2.5, and SeaMonkey 1.0"_s},
+         [&] { mozilla.Firefox30Flock25SeaMonkey20(u"SeaMonkey 2"_s, u"~/Library/Application Support/Firefox"_s); }},
+        {u"Safari"_s, {u"Safari 2.0 and/or Shiira 1.2"_s}, [&] { safari.Safari20Shiira12(); }},
+        {u"Safari"_s, {u"Safari 4.0"_s}, [&] { safari.Safari40(); }},
+        {u"Safari"_s, {u"Safari 5.1-6"_s}, [&] { safari.Safari51(); }},
+        {u"Apple Mail"_s, {u"Apple Mail 1.2 (Jaguar)"_s}, [&] { mail.AppleMail12(); }},
+        {u"Apple Mail"_s, {u"Apple Mail 2.x - 5.x"_s, u""_s}, [&] { mail.AppleMail20to50(); }},
+        {u"Postbox"_s, {u"Postbox 2"_s}, [&] { mail.Postbox21(); }},
+        {u"Thunderbird"_s, {u"Thunderbird 1.5"_s}, [&] { mail.Thunderbird15(); }},
+    };
+    for (const auto& c : cases) {
+        disable(c.application);
+        EXPECT_EQ(run(c.clean), c.header + QStringList({u"Not enabled - check preferences to enable."_s, u""_s}));
+        preferences.enableChanged(c.application);
+    }
+    EXPECT_TRUE(paths.isEmpty());
+    EXPECT_TRUE(touches.isEmpty());
+    EXPECT_TRUE(runner.calls.isEmpty());
 }
 
 TEST_F(SimpleCleanersTest, PluginCacheTakesTheEnabledPluginPaths)

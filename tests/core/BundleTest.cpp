@@ -9,7 +9,7 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(Bundle, MainBundleFindsTheBuiltResourcesAndVersion)
+TEST(Bundle, FindsTheResourcesAndVersionInTheBuiltInstalledAndMacLayouts)
 {
     const Bundle& bundle = Bundle::mainBundle();
     EXPECT_EQ(bundle.resourcePath(), QDir::cleanPath(QCoreApplication::applicationDirPath() + u"/../share/vantle"_s));
@@ -19,10 +19,8 @@ TEST(Bundle, MainBundleFindsTheBuiltResourcesAndVersion)
     EXPECT_EQ(bundle.infoString(u"CFBundleShortVersionString"_s), QStringLiteral(VANTLE_TEST_VERSION));
     EXPECT_FALSE(bundle.infoString(u"CFBundleVersion"_s).isEmpty());
     EXPECT_EQ(bundle.infoString(u"LSUIElement"_s), u"0"_s);
-}
 
-TEST(Bundle, ResourceLookupAndInstalledAndMacLayouts)
-{
+    // The installed and the Mac layouts.
     QTemporaryDir root;
     for (const QString& folder :
          {u"bin"_s, u"share/vantle"_s, u"Vantle X.app/Contents/MacOS"_s, u"Vantle X.app/Contents/Resources"_s})

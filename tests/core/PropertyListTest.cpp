@@ -7,31 +7,6 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(PropertyList, EveryValueTypeSurvivesTheXmlRoundTrip)
-{
-    const QVariantMap original{
-        {u"yes"_s, true},
-        {u"no"_s, false},
-        {u"count"_s, qint64(42)},
-        {u"negative"_s, qint64(-7)},
-        {u"big"_s, qint64(1) << 40},
-        {u"ratio"_s, 0.25},
-        {u"text"_s, u"Caf\u00e9 <&> \"quoted\""_s},
-        {u"empty text"_s, QString()},
-        {u"bytes"_s, QByteArray("\x00\x01\xff binary", 10)},
-        {u"when"_s, QDateTime(QDate(2010, 5, 4), QTime(3, 2, 1), Qt::UTC)},
-        {u"list"_s, QVariantList{u"a"_s, qint64(1), QVariantList{}}},
-        {u"dict"_s, QVariantMap{{u"inner"_s, QVariantMap{{u"deep"_s, true}}}, {u"none"_s, QVariantMap{}}}},
-    };
-
-    const auto parsed = PropertyList::parse(PropertyList::toXml(original));
-    ASSERT_TRUE(parsed.has_value());
-    const QVariantMap back = parsed->toMap();
-    ASSERT_EQ(back.keys(), original.keys());
-    for (auto it = original.cbegin(); it != original.cend(); ++it)
-        EXPECT_EQ(back.value(it.key()), it.value()) << qPrintable(it.key());
-}
-
 TEST(PropertyList, AStringOrBinaryKeyHoldingANulReadsUpToIt)
 {
     // Any program can write the settings file; such a string once stopped the program.

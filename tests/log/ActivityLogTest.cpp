@@ -98,7 +98,7 @@ TEST_F(ActivityLogTest, AReopenWhileAnotherThreadWritesLeavesOnlyWholeLines)
             << qPrintable(line);
 }
 
-TEST_F(ActivityLogTest, EachRunReplacesTheFileWhichEveryoneMayWriteAndWithLoggingOffItStaysEmpty)
+TEST_F(ActivityLogTest, EachRunReplacesTheFileWhichEveryoneMayWriteWithLoggingOffEmptyAndAnUnopenableLogIsSilent)
 {
     ActivityLog::openRunLog(true);
     ActivityLog::writeLogLine(u"first run"_s);
@@ -121,10 +121,8 @@ TEST_F(ActivityLogTest, EachRunReplacesTheFileWhichEveryoneMayWriteAndWithLoggin
     EXPECT_TRUE(QFileInfo::exists(home.file(kLogFile)));
     EXPECT_EQ(home.read(kLogFile), QByteArray());
     EXPECT_EQ(permissions(home.file(kLogFile)), 0777u);
-}
 
-TEST_F(ActivityLogTest, OpeningTwiceKeepsTheFirstStreamAndAnUnopenableLogIsSilent)
-{
+    // Opening twice keeps the first stream.
     ActivityLog::openLog(home.file(u"a.txt"_s));
     ActivityLog::openLog(home.file(u"b.txt"_s));
     ActivityLog::writeLogLine(u"to a"_s);
@@ -133,6 +131,7 @@ TEST_F(ActivityLogTest, OpeningTwiceKeepsTheFirstStreamAndAnUnopenableLogIsSilen
     EXPECT_FALSE(QFileInfo::exists(home.file(u"b.txt"_s)));
 
     // A folder where the file should be: no log, nothing reported, writes do nothing.
+    ASSERT_TRUE(QFile::remove(home.file(kLogFile)));
     home.write(u"Library/Logs/Vantle X Log.txt/inside"_s, "x");
     ActivityLog::openRunLog(true);
     EXPECT_FALSE(ActivityLog::isLogOpen());

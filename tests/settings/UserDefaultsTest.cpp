@@ -3,6 +3,7 @@
 #include "core/PropertyList.h"
 #include "support/TempHome.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 
@@ -41,7 +42,21 @@ TEST_F(UserDefaultsTest, EveryTypeReadsBackIdenticallyAfterARestartAndAsOtherTyp
 {
     const QString path = UserDefaults::defaultFilePath();
     const QByteArray archived("\x04\x0bstreamtyped\x00\xff", 15);
-    const QVariantMap dictionary{{u"/Users/me/Library/Caches/app"_s, QVariantMap{{u"keep"_s, true}}}};
+    // Every value type a property list holds, nested, under keys of any text.
+    const QVariantMap dictionary{
+        {u"/Users/me/Library/Caches/app"_s, QVariantMap{{u"keep"_s, true}}},
+        {u"yes"_s, true},
+        {u"no"_s, false},
+        {u"negative"_s, qint64(-7)},
+        {u"big"_s, qint64(1) << 40},
+        {u"ratio"_s, 0.25},
+        {u"text"_s, u"Caf\u00e9 <&> \"quoted\""_s},
+        {u"empty text"_s, QString()},
+        {u"bytes"_s, QByteArray("\x00\x01\xff binary", 10)},
+        {u"when"_s, QDateTime(QDate(2010, 5, 4), QTime(3, 2, 1), Qt::UTC)},
+        {u"list"_s, QVariantList{u"a"_s, qint64(1), QVariantList{}}},
+        {u"dict"_s, QVariantMap{{u"inner"_s, QVariantMap{{u"deep"_s, true}}}, {u"none"_s, QVariantMap{}}}},
+    };
     {
         UserDefaults defaults(path);
         defaults.setBool(true, u"Flag"_s);
@@ -62,6 +77,7 @@ TEST_F(UserDefaultsTest, EveryTypeReadsBackIdenticallyAfterARestartAndAsOtherTyp
     EXPECT_EQ(stored.value(u"Flag"_s).typeId(), QMetaType::Bool);
     EXPECT_EQ(stored.value(u"Count"_s), qint64(16));
     EXPECT_EQ(stored.value(u"Empty"_s).typeId(), QMetaType::QVariantList);
+    EXPECT_EQ(stored.value(u"Dict"_s).toMap(), dictionary);
 
     const UserDefaults reopened(path);
     EXPECT_TRUE(reopened.boolForKey(u"Flag"_s));
