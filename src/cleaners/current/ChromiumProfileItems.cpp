@@ -37,14 +37,16 @@ QStringList withJournals(const QString& store)
 
 const QList<ProfileFiles>& files()
 {
-    // The sessions, the omnibox's and the predictor's visited pages, and the
-    // sites that bounced the browser on, all go with the history.
+    // The sessions, the omnibox's and the predictor's visited pages, the sites
+    // that bounced the browser on, and the features' shared store (the download
+    // service's list and the tabs' saved state name visited pages; the browser
+    // puts a download it finds there back into History) all go with the history.
     static const QList<ProfileFiles> rows{
         {ShredCache, ProfileFiles::Cache, kCaches},
         {ShredCache, ProfileFiles::Profile, kCaches},
         {ShredHistory, ProfileFiles::Profile,
-         QStringList{u"Sessions"_s, u"Sessions_Encrypted"_s, u"Visited Links"_s} + withJournals(u"Shortcuts"_s) +
-             withJournals(u"Network Action Predictor"_s) + withJournals(u"DIPS"_s)},
+         QStringList{u"Sessions"_s, u"Sessions_Encrypted"_s, u"Visited Links"_s, u"shared_proto_db"_s} +
+             withJournals(u"Shortcuts"_s) + withJournals(u"Network Action Predictor"_s) + withJournals(u"DIPS"_s)},
         {ShredPasswords, ProfileFiles::Profile,
          withJournals(u"Login Data"_s) + withJournals(u"Login Data For Account"_s)},
     };
