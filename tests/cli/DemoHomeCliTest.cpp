@@ -27,6 +27,9 @@ const QStringList kRewritten{
     u"Library/Mail/V2/MailData/Envelope Index"_s,
     u".config/mozilla/firefox/xy12ab34.default-esr/places.sqlite"_s,
     u".config/mozilla/firefox/xy12ab34.default-esr/cookies.sqlite"_s,
+    u".config/chromium/Default/History"_s,
+    u".config/chromium/Default/Cookies"_s,
+    u".config/chromium/Default/Preferences"_s,
     u"Library/Logs/Vantle X Log.txt"_s,
     u".config/com.orvick.vantle.plist"_s,
 };
@@ -64,8 +67,11 @@ TEST_F(DemoHomeCliTest, ARunErasesWhatTheDryRunListedAndKeepsTheRest)
         }
     }
     ASSERT_GT(listed.size(), 20) << qPrintable(dry.out);
-    // Today's Firefox on Linux is found too.
-    EXPECT_TRUE(listed.contains(u".cache/mozilla/firefox/xy12ab34.default-esr/cache2"_s)) << qPrintable(dry.out);
+    // Today's Firefox and Chromium on Linux are found too.
+    for (const QString& path :
+         {u".cache/mozilla/firefox/xy12ab34.default-esr/cache2"_s, u".config/chromium/Default/Sessions"_s,
+          u".config/chromium/Default/IndexedDB/https_www.example.com_0.indexeddb.leveldb"_s})
+        EXPECT_TRUE(listed.contains(path)) << qPrintable(path) << qPrintable(dry.out);
 
     const CliRun run = cli({u"shred"_s, u"--yes"_s, u"--quiet"_s});
     ASSERT_EQ(run.exitCode, 0) << qPrintable(run.err);
