@@ -38,14 +38,16 @@ QStringList withJournals(const QString& store)
 
 const QList<ProfileFiles>& files()
 {
-    // The sessions, the omnibox's and the predictor's visited pages, and the
-    // sites that bounced the browser on, all go with the history.
+    // The sessions, the omnibox's and the predictor's visited pages, the sites
+    // that bounced the browser on, and the store many features share (it keeps
+    // a copy of the download list and the pages it was taken from), all go with
+    // the history.
     static const QList<ProfileFiles> rows{
         {ShredCache, ProfileFiles::Cache, kCaches},
         {ShredCache, ProfileFiles::Profile, kCaches},
         {ShredHistory, ProfileFiles::Profile,
-         QStringList{u"Sessions"_s, u"Sessions_Encrypted"_s, u"Visited Links"_s} + withJournals(u"Shortcuts"_s) +
-             withJournals(u"Network Action Predictor"_s) + withJournals(u"DIPS"_s)},
+         QStringList{u"Sessions"_s, u"Sessions_Encrypted"_s, u"Visited Links"_s, u"shared_proto_db"_s} +
+             withJournals(u"Shortcuts"_s) + withJournals(u"Network Action Predictor"_s) + withJournals(u"DIPS"_s)},
         {ShredPasswords, ProfileFiles::Profile,
          withJournals(u"Login Data"_s) + withJournals(u"Login Data For Account"_s)},
     };

@@ -27,12 +27,12 @@ class CleanerContext;
 namespace LevelDbRewrite {
 
 enum class Status {
-    Rewritten,  // (a dry run: would be)
-    Unchanged,  // every entry is kept
-    InUse,      // the browser has the database open
-    Unreadable, // it does not open, or an entry fails its checksum
+    Rewritten,   // (a dry run: would be)
+    Unchanged,   // every entry is kept
+    InUse,       // the browser has the database open
+    Unreadable,  // it does not open, or an entry fails its checksum
     NotReplaced, // the new database did not read back the kept entries
-    Failed,     // copying, writing or renaming failed
+    Failed,      // copying, writing or renaming failed
 };
 
 struct Result {
