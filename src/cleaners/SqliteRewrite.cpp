@@ -20,9 +20,14 @@ namespace SqliteRewrite {
 
 namespace {
 
-bool hasContent(const QString& path)
+// As SQLite itself judges it: a journal that a committed transaction left in
+// place has its header zeroed (journal_mode PERSIST keeps the file), and only
+// one whose first byte is set still holds a write to roll back.
+bool isHotJournal(const QString& path)
 {
-    return QFileInfo(path).size() > 0;
+    QFile journal(path);
+    char first = 0;
+    return journal.open(QIODevice::ReadOnly) && journal.getChar(&first) && first != 0;
 }
 
 struct WorkFiles {
@@ -32,9 +37,10 @@ struct WorkFiles {
         , oldCopy(path + u".vantlex-old"_s)
         , oldLog(oldCopy + u"-wal"_s)
         , oldIndex(oldCopy + u"-shm"_s)
+        , oldJournal(oldCopy + u"-journal"_s)
     {
     }
-    QString copy, rewritten, oldCopy, oldLog, oldIndex;
+    QString copy, rewritten, oldCopy, oldLog, oldIndex, oldJournal;
 };
 
 Result failure(Status status, const QString& detail)
@@ -83,7 +89,7 @@ public:
             return failure(Status::Failed, u"no such file"_s);
         // Another program's unfinished write, which opening would roll back.
         for (const QString& path : livePaths()) {
-            if (hasContent(path + u"-journal"_s))
+            if (isHotJournal(path + u"-journal"_s))
                 return failure(Status::InUse, u"hot journal"_s);
         }
         SqliteConnection live;
@@ -228,8 +234,10 @@ private:
         const QVariantList checkpoint = live.firstRow(u"PRAGMA wal_checkpoint(FULL)"_s);
         if (checkpoint.isEmpty() || checkpoint.first().toLongLong() != 0)
             return failure(live);
+        // A persisted rollback journal still holds pages of the old database.
         const std::pair<QString, QString> moves[]{{mPath + u"-wal"_s, mFiles.oldLog},
-                                                  {mPath + u"-shm"_s, mFiles.oldIndex}};
+                                                  {mPath + u"-shm"_s, mFiles.oldIndex},
+                                                  {mPath + u"-journal"_s, mFiles.oldJournal}};
         QString stuck;
         for (const auto& [from, to] : moves) {
             // A plain rename: a copy in its place would leave the log's blocks unerased.
@@ -239,7 +247,7 @@ private:
                 break;
             }
         }
-        for (const QString& old : {mFiles.oldLog, mFiles.oldIndex}) {
+        for (const QString& old : {mFiles.oldLog, mFiles.oldIndex, mFiles.oldJournal}) {
             if (QFileInfo::exists(old))
                 mContext.queue(old);
         }
@@ -270,7 +278,7 @@ private:
 
     void sweepLeftovers()
     {
-        for (const QString& old : {mFiles.oldCopy, mFiles.oldLog, mFiles.oldIndex})
+        for (const QString& old : {mFiles.oldCopy, mFiles.oldLog, mFiles.oldIndex, mFiles.oldJournal})
             mContext.queueLeftover(old);
         DatabaseFiles::eraseWorkDatabase(mContext.eraseQueue(), mFiles.copy);
         DatabaseFiles::eraseWorkDatabase(mContext.eraseQueue(), mFiles.rewritten);

@@ -26,8 +26,9 @@ const QList<ChromiumLocation> kLinux{
     {WatchedApp::currentOpera, u"~/.config/opera-developer"_s, u"~/.cache/opera-developer"_s},
 };
 
+// Google Chrome's own folder is left to the older Chrome cleaners, which edit
+// the same Local State and Preferences.
 const QList<ChromiumLocation> kMacOS{
-    {WatchedApp::chrome, u"~/Library/Application Support/Google/Chrome"_s, u"~/Library/Caches/Google/Chrome"_s},
     {WatchedApp::chrome, u"~/Library/Application Support/Chromium"_s, u"~/Library/Caches/Chromium"_s},
     {WatchedApp::brave, u"~/Library/Application Support/BraveSoftware/Brave-Browser"_s,
      u"~/Library/Caches/BraveSoftware/Brave-Browser"_s},

@@ -42,11 +42,9 @@ TEST_F(ControllerRunTest, ARunErasesWhatTheCleanersFoundAndLogsEveryStageInTheDi
     EXPECT_FALSE(controller().isRunInProgress());
 
     const QStringList log = logLines();
-    ASSERT_GE(log.size(), 8);
-    EXPECT_EQ(log[0], u"Vantle v%1 (%2) Initiated"_s.arg(QStringLiteral(VANTLE_TEST_VERSION), u"1"_s));
-    EXPECT_EQ(log[1], QString());
-    EXPECT_EQ(log[2], u"User selected YES in Confirm dialog"_s);
-    EXPECT_EQ(log[3], QString());
+    EXPECT_EQ(log.mid(0, 4),
+              (QStringList{u"Vantle v%1 (%2) Initiated"_s.arg(QStringLiteral(VANTLE_TEST_VERSION), u"1"_s), QString(),
+                           u"User selected YES in Confirm dialog"_s, QString()}));
     EXPECT_TRUE(log.contains(u"Shred: ~/Library/Caches/Safari"_s));
     const qsizetype start = log.indexOf(u"Start Shredding Now"_s);
     ASSERT_GT(start, 0);
@@ -106,28 +104,15 @@ TEST_F(ControllerRunTest, TheConfirmationNamesTheCategoriesAndCancelReturnsToIdl
 
 TEST_F(ControllerRunTest, EachRunningApplicationHasItsOwnCleanersPassedOverAndAllButThunderbirdThePlugins)
 {
-    // The groups passed over while the application alone runs; Mozilla and SeaMonkey count for each other.
-    const QHash<QByteArray, QStringList> passedOver{{"/Safari.app", {u"Safari"_s}},
-                                                    {"/Internet Explorer.app", {u"Internet Explorer"_s}},
-                                                    {"/iCab.app", {u"iCab"_s}},
-                                                    {"/Mozilla.app", {u"Mozilla"_s, u"SeaMonkey"_s}},
-                                                    {"/Netscape.app", {u"Mozilla"_s}},
-                                                    {"/SeaMonkey.app", {u"Mozilla"_s, u"SeaMonkey"_s}},
-                                                    {"/Opera.app", {u"Opera"_s, u"Opera (current versions)"_s}},
-                                                    {"/OmniWeb.app", {u"OmniWeb"_s}},
-                                                    {"/Mail.app", {u"Mail"_s}},
-                                                    {"/Eudora.app", {u"Eudora"_s}},
-                                                    {"/Postbox.app", {u"Postbox"_s}},
-                                                    {"/Camino.app", {u"Camino"_s}},
-                                                    {"/Firefox.app", {u"Firefox"_s}},
-                                                    {"/Thunderbird.app", {u"Thunderbird"_s}},
-                                                    {"/Shiira.app", {u"Shiira"_s}},
-                                                    {"/Flock.app", {u"Flock"_s}},
-                                                    {"/Google Chrome.app", {u"Chrome"_s}},
-                                                    {"/Brave Browser.app", {u"Brave"_s}},
-                                                    {"/Vivaldi.app", {u"Vivaldi"_s}},
-                                                    {"/Microsoft Edge.app", {u"Microsoft Edge"_s}},
-                                                    {"/usr/bin/opera", {u"Opera (current versions)"_s}}};
+    // The group passed over while the application alone runs is the one of its name, but for these;
+    // Mozilla and SeaMonkey count for each other.
+    const QHash<QByteArray, QStringList> namedOtherwise{{"/Mozilla.app", {u"Mozilla"_s, u"SeaMonkey"_s}},
+                                                        {"/Netscape.app", {u"Mozilla"_s}},
+                                                        {"/SeaMonkey.app", {u"Mozilla"_s, u"SeaMonkey"_s}},
+                                                        {"/Opera.app", {u"Opera"_s, u"Opera (current versions)"_s}},
+                                                        {"/Google Chrome.app", {u"Chrome"_s}},
+                                                        {"/Brave Browser.app", {u"Brave"_s}},
+                                                        {"/usr/bin/opera", {u"Opera (current versions)"_s}}};
     controller().applicationDidFinishLaunching();
     QList<QByteArray> all;
     for (const ProcessScan::WatchedPattern& application : ProcessScan::watchedPatterns()) {
@@ -135,7 +120,9 @@ TEST_F(ControllerRunTest, EachRunningApplicationHasItsOwnCleanersPassedOverAndAl
         commands.processes = {application.pattern ? "/Applications" + pattern + "/Contents/MacOS/x" : pattern};
         all += commands.processes;
         ASSERT_TRUE(runAndWait([](Controller& c) { c.shred(); }));
-        EXPECT_EQ(controller().lastPlan().passedOver, passedOver.value(pattern)) << pattern.constData();
+        EXPECT_EQ(controller().lastPlan().passedOver,
+                  namedOtherwise.value(pattern, {QString::fromLatin1(pattern.mid(1).chopped(4))}))
+            << pattern.constData();
         const bool takesPlugins = application.flag == WatchedApp::thunderbird || application.flag >= WatchedApp::brave;
         EXPECT_EQ(logLines().contains(u"Plugin Cache"_s), takesPlugins) << pattern.constData();
     }
@@ -155,11 +142,11 @@ TEST_F(ControllerRunTest, EachRunningApplicationHasItsOwnCleanersPassedOverAndAl
 
 TEST_F(ControllerRunTest, AJunkMailboxIsErasedAndMadeAgainEmpty)
 {
+    // What the cleaner queues is its own suite's; here the run carries out the queue's touch.
     set(PreferenceKey::ShredAppleMailJunk, true);
     const QString local = u"Library/Thunderbird/Profiles/x9.default/Mail/Local Folders/"_s;
     home.write(local + u"Junk"_s, "spam message");
     home.write(local + u"Junk.msf"_s, "junk summary");
-    home.write(local + u"Trash"_s, "deleted message");
     home.write(local + u"Inbox"_s, "kept message");
     defaults.setObject(QVariantMap{{home.file(u"Library/Thunderbird/Profiles"_s), QVariantList{u"x9.default"_s}}},
                        u"ProfilesMenuDict"_s);
@@ -170,7 +157,6 @@ TEST_F(ControllerRunTest, AJunkMailboxIsErasedAndMadeAgainEmpty)
     EXPECT_TRUE(junk.isFile());
     EXPECT_EQ(junk.size(), 0);
     EXPECT_FALSE(QFileInfo::exists(home.file(local + u"Junk.msf"_s)));
-    EXPECT_FALSE(QFileInfo::exists(home.file(local + u"Trash"_s)));
     EXPECT_EQ(home.read(local + u"Inbox"_s), "kept message");
 }
 
@@ -190,17 +176,14 @@ TEST_F(ControllerRunTest, ASessionEndingRunLooksAtThePluginsAndQuickTimeAndSends
     EXPECT_FALSE(logLines().contains(u"Quicktime Cache"_s));
     ASSERT_TRUE(runAndWait([](Controller& c) { c.shredAndNothing(); }));
     EXPECT_EQ(sessionEnd.events.size(), 2);
-}
 
-TEST_F(ControllerRunTest, OkInTheQuitBrowsersAlertErasesWhatBelongsToApplicationsThatDidQuit)
-{
+    // OK in the quit-browsers alert erases what belongs to the applications that did quit.
     quitter.running = 2;
     home.write(u"Library/Caches/Safari/cache.db"_s, "cached");
-    controller().applicationDidFinishLaunching();
     ASSERT_TRUE(runAndWait([](Controller& c) { c.shredAndShutdown(); }));
     EXPECT_EQ(view.alerts.size(), 1);
     EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Safari/cache.db"_s)));
-    EXPECT_EQ(sessionEnd.events, QStringList{u"shut"_s});
+    EXPECT_EQ(sessionEnd.events.last(), u"shut"_s);
 }
 
 TEST_F(ControllerRunTest, ADryRunFindsButChangesNothingQuitsNoApplicationAndEndsNoSession)
@@ -217,7 +200,7 @@ TEST_F(ControllerRunTest, ADryRunFindsButChangesNothingQuitsNoApplicationAndEnds
     EXPECT_TRUE(sessionEnd.events.isEmpty());
 }
 
-TEST_F(ControllerRunTest, QuittingWhileTheRunIsFindingQuitsAtOnceAndShredsNothing)
+TEST_F(ControllerRunTest, QuittingWhileTheRunIsFindingQuitsAtOnceAndShredsNothingAndRefusesANewRun)
 {
     quitter.running = 2;
     view.quitAlertAnswer = 0;
@@ -236,14 +219,10 @@ TEST_F(ControllerRunTest, QuittingWhileTheRunIsFindingQuitsAtOnceAndShredsNothin
 
     EXPECT_EQ(home.read(u"Library/Caches/Safari/cache.db"_s), "cached");
     EXPECT_TRUE(sessionEnd.events.isEmpty());
-}
 
-TEST_F(ControllerRunTest, QuittingWaitsForTheShreddingStage)
-{
+    // Once a quit was asked for when idle, a new run is refused and the quit answered.
     controller().applicationDidFinishLaunching();
     EXPECT_EQ(controller().applicationShouldTerminate(), Controller::TerminateReply::Now);
-
-    // Once a quit was asked for, a new run is refused and the quit answered.
     controller().shred();
     EXPECT_EQ(logLines().first(), u"Vantle *not* Initiated - application needs to terminate"_s);
     EXPECT_EQ(view.terminateReplies, QList<bool>{true});

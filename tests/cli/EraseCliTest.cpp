@@ -1,4 +1,5 @@
 #include "cli/CliFixture.h"
+#include "cli/RunAccounting.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -8,21 +9,9 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
+using EraseCliTest = CliFixture;
 
-class EraseCliTest : public CliFixture {
-protected:
-    QStringList homeListing() const
-    {
-        QStringList names = QDir(home.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
-        names.removeAll(u".config"_s);
-        return names;
-    }
-};
-
-} // namespace
-
-TEST_F(EraseCliTest, ErasesWhatItIsGivenAndWarnsAboutWhatIsMissing)
+TEST_F(EraseCliTest, ErasesWhatItIsGivenAsTheLinksOnItsWayLeadAndWarnsAboutWhatIsMissing)
 {
     home.write(u"Library/Caches/Browser/Cache.db"_s, QByteArray(50000, 'c'));
     home.write(u"Library/Cookies/Cookies.plist"_s, "cookies");
@@ -44,26 +33,8 @@ TEST_F(EraseCliTest, ErasesWhatItIsGivenAndWarnsAboutWhatIsMissing)
     EXPECT_EQ(second.exitCode, 0);
     EXPECT_TRUE(second.err.isEmpty());
     EXPECT_TRUE(QDir(home.file(u"Library/Cookies"_s)).isEmpty());
-}
 
-TEST_F(EraseCliTest, RefusesTheRootTheHomeAndWhatHoldsItWithoutTouchingAnything)
-{
-    home.write(u"Library/Caches/x"_s, "x");
-    ASSERT_TRUE(QFile::link(home.path(), home.file(u"Library/Caches/link to home"_s)));
-    const QStringList before = homeListing();
-
-    for (const QString& target : {u"/"_s, home.path(), home.path() + u"/"_s, home.file(u"Library/.."_s),
-                                  QFileInfo(home.path()).absolutePath(), home.file(u"Library/Caches/link to home"_s)}) {
-        const CliRun run = cli({u"erase"_s, home.file(u"Library/Caches/x"_s), target});
-        EXPECT_EQ(run.exitCode, 2) << qPrintable(target);
-        EXPECT_EQ(run.err.count(u'\n'), 2) << qPrintable(run.err);
-    }
-    EXPECT_EQ(homeListing(), before);
-    EXPECT_EQ(home.read(u"Library/Caches/x"_s), "x");
-}
-
-TEST_F(EraseCliTest, ADotDotAfterALinkGoesUpFromWhereTheLinkPoints)
-{
+    // A dot-dot after a link goes up from where the link points.
     home.write(u"a/x"_s, "kept");
     home.write(u"b/c/placeholder"_s, "");
     home.write(u"b/x"_s, "to erase");
@@ -84,13 +55,29 @@ TEST_F(EraseCliTest, ADotDotAfterALinkGoesUpFromWhereTheLinkPoints)
     EXPECT_FALSE(listing.contains(u"/a/c"_s)) << qPrintable(listing);
 }
 
+TEST_F(EraseCliTest, RefusesTheRootTheHomeAndWhatHoldsItWithoutTouchingAnything)
+{
+    home.write(u"Library/Caches/x"_s, "x");
+    ASSERT_TRUE(QFile::link(home.path(), home.file(u"Library/Caches/link to home"_s)));
+    const HomeSnapshot before(home.path(), {});
+
+    for (const QString& target : {u"/"_s, home.path(), home.path() + u"/"_s, home.file(u"Library/.."_s),
+                                  QFileInfo(home.path()).absolutePath(), home.file(u"Library/Caches/link to home"_s)}) {
+        const CliRun run = cli({u"erase"_s, home.file(u"Library/Caches/x"_s), target});
+        EXPECT_EQ(run.exitCode, 2) << qPrintable(target);
+        EXPECT_EQ(run.err.count(u'\n'), 2) << qPrintable(run.err);
+    }
+    EXPECT_EQ(before.goneOutside({}), QStringList());
+    EXPECT_EQ(before.changedOutside({}, {u".config/"_s}), QStringList());
+}
+
 TEST_F(EraseCliTest, UsesTheStoredSettingsAndTimesTheOverwritingOnlyWhenAsked)
 {
     home.write(u"target"_s, "original");
     home.write(u"erased"_s, "original");
     ASSERT_TRUE(QFile::link(home.file(u"target"_s), home.file(u"link"_s)));
-    ASSERT_EQ(cli({u"prefs"_s, u"set"_s, u"OverwritePattern"_s, u"5"_s}).exitCode, 0);
-    ASSERT_EQ(cli({u"prefs"_s, u"set"_s, u"NumberOfWrites"_s, u"2"_s}).exitCode, 0);
+    configure(
+        {{u"prefs"_s, u"set"_s, u"OverwritePattern"_s, u"5"_s}, {u"prefs"_s, u"set"_s, u"NumberOfWrites"_s, u"2"_s}});
 
     // The file is overwritten with the chosen pattern (seen through a descriptor
     // held open); a link is removed as a link and its target left alone.

@@ -8,6 +8,7 @@
 
 #include <QElapsedTimer>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QThread>
 
@@ -173,17 +174,11 @@ protected:
                }) < 0;
     }
 
-    // The processes that work on this home: a killed run's child must not outlive it.
-    QList<int> processesInHome() const
+    // The processes that work on this home, one line each: a killed run's child must not outlive it.
+    QString processesInHome() const
     {
-        QList<int> found;
-        for (const QString& entry : QDir(u"/proc"_s).entryList(QDir::Dirs)) {
-            QFile commandLine(u"/proc/%1/cmdline"_s.arg(entry));
-            if (entry.toInt() > 0 && commandLine.open(QIODevice::ReadOnly) &&
-                commandLine.readAll().contains(QFile::encodeName(home.path())))
-                found.append(entry.toInt());
-        }
-        return found;
+        return QString::fromUtf8(
+            ChildProcess::run(u"pgrep"_s, {u"-af"_s, QRegularExpression::escape(home.path())}).standardOutput);
     }
 };
 
@@ -232,7 +227,7 @@ TEST_F(InterruptedRunCliTest, NothingKeptIsDamagedNothingElseIsGoneAndTheNextRun
             ++killed;
         for (int i = 0; i < 100 && !processesInHome().isEmpty(); ++i)
             QThread::msleep(10);
-        EXPECT_EQ(processesInHome(), QList<int>());
+        EXPECT_EQ(processesInHome(), QString());
 
         QueuedPaths queued = dryRun;
         queued.addLog(home.read(kLog), home.path());

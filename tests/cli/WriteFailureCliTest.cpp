@@ -182,9 +182,9 @@ TEST_F(WriteFailureCliTest, ReadOnlyFoldersAndFilesAreLeftWithTheReasonAndTheRun
 
     // A folder of the user's own and a folder inside it, both given: the inner one counts with the outer.
     const QString editor = home.file(u"Applications/Editor.app"_s);
-    ASSERT_EQ(cli({u"custom"_s, u"add-process"_s, editor}).exitCode, 0);
-    ASSERT_EQ(cli({u"custom"_s, u"add-path"_s, editor, home.file(u"Drafts/inner"_s)}).exitCode, 0);
-    ASSERT_EQ(cli({u"custom"_s, u"add-path"_s, editor, home.file(u"Drafts"_s)}).exitCode, 0);
+    configure({{u"custom"_s, u"add-process"_s, editor},
+               {u"custom"_s, u"add-path"_s, editor, home.file(u"Drafts/inner"_s)},
+               {u"custom"_s, u"add-path"_s, editor, home.file(u"Drafts"_s)}});
     home.write(u"Drafts/a.txt"_s, QByteArray(1000, 'a'));
     home.write(u"Drafts/inner/b.txt"_s, QByteArray(2000, 'b'));
     // Opera runs (old or today's, the bundle does not tell): its cache stays.

@@ -64,16 +64,9 @@ public:
 
 class RecordingDisplay final : public EraseDisplay {
 public:
-    void showProgress(double percent) override
-    {
-        progress.append(percent);
-        onMainThread &= QThread::currentThread() == mainThread;
-    }
-    void showFileName(const QString& name) override
-    {
-        names.append(name);
-        onMainThread &= QThread::currentThread() == mainThread;
-    }
+    void showProgress(double percent) override { progress.append(percent), record(); }
+    void showFileName(const QString& name) override { names.append(name), record(); }
+    void record() { onMainThread &= QThread::currentThread() == mainThread; }
 
     QThread* mainThread = QThread::currentThread();
     QList<double> progress;

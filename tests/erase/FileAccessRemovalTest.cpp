@@ -18,6 +18,7 @@
 
 #include <atomic>
 #include <climits>
+#include <functional>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -45,7 +46,20 @@ protected:
         return left;
     }
 
-    void setMode(const QString& relative, mode_t mode) const { ::chmod(path(relative).constData(), mode); }
+    void setModes(const QList<std::pair<QString, mode_t>>& modes) const
+    {
+        for (const auto& [relative, mode] : modes)
+            ::chmod(path(relative).constData(), mode);
+    }
+
+    // The activity log of what erase does.
+    QByteArray logOf(const std::function<void()>& erase) const
+    {
+        ActivityLog::openLog(home.file(u"log.txt"_s));
+        erase();
+        ActivityLog::closeLog();
+        return home.read(u"log.txt"_s);
+    }
 };
 
 } // namespace
@@ -187,8 +201,7 @@ TEST_F(RemovalTest, OnlyWhatWasListedIsErasedAndNothingIsOpenedToOthers)
     home.write(u"outside/thesis.txt"_s, "precious");
     home.write(u"outside/folder/notes.txt"_s, "notes");
     home.write(u"Documents/keep.txt"_s, "kept by its other name");
-    setMode(u"outside/thesis.txt"_s, 0600);
-    setMode(u"outside/folder"_s, 0700);
+    setModes({{u"outside/thesis.txt"_s, 0600}, {u"outside/folder"_s, 0700}});
     home.write(u"Cache/readonly.txt"_s, "ro");
     home.write(u"Cache/locked/inner.txt"_s, "inner");
     home.write(u"Cache/swapped.txt"_s, QByteArray(300000, 's'));
@@ -196,9 +209,7 @@ TEST_F(RemovalTest, OnlyWhatWasListedIsErasedAndNothingIsOpenedToOthers)
     ASSERT_TRUE(QFile::link(home.file(u"outside/folder"_s), home.file(u"Cache/folder link"_s)));
     ASSERT_EQ(::link(path(u"Documents/keep.txt"_s).constData(), path(u"Cache/hard link"_s).constData()), 0);
     ASSERT_EQ(::mkfifo(path(u"Cache/fifo"_s).constData(), 0600), 0);
-    setMode(u"Cache/readonly.txt"_s, 0444);
-    setMode(u"Cache/locked/inner.txt"_s, 0444);
-    setMode(u"Cache/locked"_s, 0555);
+    setModes({{u"Cache/readonly.txt"_s, 0444}, {u"Cache/locked/inner.txt"_s, 0444}, {u"Cache/locked"_s, 0555}});
     // The user moved a browser's cache to another disk and left a link: it is erased there.
     home.write(u"elsewhere/Firefox/Cache/entry"_s, "cached");
     home.write(u"elsewhere/Firefox/kept.txt"_s, "kept");
@@ -229,10 +240,8 @@ TEST_F(RemovalTest, OnlyWhatWasListedIsErasedAndNothingIsOpenedToOthers)
                       ::symlink(path(u"outside/thesis.txt"_s).constData(), file.constData()) == 0;
         }
     });
-    ActivityLog::openLog(home.file(u"log.txt"_s));
     QStringList paths{home.file(u"Cache"_s), home.file(u"Library/Caches/Firefox/Cache"_s)};
-    access.shredDroppedFile(paths);
-    ActivityLog::closeLog();
+    const QByteArray log = logOf([&] { access.shredDroppedFile(paths); });
 
     EXPECT_TRUE(swapped);
     EXPECT_EQ(leftInHome(), (QStringList{u"Documents"_s, u"Documents/keep.txt"_s, u"Library"_s, u"Library/Caches"_s,
@@ -245,9 +254,8 @@ TEST_F(RemovalTest, OnlyWhatWasListedIsErasedAndNothingIsOpenedToOthers)
     EXPECT_EQ(home.read(u"elsewhere/Firefox/kept.txt"_s), "kept");
     for (const QString& relative : outside)
         EXPECT_EQ(statOf(path(relative)).st_mode, modes[statOf(path(relative)).st_ino]) << qPrintable(relative);
-    EXPECT_TRUE(home.read(u"log.txt"_s)
-                    .contains(" Shred (its folder is a link; erased where it leads): " +
-                              path(u"elsewhere/Firefox/Cache"_s) + '\n'));
+    EXPECT_TRUE(log.contains(
+        " Shred (its folder is a link; erased where it leads): " + path(u"elsewhere/Firefox/Cache"_s) + '\n'));
     const EraseTally& tally = access.tally();
     ASSERT_EQ(tally.errors.size(), 1);
     EXPECT_EQ(tally.errors[0].code, Code::OtherNames);
@@ -341,7 +349,6 @@ TEST_F(RemovalTest, HoldingFoldersAnInterruptedRunLeftBesideThePathsAreErasedFir
     for (const QString& file : kept)
         home.write(file, "mine");
     home.write(u"Caches/Vantle X Items (7)"_s, "a file");
-    ActivityLog::openLog(home.file(u"run.log"_s));
 
     RecordingDisplay display;
     FileAccess& access = engine(eraseSettings(2), &display);
@@ -350,10 +357,9 @@ TEST_F(RemovalTest, HoldingFoldersAnInterruptedRunLeftBesideThePathsAreErasedFir
         overwritten.append(FileTree::lastComponent(file));
     });
     QStringList paths{home.file(u"Caches/site.db"_s), home.file(u"Gone/cache"_s)};
-    access.shredDroppedFile(paths);
-    ActivityLog::closeLog();
+    const QByteArray log = logOf([&] { access.shredDroppedFile(paths); });
 
-    QStringList expected{u"Caches"_s, u"Caches/Vantle X Items (7)"_s, u"Gone"_s, u"Other"_s, u"run.log"_s};
+    QStringList expected{u"Caches"_s, u"Caches/Vantle X Items (7)"_s, u"Gone"_s, u"Other"_s, u"log.txt"_s};
     for (const QString& file : kept)
         expected << file << file.section(u'/', 0, -2);
     expected.sort();
@@ -361,7 +367,7 @@ TEST_F(RemovalTest, HoldingFoldersAnInterruptedRunLeftBesideThePathsAreErasedFir
     for (const QByteArray name : {"Ab3dEf7hIj", "St5uVw7xYz", "Zz1yXx2wVv"})
         EXPECT_TRUE(overwritten.contains(name)) << name.constData();
     for (const QString& folder : leftOvers)
-        EXPECT_TRUE(home.read(u"run.log"_s).contains(" Shred (left by an interrupted run): " + path(folder) + '\n'));
+        EXPECT_TRUE(log.contains(" Shred (left by an interrupted run): " + path(folder) + '\n'));
     // They count in the progress, which ends at 100.
     EXPECT_EQ(display.progress[display.progress.size() - 2], 100.0);
 }
@@ -384,10 +390,8 @@ TEST_F(RemovalTest, AStopEndsTheEraseBetweenItemsAndLeavesTheRestAsTheyWere)
             if (++passes == stopAtPass)
                 access.setStopRequested(true);
         });
-        ActivityLog::openLog(home.file(u"log.txt"_s));
         QStringList list = paths;
-        access.shredDroppedFile(list);
-        ActivityLog::closeLog();
+        const QByteArray log = logOf([&] { access.shredDroppedFile(list); });
 
         // Each item is erased whole or left exactly as it was: the last ones.
         QStringList untouched;
@@ -403,7 +407,7 @@ TEST_F(RemovalTest, AStopEndsTheEraseBetweenItemsAndLeavesTheRestAsTheyWere)
         EXPECT_EQ(access.tally().stopped, left != 0);
         const QByteArray said =
             " Shredding stopped by the user - " + QByteArray::number(left) + " items left as they were\n";
-        EXPECT_EQ(home.read(u"log.txt"_s).contains(said), left != 0) << stopAtPass;
+        EXPECT_EQ(log.contains(said), left != 0) << stopAtPass;
     }
 }
 
@@ -435,7 +439,7 @@ TEST_F(RemovalTest, WithoutPermissionItemsAreRemovedWherePossibleAndOthersLeftAs
     if (::geteuid() != 0)
         GTEST_SKIP() << "needs root to act as another user";
     const uid_t nobody = 65534;
-    setMode(u""_s, 0755);
+    setModes({{u""_s, 0755}});
     // A folder the user owns holding a file it may not open, a read-only file and
     // a read-only folder; a file it may write but not remove; root's folder in
     // the user's, which the user may not move.
@@ -447,9 +451,7 @@ TEST_F(RemovalTest, WithoutPermissionItemsAreRemovedWherePossibleAndOthersLeftAs
     for (const QString& relative : {u"p"_s, u"p/w"_s, u"p/w/readonly.txt"_s, u"p/w/locked"_s, u"p/w/locked/inner.txt"_s,
                                     u"r/writable.txt"_s, u"s"_s})
         ::chown(path(relative).constData(), nobody, nobody);
-    setMode(u"p/w/readonly.txt"_s, 0444);
-    setMode(u"p/w/locked/inner.txt"_s, 0444);
-    setMode(u"p/w/locked"_s, 0555);
+    setModes({{u"p/w/readonly.txt"_s, 0444}, {u"p/w/locked/inner.txt"_s, 0444}, {u"p/w/locked"_s, 0555}});
     // Held open, to see what became of the contents once the names are gone
     // (a second name would keep the erase from overwriting them).
     const int theirs = ::open(path(u"p/w/theirs.txt"_s).constData(), O_RDONLY);
@@ -463,10 +465,10 @@ TEST_F(RemovalTest, WithoutPermissionItemsAreRemovedWherePossibleAndOthersLeftAs
     const mode_t writableMode = statOf(path(u"r/writable.txt"_s)).st_mode;
 
     FileAccess& access = engine(eraseSettings(2, 3));
-    ActivityLog::openLog(home.file(u"log.txt"_s));
-    EXPECT_EXIT(eraseAsNobody(access, {path(u"p/w"_s), path(u"r/writable.txt"_s), path(u"s/roots"_s)}),
-                ::testing::ExitedWithCode(0), "");
-    ActivityLog::closeLog();
+    const QByteArray log = logOf([&] {
+        EXPECT_EXIT(eraseAsNobody(access, {path(u"p/w"_s), path(u"r/writable.txt"_s), path(u"s/roots"_s)}),
+                    ::testing::ExitedWithCode(0), "");
+    });
 
     EXPECT_EQ(contents(theirs), "owned by root");        // could not be opened: removed as it was
     EXPECT_EQ(contents(readonly), QByteArray(18, '\0')); // writable by its owner, overwritten, removed
@@ -477,7 +479,6 @@ TEST_F(RemovalTest, WithoutPermissionItemsAreRemovedWherePossibleAndOthersLeftAs
     EXPECT_EQ(statOf(path(u"r/writable.txt"_s)).st_mode, writableMode);
     EXPECT_EQ(home.read(u"s/roots/file"_s), "root's");
     // The log says why, once for each item.
-    const QByteArray log = home.read(u"log.txt"_s);
     EXPECT_EQ(log.count("Skip ("), 2) << log.constData();
     for (const QString& item : {u"r/writable.txt"_s, u"s/roots"_s})
         EXPECT_TRUE(log.contains(" Skip (Move failed: Permission denied): " + path(item) + '\n')) << log.constData();

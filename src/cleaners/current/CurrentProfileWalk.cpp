@@ -2,6 +2,7 @@
 
 #include "cleaners/CleanerContext.h"
 #include "cleaners/current/ProfileInUse.h"
+#include "erase/EraseQueue.h"
 #include "settings/ProfilesManager.h"
 
 #include <QFileInfo>
@@ -76,7 +77,10 @@ void runProfileFiles(CleanerContext& context, const QList<ProfileFiles>& rows, c
         for (const QString& name : row.names) {
             const QString path = folder + u'/' + name;
             const QFileInfo file(path);
-            if ((!file.exists() && !file.isSymLink()) || written.contains(path))
+            // An older cleaner of the same application may have queued it already
+            // (the macOS caches of Opera 17 and today's Opera are one folder).
+            if ((!file.exists() && !file.isSymLink()) || written.contains(path) ||
+                context.eraseQueue().paths().contains(path))
                 continue;
             written.append(path);
             context.shredOrSkipFullPath(on, path);

@@ -60,5 +60,6 @@ void walkCurrentProfiles(CleanerContext& context, const UserDefaults& defaults, 
 
 // A "Shred: " or "Skip: " line with the full path for each file of the rows
 // that exists, in the rows' order; "Shred: " queues it. Names found in both
-// folders of a profile that keeps its caches in itself are written once.
+// folders of a profile that keeps its caches in itself are written once, and
+// none that an earlier cleaner of the run has queued.
 void runProfileFiles(CleanerContext& context, const QList<ProfileFiles>& rows, const MozillaProfile& profile);
