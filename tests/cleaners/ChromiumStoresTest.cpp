@@ -6,10 +6,26 @@
 #include "support/TestDatabase.h"
 
 #include <QDir>
+#include <QDirIterator>
+
+#include <leveldb/db.h>
+
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+using Entries = std::map<std::string, std::string>;
+
+std::unique_ptr<leveldb::DB> openLevelDb(const QString& folder, bool create)
+{
+    leveldb::Options options;
+    options.create_if_missing = create;
+    leveldb::DB* db = nullptr;
+    EXPECT_TRUE(leveldb::DB::Open(options, QFile::encodeName(folder).toStdString(), &db).ok());
+    return std::unique_ptr<leveldb::DB>(db);
+}
 
 // A Chromium 156 profile, made from the browser's schemas: a bookmarked page, a
 // visited one and a download; their icons and an icon of no page; cookies,
@@ -63,7 +79,21 @@ protected:
         home.write(u".config/chromium/Local State"_s, R"({"StartupDNSPrefetchList":["gone.example"],"x":1})");
         home.write(kDefault + u"/IndexedDB/https_kept.example_0.indexeddb.leveldb/000003.log"_s, "kept");
         home.write(kDefault + u"/IndexedDB/https_gone.example_0.indexeddb.leveldb/000003.log"_s, "gone");
-        home.write(kDefault + u"/Local Storage/leveldb/000003.log"_s, "_https://kept.example\x00\x01k");
+        QDir().mkpath(profile() + u"/Local Storage"_s);
+        {
+            // Compacted into a table, compressed as the browser's are.
+            const auto db = openLevelDb(localStorage(), true);
+            for (const auto& [key, value] : localStorageEntries())
+                db->Put({}, key, value);
+            db->Put({}, std::string("_https://gone.example\0\x01k", 24), "gone");
+            db->Put({}, "METAACCESS:https://gone.example", "a");
+            db->CompactRange(nullptr, nullptr);
+        }
+        makeDatabase(
+            kDefault + u"/WebStorage/QuotaManager"_s, u"chromium156-QuotaManager.sql"_s,
+            u"INSERT INTO buckets VALUES (1, 'https://kept.example/', 'kept.example', '_default', 1, 5, 5, 0, 0,"
+            " 0, 0), (2, 'https://gone.example/', 'gone.example', '_default', 1, 5, 5, 0, 0, 0, 0);"_s);
+        home.write(kDefault + u"/WebStorage/2/CacheStorage/index"_s, "gone");
         home.write(kDefault + u"/Session Storage/000003.log"_s, "map-1-https://gone.example/");
         home.write(u".cache/chromium/Default/Cache/Cache_Data/index"_s, "https://gone.example/page");
         home.write(kDefault + u"/Sessions/Session_1"_s, "https://gone.example/page");
@@ -77,6 +107,23 @@ protected:
     }
 
     QString profile() const { return home.file(kDefault); }
+    QString localStorage() const { return profile() + u"/Local Storage/leveldb"_s; }
+    // The kept site's value is long enough to be compressed.
+    static Entries localStorageEntries()
+    {
+        return {{"VERSION", "1"},
+                {"META:https://kept.example", "m"},
+                {std::string("_https://kept.example\0\x01k", 24), std::string(4096, 'k')}};
+    }
+    Entries localStorageNow() const
+    {
+        Entries entries;
+        const auto db = openLevelDb(localStorage(), false);
+        const std::unique_ptr<leveldb::Iterator> it(db->NewIterator({}));
+        for (it->SeekToFirst(); it->Valid(); it->Next())
+            entries.emplace(it->key().ToString(), it->value().ToString());
+        return entries;
+    }
     ChromiumProfile chromium() const
     {
         return {home.file(u".config/chromium"_s), profile(), home.file(u".cache/chromium/Default"_s)};
@@ -152,8 +199,17 @@ TEST_F(ChromiumStoresTest, CookiesPasswordsCachesAndStorageOfSitesNotKeptWithADr
     html5->setEnabled();
     const QString p = profile() + u'/';
     const QStringList log = clean();
-    EXPECT_EQ(log.filter(u"Skip: "_s),
-              QStringList{u"Skip: "_s + p + u"Local Storage/leveldb (a kept site has data in it)"_s});
+    EXPECT_EQ(log.filter(u"Skip: "_s), QStringList{});
+    EXPECT_TRUE(log.contains(u"Shred: "_s + localStorage()) && log.contains(u"Shred: "_s + p + u"WebStorage/2"_s));
+    EXPECT_EQ(localStorageNow(), localStorageEntries());
+    QDirIterator table(localStorage(), {u"*.ldb"_s});
+    EXPECT_LT(QFileInfo(table.next()).size(), 4096) << "the table is not compressed";
+    EXPECT_EQ(rows(u"WebStorage/QuotaManager"_s, u"SELECT id, host FROM buckets"_s), QStringList{u"1|kept.example"_s});
+    EXPECT_FALSE(paths.contains(p + u"WebStorage/1"_s) || paths.contains(p + u"WebStorage"_s));
+    // The old database and every file the library gave up go to the erase engine, nothing else is left beside it.
+    EXPECT_TRUE(paths.contains(localStorage() + u".vantlex-rewritten"_s));
+    EXPECT_EQ(QDir(p + u"Local Storage"_s).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+              (QStringList{u"leveldb"_s, u"leveldb.vantlex-rewritten"_s}));
     for (const QString& erased : {chromium().cacheFolder + u"/Cache"_s, p + u"Login Data"_s, p + u"Sessions"_s,
                                   p + u"IndexedDB/https_gone.example_0.indexeddb.leveldb"_s, p + u"Session Storage"_s})
         EXPECT_TRUE(paths.contains(erased)) << qPrintable(erased);

@@ -3,6 +3,7 @@
 #include "cleaners/CleanerContext.h"
 #include "cleaners/JsonPreferenceEdit.h"
 #include "cleaners/PreferenceFileEdit.h"
+#include "cleaners/current/ChromiumSiteStorage.h"
 #include "cleaners/current/ChromiumStores.h"
 #include "cleaners/current/CurrentProfileWalk.h"
 #include "log/FailureLog.h"
@@ -53,9 +54,10 @@ const QList<ProfileFiles>& files()
     return rows;
 }
 
-// Site storage that cannot be split per site: erased whole unless a kept site
-// has data in it. The quota database (WebStorage) lists every site that stored
-// anything; the browser builds it again from the storage that is left.
+// Site storage that all sites share: erased whole unless a kept site has data
+// in it; then the local storage and the quota database (WebStorage) lose the
+// other sites, and the rest stays. The browser builds the quota database again
+// from the storage that is left when it is erased.
 const QStringList kSharedStorage{u"Local Storage/leveldb"_s, u"Session Storage"_s, u"File System"_s,
                                  u"Service Worker"_s, u"WebStorage"_s};
 
@@ -93,9 +95,10 @@ void siteStorage(CleanerContext& context, const QString& profileFolder)
         const QString path = profileFolder + u'/' + name;
         if (!QFileInfo(path).isDir())
             continue;
-        if (on && holdsKeptSite(path, kept))
-            context.log(u"Skip: %1 (a kept site has data in it)"_s.arg(path));
-        else
+        if (on && holdsKeptSite(path, kept)) {
+            if (!splitSiteStorage(context, profileFolder, name))
+                context.log(u"Skip: %1 (a kept site has data in it)"_s.arg(path));
+        } else
             context.shredOrSkipFullPath(on, path);
     }
 }
