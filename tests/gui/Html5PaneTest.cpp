@@ -14,6 +14,10 @@ protected:
     QListWidget* table() { return pane().findChild<QListWidget*>(u"mDomainTableView"_s); }
     QPushButton* button(const QString& name) { return pane().findChild<QPushButton*>(name); }
     QStringList savedDomains() { return saved(u"mDomainTableData"_s).toStringList(); }
+    bool domainsSaved(const QStringList& wanted)
+    {
+        return QTest::qWaitFor([&] { return savedDomains() == wanted; }, 3000);
+    }
 
     // Types text into the open editor of the table and presses Return.
     void typeIntoEditor(const QString& text)
@@ -51,21 +55,13 @@ TEST_F(Html5PaneTest, TheSwitchTurnsErasingOnAndRowsAreAddedEditedInPlaceAndRemo
     EXPECT_EQ(table()->item(2)->text(), u"newdomain.com"_s);
     EXPECT_EQ(savedDomains(), (QStringList{u"a.com"_s, u"b.org"_s}));
     typeIntoEditor(u"c.net"_s);
-    EXPECT_TRUE(QTest::qWaitFor(
-        [&] {
-            return savedDomains() == QStringList{u"a.com"_s, u"b.org"_s, u"c.net"_s};
-        },
-        3000));
+    EXPECT_TRUE(domainsSaved({u"a.com"_s, u"b.org"_s, u"c.net"_s}));
 
     table()->setFocus();
     table()->setCurrentRow(1);
     QTest::keyClick(table(), Qt::Key_F2);
     typeIntoEditor(u"kept.org"_s);
-    EXPECT_TRUE(QTest::qWaitFor(
-        [&] {
-            return savedDomains() == QStringList{u"a.com"_s, u"kept.org"_s, u"c.net"_s};
-        },
-        3000));
+    EXPECT_TRUE(domainsSaved({u"a.com"_s, u"kept.org"_s, u"c.net"_s}));
 
     table()->setCurrentRow(0);
     ASSERT_TRUE(button(u"mDeleteButton"_s)->isEnabled());
@@ -73,4 +69,11 @@ TEST_F(Html5PaneTest, TheSwitchTurnsErasingOnAndRowsAreAddedEditedInPlaceAndRemo
     EXPECT_EQ(savedDomains(), (QStringList{u"kept.org"_s, u"c.net"_s}));
     EXPECT_EQ(table()->count(), 2);
     EXPECT_EQ(table()->item(0)->text(), u"kept.org"_s);
+
+    // A deletion saves a pending added row too.
+    QTest::mouseClick(button(u"mAddButton"_s), Qt::LeftButton);
+    QTest::keyClick(table()->findChild<QLineEdit*>(), Qt::Key_Escape);
+    table()->setCurrentRow(0);
+    QTest::mouseClick(button(u"mDeleteButton"_s), Qt::LeftButton);
+    EXPECT_EQ(savedDomains(), (QStringList{u"c.net"_s, u"newdomain.com"_s}));
 }

@@ -79,12 +79,6 @@ TEST_F(SettingsWindowTest, ThePopUpsNeverOfferTheSeparatorAndStoreOnlyTheirOwnCh
     for (QComboBox* menu : {passes, pattern})
         EXPECT_FALSE(qobject_cast<QStandardItemModel*>(menu->model())->item(1)->isEnabled());
 
-    // A change elsewhere on the panel leaves both stored indexes alone.
-    toggle(box(u"Erasing"_s, u"ShredCookies"_s));
-    ASSERT_EQ(saved(u"ShredCookies"_s), QVariant(true));
-    EXPECT_EQ(saved(u"NumberOfWrites"_s), QVariant(qint64(1)));
-    EXPECT_EQ(Preferences::objectForKey(u"OverwritePattern"_s), QVariant(qint64(7)));
-
     // From the first item the next choice down skips the separator; a choice stores that menu's index only.
     passes->setFocus();
     QTest::keyClick(passes, Qt::Key_Down);

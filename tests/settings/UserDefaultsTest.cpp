@@ -72,23 +72,22 @@ TEST_F(UserDefaultsTest, EveryTypeReadsBackIdenticallyAfterARestartAndAsOtherTyp
         ASSERT_TRUE(defaults.synchronize());
     }
 
-    // What a new process sees: the file itself.
-    const QVariantMap stored = fileContents(path);
-    EXPECT_EQ(stored.value(u"Flag"_s).typeId(), QMetaType::Bool);
-    EXPECT_EQ(stored.value(u"Count"_s), qint64(16));
-    EXPECT_EQ(stored.value(u"Empty"_s).typeId(), QMetaType::QVariantList);
-    EXPECT_EQ(stored.value(u"Dict"_s).toMap(), dictionary);
+    // What a new process sees: the file itself, every value of its own type.
+    const QVariantList list{u"Safari"_s, u"Mozilla"_s, u"Mozilla"_s};
+    EXPECT_EQ(fileContents(path), (QVariantMap{{u"Flag"_s, true},
+                                               {u"Count"_s, qint64(16)},
+                                               {u"Text"_s, u"Caf\u00e9 \"x\""_s},
+                                               {u"List"_s, list},
+                                               {u"Single"_s, QVariantList{u"only one"_s}},
+                                               {u"Empty"_s, QVariantList{}},
+                                               {u"Dict"_s, dictionary},
+                                               {u"Data"_s, archived}}));
 
     const UserDefaults reopened(path);
-    EXPECT_TRUE(reopened.boolForKey(u"Flag"_s));
-    EXPECT_EQ(reopened.integerForKey(u"Count"_s), 16);
     EXPECT_EQ(reopened.stringForKey(u"Text"_s), u"Caf\u00e9 \"x\""_s);
-    EXPECT_EQ(reopened.arrayForKey(u"List"_s), (QVariantList{u"Safari"_s, u"Mozilla"_s, u"Mozilla"_s}));
-    EXPECT_EQ(reopened.arrayForKey(u"Single"_s), QVariantList{u"only one"_s});
-    EXPECT_TRUE(reopened.objectForKey(u"Empty"_s).isValid());
+    EXPECT_EQ(reopened.arrayForKey(u"List"_s), list);
     EXPECT_EQ(reopened.dictionaryForKey(u"Dict"_s), dictionary);
     EXPECT_EQ(reopened.dataForKey(u"Data"_s), archived);
-    EXPECT_FALSE(reopened.objectForKey(u"Removed"_s).isValid());
 
     UserDefaults defaults(UserDefaults::defaultFilePath());
     defaults.setObject(u"12 apples"_s, u"S"_s);
