@@ -1,6 +1,7 @@
 // Today's Chromium-based browsers on a Linux and a macOS home: the profiles
-// Local State lists, the profiles in use or not selected, and a home without
-// them. What a profile's files become is ChromiumProfileItems' own matter.
+// Local State lists, and the walk's rules for every current browser (profiles
+// in use or not selected, applications without profiles). What a profile's
+// files become is ChromiumProfileItems' own matter.
 #include "cleaners/current/CurrentChromium.h"
 #include "cleaners/CleanerFixture.h"
 #include "cleaners/current/CurrentProfileWalk.h"
@@ -78,11 +79,9 @@ TEST_F(CurrentChromiumTest, LocalStateListsTheProfilesOfEachLocationOnce)
     makeFolder(u".config/opera/Default"_s);
 
     const QString chromeCache = home.file(u".cache/google-chrome"_s);
-    const QList<ChromiumProfile> googleChrome{profileIn(googleChromeFolder, chromeCache, u"Profile 1"_s),
-                                              profileIn(googleChromeFolder, chromeCache, u"Default"_s)};
-    EXPECT_EQ(ChromiumProfileList::listed(googleChromeFolder, chromeCache), googleChrome);
     const QList<ChromiumProfile> chrome{
-        googleChrome[0], googleChrome[1],
+        profileIn(googleChromeFolder, chromeCache, u"Profile 1"_s),
+        profileIn(googleChromeFolder, chromeCache, u"Default"_s),
         profileIn(home.file(u".config/chromium"_s), home.file(u".cache/chromium"_s), u"Default"_s),
         profileIn(home.file(u"Library/Application Support/Chromium"_s), home.file(u"Library/Caches/Chromium"_s),
                   u"Default"_s)};

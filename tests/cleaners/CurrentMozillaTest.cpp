@@ -1,6 +1,6 @@
 // Today's Firefox and Thunderbird on a Linux home: the profiles profiles.ini
-// lists, what each setting erases, the profiles in use, and a home without
-// them.
+// lists, what each setting erases, and how Mozilla's lock and processes say a
+// profile is in use. The walk's other rules are CurrentChromiumTest's.
 #include "cleaners/CleanerFixture.h"
 #include "cleaners/current/CurrentFirefox.h"
 #include "cleaners/current/CurrentThunderbird.h"
@@ -26,8 +26,6 @@ protected:
             CurrentThunderbird(context, defaults, procRoot).run();
         });
     }
-    void makeFolder(const QString& relative) const { QDir().mkpath(home.file(relative)); }
-
     // The user's processes as /proc lists them: none until a test adds one.
     const QString procRoot = home.file(u"proc"_s);
 };
@@ -59,7 +57,6 @@ TEST_F(CurrentMozillaTest, ProfilesIniListsEveryProfileKeptInsideItsFolder)
     const QList<MozillaProfile> expected{{firefox + u"/b2.work,2"_s, cache + u"/b2.work,2"_s},
                                          {firefox + u"/Profiles/a1.esr"_s, cache + u"/Profiles/a1.esr"_s},
                                          {absolute, absolute}};
-    EXPECT_EQ(ProfileList::listed(firefox, cache), expected);
     EXPECT_EQ(ProfileList::current(WatchedApp::firefox), expected);
     EXPECT_TRUE(ProfileList::current(WatchedApp::thunderbird).isEmpty());
     EXPECT_TRUE(ProfileList::listed(home.file(u".mozilla"_s), cache).isEmpty());
@@ -78,12 +75,11 @@ TEST_F(CurrentMozillaTest, EachSettingTakesItsFilesOfTheProfilesNotInUse)
           u"storage/default/moz-extension+++0a1b/idb/1.sqlite"_s})
         home.write(u".config/mozilla/firefox/ab.default-esr/"_s + name, "data");
     home.write(u".cache/mozilla/firefox/ab.default-esr/cache2/entries/0A1B"_s, "cached");
-    makeFolder(u".config/mozilla/firefox/cd.open"_s);
+    const QString cdOpen = home.file(u".config/mozilla/firefox/cd.open"_s);
+    QDir().mkpath(cdOpen);
     // Left by a browser that still runs: this test process.
-    QFile::link(u"127.0.0.1:+%1"_s.arg(::getpid()), home.file(u".config/mozilla/firefox/cd.open/lock"_s));
-    const QString inUse =
-        u"Skip: %1 (in use: its lock is held by process %2)"_s.arg(home.file(u".config/mozilla/firefox/cd.open"_s))
-            .arg(::getpid());
+    QFile::link(u"127.0.0.1:+%1"_s.arg(::getpid()), cdOpen + u"/lock"_s);
+    const QString inUse = u"Skip: %1 (in use: its lock is held by process %2)"_s.arg(cdOpen).arg(::getpid());
 
     const QString thunderbird = home.file(u".thunderbird/tb.default-default"_s);
     home.write(u".thunderbird/profiles.ini"_s, "[Profile0]\nIsRelative=1\nPath=tb.default-default\n");
@@ -131,7 +127,7 @@ TEST_F(CurrentMozillaTest, EachSettingTakesItsFilesOfTheProfilesNotInUse)
     EXPECT_EQ(touches,
               (QStringList{local + u"Junk"_s, thunderbird + u"/ImapMail/imap.example.com/[Gmail].sbd/Spam"_s}));
 
-    // Settings off, or the profile left out of the Profiles menu: nothing is queued.
+    // Settings off, or the applications running: nothing is queued.
     queue.takePaths();
     setAllKeys(false);
     html5.setEnabled();
@@ -139,27 +135,15 @@ TEST_F(CurrentMozillaTest, EachSettingTakesItsFilesOfTheProfilesNotInUse)
     EXPECT_TRUE(off.contains(u"Skip: "_s + firefox + u"/logins.json"_s)) << off.join(u'\n').toStdString();
     EXPECT_TRUE(off.contains(u"Skip: "_s + local + u"Junk"_s));
     EXPECT_TRUE(paths.isEmpty()) << paths.join(u'\n').toStdString();
-    const ProfilesManager::Menu& menu = profiles.menus()[ProfilesManager::Firefox];
-    ASSERT_EQ(menu.titles.value(1), firefox);
-    profiles.doProfileMenuItem(ProfilesManager::Firefox, 1);
-    // Thunderbird runs (its process name or its command's file name says so).
+    // Each runs: by its process name, or by its command's file name.
+    home.write(u"proc/4241/comm"_s, "firefox-esr\n");
     home.write(u"proc/4242/comm"_s, "GeckoMain\n");
     home.write(u"proc/4242/cmdline"_s, QByteArray("/usr/lib/thunderbird/thunderbird\0--name\0", 40));
     setAllKeys(true);
-    EXPECT_EQ(clean(), (QStringList{u"Firefox (current versions)"_s,
-                                    u"Skip: %1 (not selected in the Profiles menu)"_s.arg(firefox), inUse, QString(),
-                                    u"Thunderbird (current versions)"_s,
-                                    u"Skip: %1 (in use: thunderbird is running)"_s.arg(thunderbird), QString()}));
-    EXPECT_TRUE(paths.isEmpty());
-}
-
-TEST_F(CurrentMozillaTest, AHomeWithoutTodaysProfilesGetsNoLine)
-{
-    makeFolder(u"Library/Application Support/Firefox/Profiles/ab12cd34.default"_s);
-    home.write(u"proc/4242/comm"_s, "firefox-esr\n");
-    makeFolder(u".mozilla/firefox/ab12cd34.default"_s);
-    home.write(u".thunderbird/profiles.ini"_s, "[Profile0]\nIsRelative=1\nPath=never.made\n");
-    setAllKeys(true);
-    EXPECT_EQ(clean(), QStringList());
+    EXPECT_EQ(clean(),
+              (QStringList{u"Firefox (current versions)"_s, u"Skip: %1 (in use: firefox-esr is running)"_s.arg(firefox),
+                           u"Skip: %1 (in use: firefox-esr is running)"_s.arg(cdOpen), QString(),
+                           u"Thunderbird (current versions)"_s,
+                           u"Skip: %1 (in use: thunderbird is running)"_s.arg(thunderbird), QString()}));
     EXPECT_TRUE(paths.isEmpty());
 }

@@ -15,27 +15,24 @@ TEST(AppleScriptLoginItem, RunsTheSystemEventsScriptsThroughOsascriptAndAFailedO
     item.create(item.applicationPath(), true);
     item.setHidden(false);
 
-    ASSERT_EQ(runner.calls.size(), 3);
-    for (const QStringList& call : runner.calls) {
-        ASSERT_EQ(call.size(), 3);
-        EXPECT_EQ(call[0], u"/usr/bin/osascript"_s);
-        EXPECT_EQ(call[1], u"-e"_s);
-    }
-    EXPECT_EQ(runner.calls[0][2], u"tell application \"System Events\"\n"
-                                  u"get the name of every login item\n"
-                                  u"if login item \"Vantle X\" exists then\n"
-                                  u"delete login item \"Vantle X\"\n"
-                                  u"end if\n"
-                                  u"end tell"_s);
-    EXPECT_EQ(runner.calls[1][2],
-              u"tell application \"System Events\"\n"
-              u"make new login item at end with properties {path:\"/Applications/Vantle X.app\", hidden:true}\n"
-              u"end tell"_s);
-    EXPECT_EQ(runner.calls[2][2], u"tell application \"System Events\"\n"
-                                  u"if login item \"Vantle X\" exists then\n"
-                                  u"set hidden of login item \"Vantle X\" to false\n"
-                                  u"end if\n"
-                                  u"end tell"_s);
+    const auto osascript = [](const QString& script) { return QStringList{u"/usr/bin/osascript"_s, u"-e"_s, script}; };
+    EXPECT_EQ(
+        runner.calls,
+        (QList<QStringList>{
+            osascript(u"tell application \"System Events\"\n"
+                      u"get the name of every login item\n"
+                      u"if login item \"Vantle X\" exists then\n"
+                      u"delete login item \"Vantle X\"\n"
+                      u"end if\n"
+                      u"end tell"_s),
+            osascript(u"tell application \"System Events\"\n"
+                      u"make new login item at end with properties {path:\"/Applications/Vantle X.app\", hidden:true}\n"
+                      u"end tell"_s),
+            osascript(u"tell application \"System Events\"\n"
+                      u"if login item \"Vantle X\" exists then\n"
+                      u"set hidden of login item \"Vantle X\" to false\n"
+                      u"end if\n"
+                      u"end tell"_s)}));
     EXPECT_EQ(AppleScriptLoginItem::creationScript(u"/x"_s, false),
               u"tell application \"System Events\"\n"
               u"make new login item at end with properties {path:\"/x\", hidden:false}\n"

@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
@@ -18,11 +19,7 @@ protected:
     QString entry() const { return QString::fromUtf8(home.read(u".config/autostart/com.orvick.vantle.desktop"_s)); }
     QString execLine() const
     {
-        for (const QString& line : entry().split(u'\n')) {
-            if (line.startsWith(u"Exec="_s))
-                return line;
-        }
-        return {};
+        return QRegularExpression(u"^Exec=.*$"_s, QRegularExpression::MultilineOption).match(entry()).captured();
     }
 
     TempHome home;

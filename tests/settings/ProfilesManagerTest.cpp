@@ -33,7 +33,7 @@ const QString kFirefoxFolder = u"Library/Application Support/Firefox/Profiles"_s
 
 } // namespace
 
-TEST_F(ProfilesManagerTest, TheFirstStartSelectsEveryProfileAndAMenuItemTogglesOneOfItsApplication)
+TEST_F(ProfilesManagerTest, TheFirstStartSelectsEveryProfileAMenuItemTogglesOneAndLaterStartsPrune)
 {
     makeProfile(kFirefoxFolder, u"ab12cd.default"_s);
     makeProfile(kFirefoxFolder, u"ef34gh.work"_s);
@@ -57,24 +57,18 @@ TEST_F(ProfilesManagerTest, TheFirstStartSelectsEveryProfileAndAMenuItemTogglesO
     manager.doProfileMenuItem(ProfilesManager::Firefox, 1);
     EXPECT_EQ(selected(firefox()), QStringList{u"ef34gh.work"_s});
     EXPECT_EQ(selected(home.file(u"Library/Application Support/SeaMonkey/Profiles"_s)), QStringList{u"zz.default"_s});
-}
 
-TEST_F(ProfilesManagerTest, LaterStartsPruneAndLeaveNewProfilesUnselected)
-{
-    makeProfile(kFirefoxFolder, u"ab12cd.default"_s);
-    makeProfile(kFirefoxFolder, u"ef34gh.work"_s);
-    manager.populateProfilesMenu();
-
+    // A later start forgets a profile gone and leaves a new one unselected.
+    manager.doProfileMenuItem(ProfilesManager::Firefox, 1);
     QDir(home.file(kFirefoxFolder + u"/ef34gh.work"_s)).removeRecursively();
     makeProfile(kFirefoxFolder, u"ij56kl.new"_s);
     ProfilesManager restarted(defaults);
     restarted.populateProfilesMenu();
-
     EXPECT_EQ(selected(firefox()), QStringList{u"ab12cd.default"_s});
-    const ProfilesManager::Menu& menu = restarted.menus()[ProfilesManager::Firefox];
-    ASSERT_EQ(menu.items.size(), 2);
-    EXPECT_TRUE(menu.items[0].checked);
-    EXPECT_FALSE(menu.items[1].checked);
+    const ProfilesManager::Menu& later = restarted.menus()[ProfilesManager::Firefox];
+    ASSERT_EQ(later.items.size(), 2);
+    EXPECT_TRUE(later.items[0].checked);
+    EXPECT_FALSE(later.items[1].checked);
 }
 
 TEST_F(ProfilesManagerTest, AnOldSelectionIsConvertedOnceAndRemoved)
@@ -109,14 +103,11 @@ TEST_F(ProfilesManagerTest, TodaysChromiumProfilesGetMenusOfTheirOwnSelectedAtTh
                                         chrome + u"/Profile 1"_s}));
     ASSERT_EQ(menu.items.size(), 2);
     EXPECT_EQ(menu.items[1].title, u"~/.config/google-chrome/Profile 1"_s);
-    EXPECT_EQ(selected(chrome), (QStringList{u"Default"_s, u"Profile 1"_s}));
-    EXPECT_EQ(manager.menus()[ProfilesManager::CurrentOpera].titles.value(1), home.file(u".config/opera"_s));
-    EXPECT_EQ(selected(home.file(u".config"_s)), QStringList{u"opera"_s});
     EXPECT_TRUE(manager.menus()[ProfilesManager::Vivaldi].titles.isEmpty());
     EXPECT_FALSE(defaults.dictionaryForKey(u"ProfilesMenuDict"_s).contains(QString()));
 
+    // Which profiles the walk takes, CurrentChromiumTest shows; the choice outlives a restart.
     manager.doProfileMenuItem(ProfilesManager::Chrome, 1);
-    EXPECT_EQ(selected(chrome), QStringList{u"Profile 1"_s});
     ProfilesManager restarted(defaults);
     restarted.populateProfilesMenu();
     EXPECT_FALSE(restarted.menus()[ProfilesManager::Chrome].items[0].checked);
