@@ -30,21 +30,27 @@ protected:
 
 } // namespace
 
-TEST_F(ShredCliTest, ADryRunShowsThePlanAndAnUnconfirmedRunIsCancelledBothLeavingTheHomeAsItWas)
+TEST_F(ShredCliTest, ADryRunShowsThePlanAnUnconfirmedRunIsCancelledAndTimingIsReportedOnlyWhenAsked)
 {
     const HomeSnapshot before(home.path(), {});
     const QString plan = u"Safari\n"
                          u"  erase      68.4 KiB     1 file  ~/Library/Caches/Safari\n"
                          u"Would erase 1 item (1 file, 68.4 KiB) and rewrite 0 databases and settings files.\n"_s;
-    const CliRun run = cli({u"shred"_s, u"--dry-run"_s});
+    const QRegularExpression stages(uR"(^finding: \d+\.\d{3} s, peak [1-9]\d* KiB \(children \d+ KiB\)\n)"
+                                    uR"(shredding: \d+\.\d{3} s, peak [1-9]\d* KiB \(children \d+ KiB\)\n$)"_s);
+    const CliRun run = cli({u"shred"_s, u"--dry-run"_s, u"--timing"_s});
     EXPECT_EQ(run.exitCode, 0) << qPrintable(run.err);
     EXPECT_EQ(run.out, plan);
+    // A dry run ends with its finding stage.
+    EXPECT_TRUE(stages.match(run.err).hasMatch()) << qPrintable(run.err);
+    EXPECT_TRUE(run.err.contains(u"\nshredding: 0.000 s"_s)) << qPrintable(run.err);
 
     const CliRun verbose = cli({u"shred"_s, u"--dry-run"_s, u"--verbose"_s});
     EXPECT_TRUE(verbose.out.startsWith(u"Shred: "_s)) << qPrintable(verbose.out);
     EXPECT_TRUE(verbose.out.contains(u"\nShred: ~/Library/Caches/Safari\n"_s));
     EXPECT_TRUE(verbose.out.contains(u"\nSkip: ~/Library/Safari/History.plist\n"_s));
     EXPECT_TRUE(verbose.out.endsWith(u"\n"_s + plan));
+    EXPECT_EQ(verbose.err, QString());
     EXPECT_TRUE(HomeSnapshot(home.path(), {}) == before);
 
     // Without a terminal to confirm on, the run is cancelled.
@@ -56,24 +62,12 @@ TEST_F(ShredCliTest, ADryRunShowsThePlanAndAnUnconfirmedRunIsCancelledBothLeavin
     QDir(home.file(u".config"_s)).removeRecursively();
     QDir(home.file(u"Library/Logs"_s)).removeRecursively();
     EXPECT_TRUE(HomeSnapshot(home.path(), {}) == before);
-}
 
-TEST_F(ShredCliTest, TimingReportsEachStageOnTheStandardErrorOnlyWhenAsked)
-{
     prepareRuns();
-    const QRegularExpression stages(uR"(^finding: \d+\.\d{3} s, peak [1-9]\d* KiB \(children \d+ KiB\)\n)"
-                                    uR"(shredding: \d+\.\d{3} s, peak [1-9]\d* KiB \(children \d+ KiB\)\n$)"_s);
     const CliRun timed = cli({u"shred"_s, u"--yes"_s, u"--quiet"_s, u"--timing"_s});
     EXPECT_EQ(timed.exitCode, 0);
     EXPECT_TRUE(stages.match(timed.err).hasMatch()) << qPrintable(timed.err);
     EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Safari"_s)));
-
-    // A dry run ends with its finding stage.
-    const CliRun dry = cli({u"shred"_s, u"--yes"_s, u"--dry-run"_s, u"--timing"_s});
-    EXPECT_TRUE(stages.match(dry.err).hasMatch()) << qPrintable(dry.err);
-    EXPECT_TRUE(dry.err.contains(u"\nshredding: 0.000 s"_s)) << qPrintable(dry.err);
-
-    EXPECT_EQ(cli({u"shred"_s, u"--yes"_s, u"--quiet"_s}).err, QString());
 }
 
 namespace {
@@ -82,29 +76,25 @@ namespace {
 // of the line, "ESC [ K" clears the rest of it.
 QStringList screenLines(const QByteArray& output)
 {
-    QStringList lines;
-    QString line;
-    qsizetype column = 0;
-    const QString text = QString::fromUtf8(output);
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const QChar c = text[i];
-        if (c == u'\r') {
-            column = 0;
-        } else if (c == u'\n') {
-            lines.append(std::exchange(line, QString()));
-            column = 0;
-        } else if (text.mid(i, 3) == u"\x1b[K"_s) {
-            line.truncate(column);
-            i += 2;
-        } else if (column < line.size()) {
-            line[column++] = c;
-        } else {
-            line.append(c);
-            ++column;
+    QStringList lines = QString::fromUtf8(output).split(u'\n');
+    for (QString& line : lines) {
+        QString shown;
+        qsizetype column = 0;
+        for (qsizetype i = 0; i < line.size(); ++i) {
+            if (line[i] == u'\r') {
+                column = 0;
+            } else if (QStringView(line).mid(i, 3) == u"\x1b[K") {
+                shown.truncate(column);
+                i += 2;
+            } else {
+                // At the end of the line, this appends.
+                shown.replace(column++, 1, line[i]);
+            }
         }
+        line = shown;
     }
-    if (!line.isEmpty())
-        lines.append(line);
+    if (lines.last().isEmpty())
+        lines.removeLast();
     return lines;
 }
 
