@@ -194,7 +194,7 @@ TEST_F(RemovalTest, ItemsSetAsideWithinOneSecondShareTheirHoldingFolder)
     FAIL() << "no two moves within one second";
 }
 
-TEST_F(RemovalTest, OnlyWhatWasListedIsErasedAndNothingIsOpenedToOthers)
+TEST_F(RemovalTest, OnlyWhatWasListedOrLeftByAnInterruptedRunIsErasedAndNothingIsOpenedToOthers)
 {
     // Outside the erased folder: a file and a folder that links point at, and a
     // document with a second name inside the cache.
@@ -215,6 +215,22 @@ TEST_F(RemovalTest, OnlyWhatWasListedIsErasedAndNothingIsOpenedToOthers)
     home.write(u"elsewhere/Firefox/kept.txt"_s, "kept");
     ASSERT_TRUE(QDir().mkpath(home.file(u"Library/Caches"_s)));
     ASSERT_TRUE(QFile::link(home.file(u"elsewhere/Firefox"_s), home.file(u"Library/Caches/Firefox"_s)));
+    // A run killed while it erased: its holding folders beside the paths still
+    // hold random-named items, half overwritten or not at all.
+    home.write(u"Caches/Vantle X Items (1700000000)/Ab3dEf7hIj"_s, QByteArray(100000, 'n')); // below a chunk
+    home.write(u"Caches/Vantle X Items (1700000000)/Kl9mNo1pQr/St5uVw7xYz"_s, "deeper");
+    home.write(u"Caches/site.db"_s, "queued");
+    home.write(u"Gone/Vantle X Items (42)/Zz1yXx2wVv"_s, "beside a path that is gone");
+    const QStringList leftOvers{u"Caches/Vantle X Items (1700000000)"_s, u"Gone/Vantle X Items (42)"_s};
+    for (const QString& folder : leftOvers)
+        home.write(folder + u'/' + QLatin1StringView(HoldingFolder::kMarker), {});
+    // Not holding folders, or not beside a path of the run; the user's own folder
+    // of that name has no marker.
+    const QStringList kept{u"Caches/Vantle X Items (1699999999)/notes.txt"_s, u"Caches/Vantle X Items (12) copy/k"_s,
+                           u"Caches/Vantle X Items ()/k"_s, u"Other/Vantle X Items (5)/k"_s};
+    for (const QString& file : kept)
+        home.write(file, "mine");
+    home.write(u"Caches/Vantle X Items (7)"_s, "a file");
     const QStringList outside{u"outside"_s, u"outside/thesis.txt"_s, u"outside/folder"_s, u"outside/folder/notes.txt"_s,
                               u"Documents/keep.txt"_s};
     QHash<ino_t, mode_t> modes;
@@ -229,7 +245,9 @@ TEST_F(RemovalTest, OnlyWhatWasListedIsErasedAndNothingIsOpenedToOthers)
     // the write goes on into the file that was opened, never through the link.
     // What is being erased is opened to its owner alone.
     bool swapped = false;
+    QList<QByteArray> overwritten;
     access.setPassObserverForTesting([&](const QByteArray& file, qint64, std::size_t length, quint16) {
+        overwritten.append(FileTree::lastComponent(file));
         for (const struct stat& info : {statOf(file), statOf(FileTree::parentOf(file))}) {
             if (!S_ISLNK(info.st_mode) && modes.contains(info.st_ino)) {
                 EXPECT_EQ(info.st_mode & 077, modes[info.st_ino] & 077) << file.constData();
@@ -240,14 +258,26 @@ TEST_F(RemovalTest, OnlyWhatWasListedIsErasedAndNothingIsOpenedToOthers)
                       ::symlink(path(u"outside/thesis.txt"_s).constData(), file.constData()) == 0;
         }
     });
-    QStringList paths{home.file(u"Cache"_s), home.file(u"Library/Caches/Firefox/Cache"_s)};
+    // The cache last: no holding folder made later may take the number of one of its files.
+    QStringList paths{home.file(u"Library/Caches/Firefox/Cache"_s), home.file(u"Caches/site.db"_s),
+                      home.file(u"Gone/cache"_s), home.file(u"Cache"_s)};
     const QByteArray log = logOf([&] { access.shredDroppedFile(paths); });
 
     EXPECT_TRUE(swapped);
-    EXPECT_EQ(leftInHome(), (QStringList{u"Documents"_s, u"Documents/keep.txt"_s, u"Library"_s, u"Library/Caches"_s,
-                                         u"Library/Caches/Firefox"_s, u"elsewhere"_s, u"elsewhere/Firefox"_s,
-                                         u"elsewhere/Firefox/kept.txt"_s, u"log.txt"_s, u"outside"_s,
-                                         u"outside/folder"_s, u"outside/folder/notes.txt"_s, u"outside/thesis.txt"_s}));
+    QStringList expected = kept;
+    expected.append(QStringList{u"Caches"_s, u"Caches/Vantle X Items (7)"_s, u"Documents"_s, u"Documents/keep.txt"_s,
+                                u"Gone"_s, u"Library"_s, u"Library/Caches"_s, u"Library/Caches/Firefox"_s, u"Other"_s,
+                                u"elsewhere"_s, u"elsewhere/Firefox"_s, u"elsewhere/Firefox/kept.txt"_s, u"log.txt"_s,
+                                u"outside"_s, u"outside/folder"_s, u"outside/folder/notes.txt"_s,
+                                u"outside/thesis.txt"_s});
+    for (const QString& file : kept)
+        expected << file.section(u'/', 0, -2);
+    expected.sort();
+    EXPECT_EQ(leftInHome(), expected);
+    for (const QByteArray name : {"Ab3dEf7hIj", "St5uVw7xYz", "Zz1yXx2wVv"})
+        EXPECT_TRUE(overwritten.contains(name)) << name.constData();
+    for (const QString& folder : leftOvers)
+        EXPECT_TRUE(log.contains(" Shred (left by an interrupted run): " + path(folder) + '\n'));
     EXPECT_EQ(home.read(u"outside/thesis.txt"_s), "precious");
     EXPECT_EQ(home.read(u"outside/folder/notes.txt"_s), "notes");
     EXPECT_EQ(home.read(u"Documents/keep.txt"_s), "kept by its other name");
@@ -261,6 +291,7 @@ TEST_F(RemovalTest, OnlyWhatWasListedIsErasedAndNothingIsOpenedToOthers)
     EXPECT_EQ(tally.errors[0].code, Code::OtherNames);
     EXPECT_EQ(tally.errors[0].path, path(u"Cache/hard link"_s)); // by its name before the erase
     EXPECT_EQ(tally.incomplete(), 0);
+    // The left-overs count in the progress, which ends at 100.
     EXPECT_EQ(display.progress[display.progress.size() - 2], 100.0);
 }
 
@@ -329,47 +360,6 @@ TEST_F(RemovalTest, AMountInsideAnErasedFolderIsNotEntered)
     EXPECT_EQ(tally.errors.value(0).path, path(u"Cache/mounted"_s));
     EXPECT_EQ(tally.errors.value(1).systemError, ENOTEMPTY);
     EXPECT_EQ(tally.failed, 1);
-}
-
-TEST_F(RemovalTest, HoldingFoldersAnInterruptedRunLeftBesideThePathsAreErasedFirst)
-{
-    // A run killed while it erased: its holding folders still hold random-named
-    // items, half overwritten or not at all.
-    home.write(u"Caches/Vantle X Items (1700000000)/Ab3dEf7hIj"_s, "not yet overwritten");
-    home.write(u"Caches/Vantle X Items (1700000000)/Kl9mNo1pQr/St5uVw7xYz"_s, "deeper");
-    home.write(u"Caches/site.db"_s, "queued");
-    home.write(u"Gone/Vantle X Items (42)/Zz1yXx2wVv"_s, "beside a path that is gone");
-    const QStringList leftOvers{u"Caches/Vantle X Items (1700000000)"_s, u"Gone/Vantle X Items (42)"_s};
-    for (const QString& folder : leftOvers)
-        home.write(folder + u'/' + QLatin1StringView(HoldingFolder::kMarker), {});
-    // Not holding folders, or not beside a path of the run; the user's own folder
-    // of that name has no marker.
-    const QStringList kept{u"Caches/Vantle X Items (1699999999)/notes.txt"_s, u"Caches/Vantle X Items (12) copy/k"_s,
-                           u"Caches/Vantle X Items ()/k"_s, u"Other/Vantle X Items (5)/k"_s};
-    for (const QString& file : kept)
-        home.write(file, "mine");
-    home.write(u"Caches/Vantle X Items (7)"_s, "a file");
-
-    RecordingDisplay display;
-    FileAccess& access = engine(eraseSettings(2), &display);
-    QList<QByteArray> overwritten;
-    access.setPassObserverForTesting([&](const QByteArray& file, qint64, std::size_t, quint16) {
-        overwritten.append(FileTree::lastComponent(file));
-    });
-    QStringList paths{home.file(u"Caches/site.db"_s), home.file(u"Gone/cache"_s)};
-    const QByteArray log = logOf([&] { access.shredDroppedFile(paths); });
-
-    QStringList expected{u"Caches"_s, u"Caches/Vantle X Items (7)"_s, u"Gone"_s, u"Other"_s, u"log.txt"_s};
-    for (const QString& file : kept)
-        expected << file << file.section(u'/', 0, -2);
-    expected.sort();
-    EXPECT_EQ(leftInHome(), expected);
-    for (const QByteArray name : {"Ab3dEf7hIj", "St5uVw7xYz", "Zz1yXx2wVv"})
-        EXPECT_TRUE(overwritten.contains(name)) << name.constData();
-    for (const QString& folder : leftOvers)
-        EXPECT_TRUE(log.contains(" Shred (left by an interrupted run): " + path(folder) + '\n'));
-    // They count in the progress, which ends at 100.
-    EXPECT_EQ(display.progress[display.progress.size() - 2], 100.0);
 }
 
 TEST_F(RemovalTest, AStopEndsTheEraseBetweenItemsAndLeavesTheRestAsTheyWere)
