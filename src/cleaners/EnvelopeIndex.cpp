@@ -1,5 +1,7 @@
 #include "cleaners/EnvelopeIndex.h"
 
+#include "cleaners/SqliteConnection.h"
+
 #include <QFile>
 
 #include <sqlite3.h>
@@ -36,6 +38,12 @@ bool EnvelopeIndex::open(const QString& path, bool readOnly)
         return false;
     }
     sqlite3_busy_timeout(mDatabase, kBusyTimeoutMilliseconds);
+    // A file that is no database fails at the first real query, as before. A
+    // write-ahead log stays as Mail chose; the rollback modes are per connection.
+    QList<Row> mode;
+    if (!readOnly && execute(u"PRAGMA secure_delete = ON"_s) && select(u"PRAGMA journal_mode"_s, mode) &&
+        mode.value(0).value(u"journal_mode"_s) == u"delete"_s)
+        execute(u"PRAGMA journal_mode = PERSIST"_s);
     return true;
 }
 
@@ -58,6 +66,12 @@ bool EnvelopeIndex::select(const QString& query, QList<Row>& rows)
 bool EnvelopeIndex::execute(const QString& statement)
 {
     return exec(statement, nullptr, nullptr);
+}
+
+QString EnvelopeIndex::spentJournal() const
+{
+    const QString journal = mPath + u"-journal"_s;
+    return mDatabase || !QFile::exists(journal) || SqliteConnection::isHotJournal(journal) ? QString() : journal;
 }
 
 void EnvelopeIndex::close()

@@ -22,12 +22,18 @@ public:
     EnvelopeIndex& operator=(const EnvelopeIndex&) = delete;
 
     // Opens an existing file (never creates one); read-only when asked, so that
-    // the file stays exactly as it was.
+    // the file stays exactly as it was. For writing, removed rows must not stay
+    // on the disk: freed pages are zeroed, and a rollback journal, which holds
+    // the pages as they were, is kept rather than unlinked with its blocks as
+    // they were (see spentJournal).
     bool open(const QString& path, bool readOnly);
     // Runs a query and appends each of its rows to rows.
     bool select(const QString& query, QList<Row>& rows);
     bool execute(const QString& statement);
     void close();
+    // After close: the journal the writes left behind, every transaction in it
+    // committed, for the caller to erase; empty when there is none.
+    QString spentJournal() const;
 
     QString errorMessage() const { return mErrorMessage; }
     // The file last opened.

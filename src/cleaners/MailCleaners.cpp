@@ -233,6 +233,8 @@ void MailCleaners::handleMailAtPath(const QString& mailFolder, const QString& in
             removeMessages(index, command, mContext.setting(ShredAppleMailJunk));
     }
     index.close();
+    if (!mContext.dryRun)
+        mContext.eraseQueue().eraseNow(index.spentJournal());
     mContext.endCleaner();
 }
 

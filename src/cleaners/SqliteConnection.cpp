@@ -51,6 +51,13 @@ void addValue(QCryptographicHash& hash, sqlite3_stmt* statement, int column)
 
 } // namespace
 
+bool SqliteConnection::isHotJournal(const QString& path)
+{
+    QFile journal(path);
+    char first = 0;
+    return journal.open(QIODevice::ReadOnly) && journal.getChar(&first) && first != 0;
+}
+
 bool SqliteConnection::open(const QString& path)
 {
     close();

@@ -43,6 +43,11 @@ public:
     // Whether closing folds the write-ahead log into the file and removes it (the default).
     void setCheckpointOnClose(bool on);
 
+    // Whether the rollback journal at path still holds a write to roll back. As
+    // SQLite itself judges it: a committed transaction in journal_mode PERSIST
+    // leaves the file with its header zeroed, and only a set first byte counts.
+    static bool isHotJournal(const QString& path);
+
     // SQLite's primary result code of the last failure (SQLITE_BUSY, SQLITE_ERROR...).
     int errorCode() const { return mErrorCode & 0xff; }
     QString errorMessage() const { return mErrorMessage; }

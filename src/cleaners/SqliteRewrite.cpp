@@ -20,16 +20,6 @@ namespace SqliteRewrite {
 
 namespace {
 
-// As SQLite itself judges it: a journal that a committed transaction left in
-// place has its header zeroed (journal_mode PERSIST keeps the file), and only
-// one whose first byte is set still holds a write to roll back.
-bool isHotJournal(const QString& path)
-{
-    QFile journal(path);
-    char first = 0;
-    return journal.open(QIODevice::ReadOnly) && journal.getChar(&first) && first != 0;
-}
-
 struct WorkFiles {
     explicit WorkFiles(const QString& path)
         : copy(path + u".vantlex-copy"_s)
@@ -89,7 +79,7 @@ public:
             return failure(Status::Failed, u"no such file"_s);
         // Another program's unfinished write, which opening would roll back.
         for (const QString& path : livePaths()) {
-            if (isHotJournal(path + u"-journal"_s))
+            if (SqliteConnection::isHotJournal(path + u"-journal"_s))
                 return failure(Status::InUse, u"hot journal"_s);
         }
         SqliteConnection live;
