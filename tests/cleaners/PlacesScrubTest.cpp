@@ -43,8 +43,12 @@ protected:
     PlacesScrubTest()
         : profile(home.file(u"Library/Application Support/Firefox/Profiles/x1y2.default"_s))
         , places(profile + u"/places.sqlite"_s)
+        , renamedPlaces(profile + u"/places.renamed.sqlite"_s)
     {
         QDir().mkpath(profile);
+        // Every case starts from the full database, its history to be dropped.
+        makePlaces();
+        setKey(PreferenceKey::ShredHistory, true);
     }
 
     // A Firefox 3.0 places database: ten places, of which 5 and 6 are bookmarked,
@@ -93,33 +97,35 @@ protected:
 
     QStringList placeIds() { return table(places, u"select id from moz_places order by id"_s); }
 
-    QString scrub() { return PlacesScrub(context, context.sqliteShell()).firefox3sqlite(places); }
+    QString scrub(const QString& file = QString())
+    {
+        return PlacesScrub(context, context.sqliteShell()).firefox3sqlite(file.isNull() ? places : file);
+    }
 
     // The work files a rebuild makes beside the database.
     QStringList leftOvers() const { return QDir(profile).entryList({u"places.vantlex*"_s}, QDir::Files); }
 
     const QString profile;
     const QString places;
+    // Where a rebuild leaves the old database for the erase.
+    const QString renamedPlaces;
 };
 
 } // namespace
 
 TEST_F(PlacesScrubTest, KeepsBookmarksAndDropsOnlyTheHistoryAndIconsAskedFor)
 {
-    const QStringList tables{u"moz_places"_s,     u"moz_historyvisits"_s,   u"moz_inputhistory"_s,
-                             u"moz_favicons"_s,   u"moz_bookmarks"_s,       u"moz_bookmarks_roots"_s,
-                             u"moz_keywords"_s,   u"moz_anno_attributes"_s, u"moz_annos"_s,
-                             u"moz_items_annos"_s};
     const auto snapshot = [&] {
         QMap<QString, QStringList> rows;
-        for (const QString& name : tables)
+        for (const QString& name :
+             table(places, u"select name from sqlite_master where type = 'table' and name like 'moz%'"_s))
             rows.insert(name, table(places, u"select * from %1 order by 1, 2"_s.arg(name)));
         return rows;
     };
     for (const auto& [history, icons] : {std::pair{true, true}, {false, true}, {true, false}}) {
         SCOPED_TRACE(testing::Message() << "history " << history << ", icons " << icons);
         QFile::remove(places);
-        QFile::remove(profile + u"/places.renamed.sqlite"_s);
+        QFile::remove(renamedPlaces);
         makePlaces();
         setKey(PreferenceKey::ShredHistory, history);
         setKey(PreferenceKey::shredSafariFavicon, icons);
@@ -138,7 +144,7 @@ TEST_F(PlacesScrubTest, KeepsBookmarksAndDropsOnlyTheHistoryAndIconsAskedFor)
         const QString renamed = scrub();
 
         // The old contents wait, unchanged, under the returned name for the erase.
-        EXPECT_EQ(renamed, profile + u"/places.renamed.sqlite"_s);
+        EXPECT_EQ(renamed, renamedPlaces);
         EXPECT_EQ(home.read(renamed), before);
         EXPECT_EQ(leftOvers(), QStringList());
         EXPECT_EQ(snapshot(), expected);
@@ -148,16 +154,12 @@ TEST_F(PlacesScrubTest, KeepsBookmarksAndDropsOnlyTheHistoryAndIconsAskedFor)
 
 TEST_F(PlacesScrubTest, FilesThatAreNoDatabaseOrOfAnotherSchemaStayAsTheyWere)
 {
-    makePlaces();
     const QList<QByteArray> contents{QByteArray(), QByteArray("\x01\x02garbage\xff\xfe", 12),
                                      home.read(places).left(3000)};
     for (const QByteArray& bytes : contents) {
         home.write(places, bytes);
-        QString renamed;
-        const QStringList lines = run([&] { renamed = scrub(); });
-        EXPECT_TRUE(renamed.isNull());
-        ASSERT_FALSE(lines.isEmpty());
-        EXPECT_EQ(lines.first(), u"Places Database Schema does not match key:"_s);
+        EXPECT_EQ(run([&] { EXPECT_TRUE(scrub().isNull()); }).value(0),
+                  u"Places Database Schema does not match key:"_s);
         EXPECT_EQ(home.read(places), bytes);
     }
 
@@ -167,26 +169,21 @@ TEST_F(PlacesScrubTest, FilesThatAreNoDatabaseOrOfAnotherSchemaStayAsTheyWere)
     EXPECT_TRUE(QFileInfo(places).isDir());
 
     QDir().rmdir(places);
-    EXPECT_EQ(run([&] { scrub(); }), QStringList({u"Places Database does not exist."_s, QString()}));
 
     // A database of another schema: both digests of its listing are said.
     TestDatabase(places).exec(
         u"CREATE TABLE moz_places (id INTEGER PRIMARY KEY); INSERT INTO moz_places VALUES (1);"_s);
     const QByteArray before = home.read(places);
     const QByteArray listing = "CREATE TABLE moz_places (id INTEGER PRIMARY KEY);\n";
-    QString renamed = u"not run"_s;
-    const QStringList lines = run([&] { renamed = scrub(); });
-    EXPECT_TRUE(renamed.isNull());
-    EXPECT_EQ(lines, QStringList({u"Places Database Schema does not match key:"_s, md5(listing),
-                                  md5("CREATETABLEmoz_places(idINTEGERPRIMARYKEY);")}));
+    EXPECT_EQ(run([&] { EXPECT_TRUE(scrub().isNull()); }),
+              QStringList({u"Places Database Schema does not match key:"_s, md5(listing),
+                           md5("CREATETABLEmoz_places(idINTEGERPRIMARYKEY);")}));
     EXPECT_EQ(home.read(places), before);
     EXPECT_EQ(leftOvers(), QStringList());
 }
 
 TEST_F(PlacesScrubTest, WhatAnInterruptedRunLeftIsRemovedUnlessDryAndNeverPlayedIntoTheRebuild)
 {
-    makePlaces();
-    setKey(PreferenceKey::ShredHistory, true);
     // Every work file but the work database and its journal, which come below.
     for (const QString& name : kWorkFiles.mid(2))
         home.write(profile + u'/' + name, "left over");
@@ -207,22 +204,20 @@ TEST_F(PlacesScrubTest, WhatAnInterruptedRunLeftIsRemovedUnlessDryAndNeverPlayed
     // Cut off inside the swap: the live database's second name must go without
     // touching the live file's permissions.
     ::chmod(QFile::encodeName(places).constData(), 0600);
-    ASSERT_EQ(::link(QFile::encodeName(places).constData(),
-                     QFile::encodeName(profile + u"/places.renamed.sqlite"_s).constData()),
-              0);
+    ASSERT_EQ(::link(QFile::encodeName(places).constData(), QFile::encodeName(renamedPlaces).constData()), 0);
     // A dry run changes none of them.
     const QStringList before = QDir(profile).entryList(QDir::Files);
     const QByteArray bytes = home.read(places);
     EraseQueue dryQueue(preferences, true);
     CleanerContext dry(dryQueue, isRunning, customStatus, preferences, true);
-    EXPECT_EQ(PlacesScrub(dry, dry.sqliteShell()).firefox3sqlite(places), profile + u"/places.renamed.sqlite"_s);
+    EXPECT_EQ(PlacesScrub(dry, dry.sqliteShell()).firefox3sqlite(places), renamedPlaces);
     EXPECT_EQ(QDir(profile).entryList(QDir::Files), before);
     EXPECT_EQ(home.read(places), bytes);
 
     QString renamed;
     EXPECT_EQ(run([&] { renamed = scrub(); }), QStringList());
 
-    EXPECT_EQ(renamed, profile + u"/places.renamed.sqlite"_s);
+    EXPECT_EQ(renamed, renamedPlaces);
     EXPECT_EQ(leftOvers(), QStringList());
     EXPECT_EQ(placeIds(), kPlacesWithoutHistory);
     EXPECT_EQ(table(places, u"select count(*) from moz_bookmarks"_s), QStringList{u"5"_s});
@@ -234,8 +229,6 @@ TEST_F(PlacesScrubTest, WhatAnInterruptedRunLeftIsRemovedUnlessDryAndNeverPlayed
 
 TEST_F(PlacesScrubTest, ADatabaseAnotherProgramWritesIsLeftAsItWasAndItsCommitKept)
 {
-    makePlaces();
-    setKey(PreferenceKey::ShredHistory, true);
     const QByteArray before = home.read(places);
     const QString inUse = u"Places Database is in use by another program - not rewritten."_s;
     {
@@ -259,31 +252,25 @@ TEST_F(PlacesScrubTest, ADatabaseAnotherProgramWritesIsLeftAsItWasAndItsCommitKe
 
 TEST_F(PlacesScrubTest, TheOldDatabaseAnInterruptedRunLeftIsErasedNotUnlinked)
 {
-    makePlaces();
-    setKey(PreferenceKey::ShredHistory, true);
     // Killed after the swap, before the erase: the old database with all of the
     // history waits under the work name.
-    const QString renamedPath = profile + u"/places.renamed.sqlite"_s;
-    home.write(renamedPath, "the old database, every visit in it");
+    home.write(renamedPlaces, "the old database, every visit in it");
 
-    EXPECT_EQ(scrub(), renamedPath);
+    EXPECT_EQ(scrub(), renamedPlaces);
 
     // Set aside beside it and queued for the erase, so that the new old copy can take its name.
     ASSERT_EQ(paths.size(), 1);
     EXPECT_TRUE(QFileInfo(paths[0]).fileName().startsWith(u"Vantle X Items ("_s)) << qPrintable(paths[0]);
     EXPECT_EQ(QFileInfo(paths[0]).absolutePath(), profile);
     EXPECT_EQ(home.read(paths[0] + u"/places.renamed.sqlite"_s), "the old database, every visit in it");
-    EXPECT_EQ(table(renamedPath, u"select count(*) from moz_historyvisits"_s), QStringList{u"7"_s});
+    EXPECT_EQ(table(renamedPlaces, u"select count(*) from moz_historyvisits"_s), QStringList{u"7"_s});
 }
 
 TEST_F(PlacesScrubTest, FolderNamesWithSpacesQuotesAndAccentsWorkOrAreRefused)
 {
-    makePlaces();
-    setKey(PreferenceKey::ShredHistory, true);
     const QString accented = home.file(u"Library/Application Support/Firefox/Profiles/it's a \u00fc profile"_s);
     ASSERT_TRUE(QFile::rename(profile, accented));
-    EXPECT_EQ(PlacesScrub(context, context.sqliteShell()).firefox3sqlite(accented + u"/places.sqlite"_s),
-              accented + u"/places.renamed.sqlite"_s);
+    EXPECT_EQ(scrub(accented + u"/places.sqlite"_s), accented + u"/places.renamed.sqlite"_s);
     EXPECT_EQ(table(accented + u"/places.sqlite"_s, u"select id from moz_places order by id"_s), kPlacesWithoutHistory);
 
     // The shell would end a quoted file name at the quote and write elsewhere.
@@ -292,9 +279,7 @@ TEST_F(PlacesScrubTest, FolderNamesWithSpacesQuotesAndAccentsWorkOrAreRefused)
     QFile::remove(quotedFolder + u"/places.renamed.sqlite"_s);
     const QByteArray before = home.read(quotedFolder + u"/places.sqlite"_s);
     QString renamed;
-    const QStringList lines = run([&] {
-        renamed = PlacesScrub(context, context.sqliteShell()).firefox3sqlite(quotedFolder + u"/places.sqlite"_s);
-    });
+    const QStringList lines = run([&] { renamed = scrub(quotedFolder + u"/places.sqlite"_s); });
     EXPECT_TRUE(renamed.isNull());
     EXPECT_EQ(lines,
               QStringList({u"Places Database folder name holds a quote or backslash - not rewritten."_s, QString()}));
@@ -304,8 +289,6 @@ TEST_F(PlacesScrubTest, FolderNamesWithSpacesQuotesAndAccentsWorkOrAreRefused)
 
 TEST_F(PlacesScrubTest, TheUsersShellSettingsChangeNothingAndAMissingShellLeavesTheDatabase)
 {
-    makePlaces();
-    setKey(PreferenceKey::ShredHistory, true);
     // A shell that loads settings like a user's ~/.sqliterc before every command.
     home.write(u"rc"_s, ".headers on\n.mode column\n.timer on\n.changes on\n.nullvalue (null)\n");
     home.write(u"sqlite3"_s, "#!/bin/sh\nexec '" + QFile::encodeName(SqliteShell::resourcePath()) + "' -init '" +
