@@ -75,7 +75,7 @@ TEST_F(ListPanesTest, ProfileMenusCheckTheSelectedProfilesAndAClickTogglesOne)
     EXPECT_EQ(thunderbird->actions()[0]->text(), u"Profiles"_s);
 }
 
-TEST_F(ListPanesTest, DefaultPluginsCanOnlyBeUntickedAndTheirPathsComeFromTheOpenDialog)
+TEST_F(ListPanesTest, DefaultPluginsCanOnlyBeUntickedAndTheirPathsComeFromTheOpenDialogAUserPluginIsNamedInPlace)
 {
     home.write(u"Library/Caches/Extra/data"_s, "x");
     auto* table = child<QTableView>(u"Plug-ins"_s, u"mPluginList"_s);
@@ -138,11 +138,8 @@ TEST_F(ListPanesTest, DefaultPluginsCanOnlyBeUntickedAndTheirPathsComeFromTheOpe
     QTest::mouseClick(paths->viewport(), Qt::LeftButton, {}, paths->visualItemRect(paths->item(0)).center());
     QTest::mouseDClick(paths->viewport(), Qt::LeftButton, {}, paths->visualItemRect(paths->item(0)).center());
     EXPECT_EQ(beeps, 2);
-}
 
-TEST_F(ListPanesTest, AUserPluginIsNamedInPlaceAndRemovedForGood)
-{
-    auto* table = child<QTableView>(u"Plug-ins"_s, u"mPluginList"_s);
+    // A user's plug-in is named in place and removed for good.
     const int before = table->model()->rowCount();
     click(u"Plug-ins"_s, u"mAddPlugin"_s);
     ASSERT_EQ(table->model()->rowCount(), before + 1);
@@ -243,17 +240,4 @@ TEST_F(ListPanesTest, CustomProcessesAndTheirPathsComeFromTheOpenDialogsAndButto
     EXPECT_EQ(processes->count(), 0);
     EXPECT_TRUE(savedProcesses().isEmpty());
     EXPECT_EQ(window().findChild<QLabel*>(u"mTHCustomConfigured"_s)->text(), u"0"_s);
-}
-
-TEST_F(ListPanesTest, StoredCustomProcessesAreListedWithTheirPaths)
-{
-    const QString editor = home.file(u"Applications/Editor.app"_s);
-    const QVariantMap stored{{editor, QVariantList{QVariantMap{{u"path"_s, home.file(u"Library/Caches/Editor"_s)}}}}};
-    storedDefaults().setObject(CustomShred::archive(stored), u"mProcessDictionary"_s);
-    storedDefaults().synchronize();
-    auto* processes = child<QListWidget>(u"Custom Processes"_s, u"mProcessTableView"_s);
-    EXPECT_EQ(rows(processes), QStringList{u"Editor.app"_s});
-    select(processes, u"Editor.app"_s);
-    EXPECT_EQ(rows(child<QListWidget>(u"Custom Processes"_s, u"mPathTableView"_s)),
-              QStringList{u"~/Library/Caches/Editor"_s});
 }

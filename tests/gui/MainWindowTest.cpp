@@ -1,3 +1,4 @@
+#include "gui/ApplicationMenus.h"
 #include "gui/GuiFixture.h"
 #include "gui/PreviewWindow.h"
 #include "gui/WatchPanel.h"
@@ -7,6 +8,7 @@
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QLabel>
+#include <QListWidget>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTreeWidget>
@@ -53,12 +55,12 @@ double contrastRatio(const QColor& a, const QColor& b)
 
 } // namespace
 
-TEST_F(MainWindowTest, TheShredButtonAsksFirstReturnCancelsAndOkErasesWithTheBarBusyThenCounting)
+TEST_F(MainWindowTest, TheShredButtonAsksFirstReturnCancelsAndOkErasesWithTheBarBusyThenCountingAQuitWaitingForIt)
 {
     const QByteArray cache(3 << 20, 'c');
     home.write(u"Library/Caches/Safari/cache.db"_s, cache);
-    app();
-    set(PreferenceKey::NumberOfWrites, qint64(2));
+    storedDefaults().setBool(false, PreferenceKey::Tarnhold);
+    storedDefaults().setInteger(2, PreferenceKey::NumberOfWrites);
     ASSERT_TRUE(window().isVisible());
 
     QTest::mouseClick(shredButton(), Qt::LeftButton);
@@ -78,8 +80,14 @@ TEST_F(MainWindowTest, TheShredButtonAsksFirstReturnCancelsAndOkErasesWithTheBar
     EXPECT_EQ(itemText(), QString());
 
     QList<int> values;
-    QObject::connect(progressBar(), &QProgressBar::valueChanged, progressBar(),
-                     [&](int value) { values.append(value); });
+    int exitsWhileErasing = -1;
+    QObject::connect(progressBar(), &QProgressBar::valueChanged, progressBar(), [&](int value) {
+        values.append(value);
+        if (value > 0 && exitsWhileErasing < 0) {
+            app().menus().quit()->trigger();
+            exitsWhileErasing = exits;
+        }
+    });
     QTest::mouseClick(shredButton(), Qt::LeftButton);
     sheet = openAlert(u"Vantle Confirmation"_s);
     ASSERT_NE(sheet, nullptr);
@@ -93,6 +101,8 @@ TEST_F(MainWindowTest, TheShredButtonAsksFirstReturnCancelsAndOkErasesWithTheBar
     EXPECT_EQ(progressBar()->maximum(), 100);
     EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Safari"_s)));
     EXPECT_TRUE(shredButton()->isEnabled());
+    EXPECT_EQ(exitsWhileErasing, 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return exits == 1; }, 3000));
 }
 
 TEST_F(MainWindowTest, PreviewShowsThePlanItsShredButtonRunsAndTheResultTakesTheItemLine)
@@ -135,10 +145,14 @@ TEST_F(MainWindowTest, TheWatchPaintsEachApplicationsLabelAndCountsTheCustomProc
     commands.processes = {"/Applications/OmniWeb.app/Contents/MacOS/OmniWeb",
                           "/Applications/Safari.app/Contents/MacOS/Safari",
                           QFile::encodeName(editor) + "/Contents/MacOS/Editor"};
-    app();
-    CustomShred::sharedInstance()->addProcess(editor);
-    CustomShred::sharedInstance()->addProcess(home.file(u"Applications/Other.app"_s));
+    storedDefaults().setObject(
+        CustomShred::archive({{editor, QVariantList{}}, {home.file(u"Applications/Other.app"_s), QVariantList{}}}),
+        u"mProcessDictionary"_s);
     EXPECT_EQ(label(u"mTHCustomConfigured"_s)->text(), u"2"_s);
+    // The stored processes are listed from the start.
+    const auto* listed = settingsPane(u"Custom Processes"_s).findChild<QListWidget*>(u"mProcessTableView"_s);
+    ASSERT_EQ(listed->count(), 2);
+    EXPECT_EQ(listed->item(0)->text(), u"Editor.app"_s);
 
     controller().HandleTarnholdTimer(false);
     expectState(u"mTHSafari"_s, Color::Red);
@@ -234,16 +248,4 @@ TEST_F(MainWindowTest, TheWindowShowsAtStartUnlessAnAgentOrHiddenAfterShreddingW
         }
         mApp.reset();
     }
-}
-
-TEST_F(MainWindowTest, TheWindowsFrameIsKeptUnderItsAutosaveName)
-{
-    app();
-    window().resize(window().width() + 120, window().height() + 40);
-    const QSize size = window().size();
-    // Stored once the resizing settles.
-    EXPECT_TRUE(QTest::qWaitFor([&] { return saved(u"NSWindow Frame My Window"_s).isValid(); }, 3000));
-
-    mApp.reset();
-    EXPECT_EQ(window().size(), size);
 }

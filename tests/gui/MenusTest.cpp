@@ -4,7 +4,6 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
-#include <QProgressBar>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
@@ -24,16 +23,20 @@ protected:
 
 } // namespace
 
-TEST_F(MenusTest, QuitWithTheWatchOffAndTheSystemsOwnQuitRequestSkipTheSheet)
+TEST_F(MenusTest, QuitWithTheWatchOffAndTheSystemsOwnQuitRequestSkipTheSheetAndTheWindowsFrameIsKept)
 {
     storedDefaults().setBool(false, PreferenceKey::Tarnhold);
+    window().resize(window().width() + 120, window().height() + 40);
+    const QSize size = window().size();
+    // Stored under its autosave name once the resizing settles.
+    EXPECT_TRUE(QTest::qWaitFor([&] { return saved(u"NSWindow Frame My Window"_s).isValid(); }, 3000));
     app().menus().quit()->trigger();
     EXPECT_EQ(exits, 1);
     EXPECT_EQ(openAlert(u"Quit"_s, 200), nullptr);
 
     mApp.reset();
     set(PreferenceKey::Tarnhold, true);
-    app();
+    EXPECT_EQ(window().size(), size);
     QEvent quit(QEvent::Quit);
     QCoreApplication::sendEvent(qApp, &quit);
     EXPECT_EQ(exits, 2);
@@ -71,27 +74,7 @@ TEST_F(MenusTest, TheQuitSheetCancelsOnCancelAndEscapeHidesOnReturnAndQuitsOnQui
     EXPECT_EQ(exits, 1);
 }
 
-TEST_F(MenusTest, QuittingWhileARunErasesWaitsForItsEnd)
-{
-    home.write(u"Library/Caches/Safari/cache.db"_s, QByteArray(3 << 20, 'c'));
-    storedDefaults().setBool(false, PreferenceKey::Tarnhold);
-    storedDefaults().setBool(false, PreferenceKey::ConfirmShredding);
-    storedDefaults().setInteger(2, PreferenceKey::NumberOfWrites);
-    int exitsWhileErasing = -1;
-    auto* bar = window().findChild<QProgressBar*>();
-    QObject::connect(bar, &QProgressBar::valueChanged, bar, [&](int value) {
-        if (value > 0 && exitsWhileErasing < 0) {
-            app().menus().quit()->trigger();
-            exitsWhileErasing = exits;
-        }
-    });
-    ASSERT_TRUE(waitForRun([&] { app().menus().shredAndNothing()->trigger(); }));
-    EXPECT_EQ(exitsWhileErasing, 0);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return exits == 1; }, 3000));
-    EXPECT_FALSE(QFileInfo::exists(home.file(u"Library/Caches/Safari"_s)));
-}
-
-TEST_F(MenusTest, TheTrayMenuShredsAndEndsTheSessionAndShowsOrHidesTheWindow)
+TEST_F(MenusTest, TheTrayMenuShredsAndEndsTheSessionUnlessTheQuitBrowsersAlertIsCancelledAndShowsOrHidesTheWindow)
 {
     storedDefaults().setBool(false, PreferenceKey::ConfirmShredding);
     storedDefaults().setBool(true, PreferenceKey::ActivityLog);
@@ -106,30 +89,14 @@ TEST_F(MenusTest, TheTrayMenuShredsAndEndsTheSessionAndShowsOrHidesTheWindow)
     EXPECT_EQ(quitter.quitRequests, 1);
     EXPECT_EQ(sessionEnd.events, QStringList{u"rest"_s});
     EXPECT_TRUE(logLines().contains(u"User selected Restart"_s));
-
     ASSERT_TRUE(waitForRun([&] { dockAction(u"Shred and Log Out"_s)->trigger(); }));
     ASSERT_TRUE(waitForRun([&] { dockAction(u"Shred and Shut Down"_s)->trigger(); }));
-    EXPECT_EQ(sessionEnd.events, (QStringList{u"rest"_s, u"rlgo"_s, u"shut"_s}));
-
     // A plain shred after them ends no session.
     ASSERT_TRUE(waitForRun([&] { dockAction(u"Shred"_s)->trigger(); }));
-    EXPECT_EQ(sessionEnd.events.size(), 3);
     EXPECT_EQ(quitter.quitRequests, 3);
 
-    ASSERT_TRUE(window().isVisible());
-    emit app().menus().dockMenu()->aboutToShow();
-    dockAction(u"Hide Vantle X"_s)->trigger();
-    EXPECT_FALSE(window().isVisible());
-    emit app().menus().dockMenu()->aboutToShow();
-    dockAction(u"Show Vantle X"_s)->trigger();
-    EXPECT_TRUE(window().isVisible());
-}
-
-TEST_F(MenusTest, CancelInTheQuitBrowsersAlertEndsTheRunWithoutEndingTheSession)
-{
+    // Applications that stay: Cancel ends the run and no session, OK goes on without them.
     home.write(u"Library/Caches/Safari/cache.db"_s, "cached");
-    storedDefaults().setBool(false, PreferenceKey::ConfirmShredding);
-    storedDefaults().setBool(true, PreferenceKey::ActivityLog);
     quitter.running = 2;
     QString message;
     onAlert(u"Vantle Quit Browsers"_s, [&](QMessageBox* alert) {
@@ -140,15 +107,20 @@ TEST_F(MenusTest, CancelInTheQuitBrowsersAlertEndsTheRunWithoutEndingTheSession)
     ASSERT_TRUE(waitForRun([&] { app().menus().shredAndShutdown()->trigger(); }));
     EXPECT_EQ(message, u"2 Email or Browser Applications did not quit.  Please quit them and click OK to continue.  If "
                        u"you continue without quitting those applicaitons some items will not be shredded."_s);
-    EXPECT_TRUE(sessionEnd.events.isEmpty());
     EXPECT_TRUE(logLines().contains(u"User selected Cancel in Quit Browsers dialog - Vantle Cancelled"_s));
     EXPECT_EQ(home.read(u"Library/Caches/Safari/cache.db"_s), "cached");
-
-    // OK goes on without the applications that stayed.
     onAlert(u"Vantle Quit Browsers"_s,
             [](QMessageBox* alert) { QTest::mouseClick(buttonOf(alert, u"OK"_s), Qt::LeftButton); });
     ASSERT_TRUE(waitForRun([&] { app().menus().shredAndShutdown()->trigger(); }));
-    EXPECT_EQ(sessionEnd.events, QStringList{u"shut"_s});
+    EXPECT_EQ(sessionEnd.events, (QStringList{u"rest"_s, u"rlgo"_s, u"shut"_s, u"shut"_s}));
+
+    ASSERT_TRUE(window().isVisible());
+    emit app().menus().dockMenu()->aboutToShow();
+    dockAction(u"Hide Vantle X"_s)->trigger();
+    EXPECT_FALSE(window().isVisible());
+    emit app().menus().dockMenu()->aboutToShow();
+    dockAction(u"Show Vantle X"_s)->trigger();
+    EXPECT_TRUE(window().isVisible());
 }
 
 TEST_F(MenusTest, HelpOpensSupportMailTheQuestionsAndTheDownloadsAboutShowsTheVersionSettingsTheWindow)

@@ -61,7 +61,7 @@ TEST_F(SettingsWindowTest, EachCheckBoxWritesItsSettingAtOnceAndOnlyWhileItDiffe
     EXPECT_TRUE(box(u"Erasing"_s, u"KeepSafariTopSites"_s)->text().contains(u"Top Sites"_s));
 }
 
-TEST_F(SettingsWindowTest, ThePopUpsNeverOfferTheSeparatorAndStoreOnlyTheirOwnChosenIndex)
+TEST_F(SettingsWindowTest, ThePopUpsNeverOfferTheSeparatorAndStoreOnlyTheirOwnChosenIndexUntilFactorySettings)
 {
     // The separator, and one past the last of the pattern menu's 7 items, show the factory choice.
     storedDefaults().setInteger(1, PreferenceKey::NumberOfWrites);
@@ -95,10 +95,8 @@ TEST_F(SettingsWindowTest, ThePopUpsNeverOfferTheSeparatorAndStoreOnlyTheirOwnCh
     EXPECT_EQ(pattern->currentText(), u"Ones (0xFF)"_s);
     EXPECT_EQ(saved(u"OverwritePattern"_s), QVariant(qint64(4)));
     EXPECT_EQ(Preferences::objectForKey(u"OverwritePattern"_s), QVariant(qint64(4)));
-}
 
-TEST_F(SettingsWindowTest, FactorySettingsPutsTheControlsBackAndTheNextChangeStoresThem)
-{
+    // Factory settings put the controls back; the next change stores them.
     toggle(box(u"Erasing"_s, u"ShredHistory"_s));
     toggle(box(u"General"_s, u"ConfirmShredding"_s));
     ASSERT_TRUE(saved(u"ShredHistory"_s).isValid());
