@@ -101,9 +101,8 @@ protected:
 
     static QString cookieRows(const QString& host)
     {
-        return u"INSERT INTO cookies VALUES (1, '.%1', '', 'c', '', x'76313000', '/', 0, 1, 0, 0, 0, 1, 1, 0, 2, 443, "
-               u"0,"
-               " 0, 0);"_s.arg(host);
+        return u"INSERT INTO cookies VALUES (1, '.%1', '', 'c', '', x'76313000', '/', 0, 1, 0, 0, 0, 1, 1, 0, 2, 443,"
+               " 0, 0, 0);"_s.arg(host);
     }
 
     QString profile() const { return home.file(kDefault); }

@@ -1,10 +1,9 @@
 // Today's Chromium-based browsers on a Linux and a macOS home: the profiles
 // Local State lists, and the walk's rules for every current browser (profiles
-// in use or not selected, applications without profiles). What a profile's
-// files become is ChromiumProfileItems' own matter.
+// in use or not selected, files they share, applications without profiles).
+// What a profile's files become is ChromiumProfileItems' own matter.
 #include "cleaners/current/CurrentChromium.h"
 #include "cleaners/CleanerFixture.h"
-#include "cleaners/current/CurrentProfileWalk.h"
 #include "settings/ChromiumProfileList.h"
 #include "settings/ProfilesManager.h"
 
@@ -92,7 +91,7 @@ TEST_F(CurrentChromiumTest, LocalStateListsTheProfilesOfEachLocationOnce)
     EXPECT_TRUE(ChromiumProfileList::current(WatchedApp::brave).isEmpty());
 }
 
-TEST_F(CurrentChromiumTest, TheWalkPassesOverProfilesInUseOrNotSelected)
+TEST_F(CurrentChromiumTest, TheWalkPassesOverProfilesInUseOrNotSelectedAndTakesWhatTheyShareOnce)
 {
     const QString chrome = home.file(u".config/google-chrome"_s);
     const QString chromium = home.file(u".config/chromium"_s);
@@ -100,10 +99,14 @@ TEST_F(CurrentChromiumTest, TheWalkPassesOverProfilesInUseOrNotSelected)
     const QString opera = home.file(u".config/opera"_s);
     writeLocalState(u".config/google-chrome"_s, {u"Default"_s});
     writeLocalState(u".config/chromium"_s, {u"Default"_s, u"Profile 2"_s});
-    writeLocalState(u"Library/Application Support/BraveSoftware/Brave-Browser"_s, {u"Default"_s});
+    writeLocalState(u"Library/Application Support/BraveSoftware/Brave-Browser"_s, {u"Default"_s, u"Profile 1"_s});
     for (const QString& folder :
-         {chrome + u"/Default"_s, chromium + u"/Default"_s, chromium + u"/Profile 2"_s, brave + u"/Default"_s})
+         {chrome + u"/Default"_s, chromium + u"/Profile 2"_s, brave + u"/Default"_s, brave + u"/Profile 1"_s})
         QDir().mkpath(folder);
+    // Shared by the profiles of a user-data folder.
+    for (const QString& userData : {chrome, chromium, brave})
+        home.write(userData + u"/segmentation_platform/ukm_db"_s, "metrics");
+    home.write(chromium + u"/Default/Sessions/Session_1"_s, "tabs");
     home.write(u".config/opera/History"_s, "history");
     // Google Chrome still runs (this process); Chromium's lock outlived its process.
     lock(u".config/google-chrome"_s, ::getpid());
@@ -131,6 +134,8 @@ TEST_F(CurrentChromiumTest, TheWalkPassesOverProfilesInUseOrNotSelected)
         u"Brave"_s,
         brave + u"/Default"_s,
         QString(),
+        brave + u"/Profile 1"_s,
+        QString(),
         QString(),
         u"Opera (current versions)"_s,
         u"Skip: %1 (in use: opera is running)"_s.arg(opera),
@@ -142,34 +147,12 @@ TEST_F(CurrentChromiumTest, TheWalkPassesOverProfilesInUseOrNotSelected)
                       cleaner.run(application);
               }),
               expected);
+    // A shared file goes once, after the profiles, when one of them was erased.
+    EXPECT_EQ(paths, (QStringList{chromium + u"/Default/Sessions"_s, chromium + u"/segmentation_platform/ukm_db"_s,
+                                  brave + u"/segmentation_platform/ukm_db"_s}));
 
     disable(u"Chrome"_s);
     EXPECT_EQ(
         walkLines([&] { CurrentChromium(context, defaults, procRoot).run(WatchedApp::chrome); }),
         (QStringList{u"Chrome (current versions)"_s, u"Not enabled - check preferences to enable."_s, QString()}));
-}
-
-TEST_F(CurrentChromiumTest, AFolderSharedByProfilesIsErasedOnceAfterThemWhenOneOfThemWas)
-{
-    const QString kept = home.file(u"kept"_s);
-    const QString shared = home.file(u"shared"_s);
-    select(u"shared"_s, {u"a"_s, u"b"_s});
-    const auto profile = [&](const QString& folder, qint64 holder) {
-        return WalkedProfile{folder, [holder] { return holder; }, [&, folder] { context.log(u"work "_s + folder); }};
-    };
-    const auto sharedWork = [&](const QString& folder) { return [&, folder] { context.log(u"shared "_s + folder); }; };
-    const QList<ProfileGroup> groups{
-        {{profile(kept + u"/a"_s, 0)}, sharedWork(kept)},
-        {{profile(shared + u"/a"_s, 0), profile(shared + u"/b"_s, ::getpid())}, sharedWork(shared)},
-    };
-    EXPECT_EQ(
-        run([&] {
-            walkProfileGroups(context, defaults, {WatchedApp::chrome, u"Chrome"_s, u"Header"_s}, procRoot, groups);
-            walkProfileGroups(context, defaults, {WatchedApp::chrome, u"Chrome"_s, u"Nothing"_s}, procRoot,
-                              {{{}, sharedWork(kept)}});
-        }),
-        (QStringList{u"Header"_s, u"Skip: %1/a (not selected in the Profiles menu)"_s.arg(kept), shared + u"/a"_s,
-                     u"work %1/a"_s.arg(shared), QString(),
-                     u"Skip: %1/b (in use: its lock is held by process %2)"_s.arg(shared).arg(::getpid()),
-                     u"shared "_s + shared, QString()}));
 }

@@ -59,6 +59,8 @@ TEST_F(CurrentMozillaTest, ProfilesIniListsEveryProfileKeptInsideItsFolder)
                                          {absolute, absolute}};
     EXPECT_EQ(ProfileList::current(WatchedApp::firefox), expected);
     EXPECT_TRUE(ProfileList::current(WatchedApp::thunderbird).isEmpty());
+    // An application without profiles writes nothing.
+    EXPECT_EQ(run([&] { CurrentThunderbird(context, defaults, procRoot).run(); }), QStringList());
     EXPECT_TRUE(ProfileList::listed(home.file(u".mozilla"_s), cache).isEmpty());
 }
 
@@ -100,32 +102,23 @@ TEST_F(CurrentMozillaTest, EachSettingTakesItsFilesOfTheProfilesNotInUse)
     html5.setEnabled();
     setAllKeys(true);
 
-    const QString imap = thunderbird + u"/ImapMail/imap.example.com/Trash"_s;
+    const QString imap = thunderbird + u"/ImapMail/imap.example.com/"_s;
     const QString local = thunderbird + u"/Mail/Local Folders/"_s;
-    const QStringList erased{cache + u"/cache2"_s,
-                             firefox + u"/sessionstore.jsonlz4"_s,
-                             firefox + u"/sessionstore-backups"_s,
-                             firefox + u"/logins.json"_s,
-                             firefox + u"/storage/default/https+++www.example.com"_s,
-                             local + u"Trash"_s,
-                             local + u"Trash.msf"_s,
-                             local + u"Junk"_s,
-                             imap + u"/cur/1.eml"_s,
-                             imap + u"/new/2.eml"_s,
-                             thunderbird + u"/ImapMail/imap.example.com/[Gmail].sbd/Spam"_s,
-                             home.file(u".cache/thunderbird/tb.default-default/cache2"_s)};
-    QStringList expected{u"Firefox (current versions)"_s, firefox};
-    for (const QString& path : erased.mid(0, 5))
-        expected.append(u"Shred: "_s + path);
-    expected << QString() << inUse << QString() << u"Thunderbird (current versions)"_s << thunderbird;
-    for (const QString& path : erased.mid(5))
-        expected.append(u"Shred: "_s + path);
-    expected << QString() << QString();
-    EXPECT_EQ(clean(), expected);
+    const QStringList erased = QStringList{cache + u"/cache2"_s} +
+                               lines(firefox, u"/"_s,
+                                     {u"sessionstore.jsonlz4"_s, u"sessionstore-backups"_s, u"logins.json"_s,
+                                      u"storage/default/https+++www.example.com"_s}) +
+                               lines(local, {}, {u"Trash"_s, u"Trash.msf"_s, u"Junk"_s}) +
+                               lines(imap, {}, {u"Trash/cur/1.eml"_s, u"Trash/new/2.eml"_s, u"[Gmail].sbd/Spam"_s}) +
+                               QStringList{home.file(u".cache/thunderbird/tb.default-default/cache2"_s)};
+    const QStringList shred = lines(u"Shred: "_s, {}, erased);
+    EXPECT_EQ(clean(),
+              QStringList({u"Firefox (current versions)"_s, firefox}) + shred.mid(0, 5) +
+                  QStringList({QString(), inUse, QString(), u"Thunderbird (current versions)"_s, thunderbird}) +
+                  shred.mid(5) + QStringList({QString(), QString()}));
     EXPECT_EQ(paths, erased);
     // The junk mailboxes come back empty.
-    EXPECT_EQ(touches,
-              (QStringList{local + u"Junk"_s, thunderbird + u"/ImapMail/imap.example.com/[Gmail].sbd/Spam"_s}));
+    EXPECT_EQ(touches, (QStringList{local + u"Junk"_s, imap + u"[Gmail].sbd/Spam"_s}));
 
     // Settings off, or the applications running: nothing is queued.
     queue.takePaths();

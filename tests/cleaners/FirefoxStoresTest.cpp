@@ -137,9 +137,11 @@ TEST_F(FirefoxStoresTest, PlacesKeepBookmarksAndKeywordsWhileHistoryAndDownloads
               QStringList());
 }
 
-TEST_F(FirefoxStoresTest, FaviconsLoseTheIconsOfPagesThatAreGone)
+TEST_F(FirefoxStoresTest, FaviconsCookiesAndWebStorageKeepOnlyWhatKeptPagesAndSitesNeedOrGoWhole)
 {
     setKey(PreferenceKey::shredSafariFavicon, true);
+    setKey(PreferenceKey::ShredCookies, true);
+    html5->setEnabled();
     const QString places = makeStore(u"places.sqlite"_s, u"firefox153-places.sql"_s,
                                      u"INSERT INTO moz_places (id, url) VALUES (1, 'https://kept.example/');"_s);
     const QString favicons = makeStore(
@@ -149,26 +151,6 @@ TEST_F(FirefoxStoresTest, FaviconsLoseTheIconsOfPagesThatAreGone)
         " (1, 'https://kept.example/icon.png', 1, 0, x'00ff'), (2, 'https://gone.example/icon.png', 2, 0, x'00ff'),"
         " (3, 'https://kept.example/favicon.ico', 3, 1, x'00ff'), (4, 'https://gone.example/favicon.ico', 4, 1, x'00');"
         "INSERT INTO moz_icons_to_pages (page_id, icon_id) VALUES (1, 1), (2, 2);"_s);
-
-    expectDryRunChangesNothing(profile, u"Shred: "_s + favicons, cleaner);
-    EXPECT_EQ(clean(), QStringList({u"Skip: "_s + places, u"Shred: "_s + favicons}));
-
-    EXPECT_EQ(rows(favicons, u"SELECT id FROM moz_pages_w_icons"_s), QStringList{u"1"_s});
-    // The root icon of a kept page's site stays with the page's own.
-    EXPECT_EQ(rows(favicons, u"SELECT id, hex(data) FROM moz_icons ORDER BY id"_s),
-              QStringList({u"1|00FF"_s, u"3|00FF"_s}));
-    EXPECT_EQ(rows(favicons, u"SELECT page_id, icon_id FROM moz_icons_to_pages"_s), QStringList{u"1|1"_s});
-    EXPECT_EQ(rows(favicons, u"PRAGMA integrity_check"_s), QStringList{u"ok"_s});
-    EXPECT_EQ(holding("gone.example"), QStringList());
-
-    expectUnknownShapeLeftAlone(favicons, u"ALTER TABLE moz_pages_w_icons RENAME COLUMN page_url TO address"_s,
-                                cleaner);
-}
-
-TEST_F(FirefoxStoresTest, CookiesAndWebStorageKeepOnlyKeptSitesOrGoWhole)
-{
-    setKey(PreferenceKey::ShredCookies, true);
-    html5->setEnabled();
     const QString cookies = makeStore(
         u"cookies.sqlite"_s, u"firefox153-cookies.sql"_s,
         u"INSERT INTO moz_cookies (id, name, value, host, path) VALUES (1, 'a', 'kept', '.kept.example', '/'),"
@@ -179,22 +161,33 @@ TEST_F(FirefoxStoresTest, CookiesAndWebStorageKeepOnlyKeptSitesOrGoWhole)
                   u"INSERT INTO webappsstore2 VALUES ('', 'elpmaxe.tpek.:https:443', '', 'k', 'kept'),"
                   " ('', 'elpmaxe.detisiv.:https:443', '', 'k', 'gone');"_s);
 
-    expectDryRunChangesNothing(profile, u"Shred: "_s + store, cleaner);
-    EXPECT_EQ(clean(), QStringList({u"Shred: "_s + cookies, u"Shred: "_s + store}));
+    expectDryRunChangesNothing(profile, u"Shred: "_s + favicons, cleaner);
+    EXPECT_EQ(clean(), QStringList({u"Skip: "_s + places, u"Shred: "_s + favicons, u"Shred: "_s + cookies,
+                                    u"Shred: "_s + store}));
 
+    EXPECT_EQ(rows(favicons, u"SELECT id FROM moz_pages_w_icons"_s), QStringList{u"1"_s});
+    // The root icon of a kept page's site stays with the page's own.
+    EXPECT_EQ(rows(favicons, u"SELECT id, hex(data) FROM moz_icons ORDER BY id"_s),
+              QStringList({u"1|00FF"_s, u"3|00FF"_s}));
+    EXPECT_EQ(rows(favicons, u"SELECT page_id, icon_id FROM moz_icons_to_pages"_s), QStringList{u"1|1"_s});
     EXPECT_EQ(rows(cookies, u"SELECT id FROM moz_cookies ORDER BY id"_s), QStringList({u"1"_s, u"3"_s}));
-    EXPECT_EQ(rows(cookies, u"PRAGMA integrity_check"_s), QStringList{u"ok"_s});
     EXPECT_EQ(rows(store, u"SELECT value FROM webappsstore2"_s), QStringList{u"kept"_s});
-    EXPECT_EQ(holding("visited.example") + holding("elpmaxe.detisiv"), QStringList());
+    EXPECT_EQ(rows(favicons, u"PRAGMA integrity_check"_s) + rows(cookies, u"PRAGMA integrity_check"_s),
+              QStringList({u"ok"_s, u"ok"_s}));
+    EXPECT_EQ(holding("gone.example") + holding("visited.example") + holding("elpmaxe.detisiv"), QStringList());
+    expectUnknownShapeLeftAlone(favicons, u"ALTER TABLE moz_pages_w_icons RENAME COLUMN page_url TO address"_s,
+                                cleaner);
     expectUnknownShapeLeftAlone(store, u"ALTER TABLE webappsstore2 RENAME COLUMN originKey TO origin"_s, cleaner);
     expectUnknownShapeLeftAlone(cookies, u"ALTER TABLE moz_cookies RENAME COLUMN host TO site"_s, cleaner);
 
     // With no kept site's cookie in it, the file goes whole, as it is.
     TestDatabase(cookies).exec(u"ALTER TABLE moz_cookies RENAME COLUMN site TO host"_s);
+    setKey(PreferenceKey::shredSafariFavicon, false);
     html5->deleteDomain(0);
     html5->setEnabled();
     const QByteArray before = home.read(cookies);
-    EXPECT_EQ(clean(), QStringList({u"Shred: "_s + cookies, u"Skip: "_s + store}));
+    EXPECT_EQ(clean(),
+              QStringList({u"Skip: "_s + places, u"Skip: "_s + favicons, u"Shred: "_s + cookies, u"Skip: "_s + store}));
     EXPECT_EQ(paths.last(), cookies);
     EXPECT_EQ(home.read(cookies), before);
 }
@@ -202,14 +195,12 @@ TEST_F(FirefoxStoresTest, CookiesAndWebStorageKeepOnlyKeptSitesOrGoWhole)
 TEST_F(FirefoxStoresTest, ThunderbirdIndexGoesWholeOnlyWhenItHoldsAnErasedMessage)
 {
     const QString index = profile + u"/global-messages-db.sqlite"_s;
+    // The tables and columns of Thunderbird's index that say where a message is.
     TestDatabase(index).exec(
-        u"CREATE TABLE folderLocations (id INTEGER PRIMARY KEY, folderURI TEXT NOT NULL, dirtyStatus INTEGER NOT NULL,"
-        " name TEXT NOT NULL, indexingPriority INTEGER NOT NULL);"
-        "CREATE TABLE messages (id INTEGER PRIMARY KEY, folderID INTEGER, messageKey INTEGER,"
-        " conversationID INTEGER NOT NULL, date INTEGER, headerMessageID TEXT, deleted INTEGER NOT NULL default 0,"
-        " jsonAttributes TEXT, notability INTEGER NOT NULL default 0);"
-        "INSERT INTO folderLocations VALUES (1, 'mailbox://nobody@Local%20Folders/Inbox', 0, 'Inbox', 0),"
-        " (2, 'imap://me@mail.example/%5BGmail%5D/Trash', 0, 'Trash', 0);"
+        u"CREATE TABLE folderLocations (id INTEGER PRIMARY KEY, folderURI TEXT NOT NULL);"
+        "CREATE TABLE messages (id INTEGER PRIMARY KEY, folderID INTEGER, conversationID INTEGER NOT NULL);"
+        "INSERT INTO folderLocations VALUES (1, 'mailbox://nobody@Local%20Folders/Inbox'),"
+        " (2, 'imap://me@mail.example/%5BGmail%5D/Trash');"
         "INSERT INTO messages (folderID, conversationID) VALUES (1, 1);"_s);
     const auto clean = [&](bool erased) { return run([&] { cleanThunderbirdIndex(context, profile, erased); }); };
 
