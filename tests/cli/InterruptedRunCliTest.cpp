@@ -82,15 +82,14 @@ protected:
                      {u"keep"_s, u"on"_s}});
     }
 
-    // What the user keeps is whole, whatever moment the run was stopped at.
-    void expectKeptFilesWhole()
+    // What the user keeps is whole, whatever moment the run was stopped at, and
+    // nothing outside the path list is gone or changed.
+    void expectHomeSound(const HomeSnapshot& before, const QueuedPaths& queued)
     {
-        {
-            TestDatabase db(home.file(kProfile + u"places.sqlite"_s));
-            EXPECT_EQ(db.value(u"PRAGMA integrity_check"_s), u"ok"_s);
-            EXPECT_EQ(db.value(u"select count(*) from moz_places p, moz_bookmarks b where p.id = b.fk"_s),
-                      QString::number(kBookmarks));
-        }
+        TestDatabase db(home.file(kProfile + u"places.sqlite"_s));
+        EXPECT_EQ(db.value(u"PRAGMA integrity_check"_s), u"ok"_s);
+        EXPECT_EQ(db.value(u"select count(*) from moz_places p, moz_bookmarks b where p.id = b.fk"_s),
+                  QString::number(kBookmarks));
         const auto settings = nlohmann::ordered_json::parse(home.read(kLocalState).toStdString(), nullptr, false);
         EXPECT_TRUE(settings.is_object() &&
                     settings.value("browser", nlohmann::ordered_json()).dump() == R"({"last_known_version":"30.0"})" &&
@@ -99,11 +98,6 @@ protected:
         EXPECT_EQ(home.read(u"Library/Safari/LocalStorage/http_www.kept.org_0.localstorage"_s), "kept storage");
         TestDatabase tracker(home.file(kTracker));
         EXPECT_EQ(tracker.value(u"select count(*) from Origins where origin = 'http_www.kept.org_0'"_s), u"1"_s);
-    }
-
-    // Nothing outside the path list is gone or changed.
-    void expectNothingElseTouched(const HomeSnapshot& before, const QueuedPaths& queued)
-    {
         EXPECT_EQ(before.goneOutside(queued), QStringList());
         EXPECT_EQ(before.changedOutside(queued, kRewritten), QStringList());
     }
@@ -145,21 +139,6 @@ protected:
             }
         }
         return timer.elapsed();
-    }
-
-    // How long a whole run takes and when each aimed-at phase is under way.
-    qint64 watchWholeRun(std::array<Window, kTargetedPhases>& windows) const
-    {
-        return watchedRun([&](qint64 now) {
-            const std::array<bool, kTargetedPhases> active = activePhases();
-            for (std::size_t phase = 0; phase < active.size(); ++phase) {
-                if (active[phase]) {
-                    windows[phase].start = windows[phase].start < 0 ? now : windows[phase].start;
-                    windows[phase].end = now;
-                }
-            }
-            return false;
-        });
     }
 
     // Kills a run once the phase has been under way for the given time, however
@@ -204,7 +183,17 @@ TEST_F(InterruptedRunCliTest, NothingKeptIsDamagedNothingElseIsGoneAndTheNextRun
     };
     // When each phase is under way in a whole run.
     std::array<Window, kTargetedPhases> windows;
-    ASSERT_GT(watchWholeRun(windows), 0);
+    const qint64 wholeRun = watchedRun([&](qint64 now) {
+        const std::array<bool, kTargetedPhases> active = activePhases();
+        for (std::size_t phase = 0; phase < active.size(); ++phase) {
+            if (active[phase]) {
+                windows[phase].start = windows[phase].start < 0 ? now : windows[phase].start;
+                windows[phase].end = now;
+            }
+        }
+        return false;
+    });
+    ASSERT_GT(wholeRun, 0);
 
     int killed = 0;
     for (int run = 0; run < runs; ++run) {
@@ -224,16 +213,14 @@ TEST_F(InterruptedRunCliTest, NothingKeptIsDamagedNothingElseIsGoneAndTheNextRun
 
         QueuedPaths queued = dryRun;
         queued.addLog(home.read(kLog), home.path());
-        expectKeptFilesWhole();
-        expectNothingElseTouched(before, queued);
+        expectHomeSound(before, queued);
 
         const CliRun next = cli({u"shred"_s, u"--yes"_s, u"--quiet"_s});
         EXPECT_EQ(next.exitCode, 0) << qPrintable(next.err);
         const QByteArray log = home.read(kLog);
         EXPECT_TRUE(log.endsWith(" Vantle Completed Successfully\n"));
         queued.addLog(log, home.path());
-        expectKeptFilesWhole();
-        expectNothingElseTouched(before, queued);
+        expectHomeSound(before, queued);
 
         // The next run finished the work.
         EXPECT_EQ(workFiles(home.path()), QStringList());

@@ -112,13 +112,11 @@ TEST_F(ShredCliTest, OnATerminalCtrlCStopsAfterTheCurrentItemAndTheProgressLineN
     int device = -1;
     ASSERT_EQ(::openpty(&terminal, &device, nullptr, nullptr, nullptr), 0);
     QProcess process;
-    process.setProgram(QStringLiteral(VANTLE_CLI_PATH));
-    process.setArguments({u"--home"_s, home.path(), u"shred"_s, u"--yes"_s});
     process.setChildProcessModifier([device] {
         ::dup2(device, STDOUT_FILENO);
         ::dup2(device, STDERR_FILENO);
     });
-    process.start();
+    process.start(QStringLiteral(VANTLE_CLI_PATH), {u"--home"_s, home.path(), u"shred"_s, u"--yes"_s});
     ASSERT_TRUE(process.waitForStarted());
     ::close(device);
 

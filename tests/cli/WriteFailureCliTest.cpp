@@ -51,12 +51,7 @@ protected:
         prepareRuns({{u"prefs"_s, u"set"_s, u"ShredHistory"_s, u"YES"_s},
                      {u"prefs"_s, u"set"_s, u"shredSafariFavicon"_s, u"YES"_s}});
         home.write(u"Documents/thesis.txt"_s, "mine");
-    }
-
-    void makePlaces(int places, int firstBookmarked)
-    {
         QDir().mkpath(home.file(kProfile));
-        ::makePlaces(home.file(kProfile + u"places.sqlite"_s), places, firstBookmarked, 200);
     }
 
     // A mode for the run; folders get theirs back at the end, so that the home can go.
@@ -142,7 +137,7 @@ bool hasLine(const QByteArray& log, const QByteArray& message)
 TEST_F(WriteFailureCliTest, AFullDiskLeavesEveryRewriteUndoneAndSaysSo)
 {
     // Every place bookmarked: the rebuilt database is as large as the old one.
-    makePlaces(4000, 1);
+    makePlaces(home.file(kProfile + u"places.sqlite"_s), 4000, 1, 200);
     home.write(kPreferences, settingsWithHosts("dns_prefetching", 40000));
     home.write(kCache + u"data_0"_s, QByteArray(1 << 20, 'c'));
     const QByteArray preferences = home.read(kPreferences);
@@ -166,7 +161,7 @@ TEST_F(WriteFailureCliTest, AFullDiskLeavesEveryRewriteUndoneAndSaysSo)
 TEST_F(WriteFailureCliTest, ReadOnlyFoldersAndFilesAreLeftWithTheReasonAndTheRunCompletes)
 {
     // A profile folder nothing may be added to or removed from.
-    makePlaces(2000, 1995);
+    makePlaces(home.file(kProfile + u"places.sqlite"_s), 2000, 1995, 200);
     home.write(kProfile + u"sessionstore.js"_s, "the last session");
     const QByteArray placesBytes = home.read(kProfile + u"places.sqlite"_s);
     setMode(kProfile, 0555);
